@@ -1,0 +1,84 @@
+#include "CommandLine.h"
+
+#include "DemoCommand.h"
+#include "DumpCommand.h"
+#include "ExtractCommand.h"
+#include "InfoCommand.h"
+#include "InsertCommand.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+CommandLine::CommandLine()
+    : m_out(stdout)
+    , m_err(stderr)
+{
+}
+
+QString CommandLine::usage()
+{
+    return QStringLiteral(
+        "Usage: brindle-cli COMMAND ...\n"
+        "\n"
+        "Commands:\n"
+        "  info LEVEL [--json]                  game version and every table position of a level\n"
+        "  extract LEVEL --bitmap BMP -o LIST   a new texture list made from a level\n"
+        "  dump LIST [--json]                   a list's header, positions and the rows of its six views\n"
+        "  insert LEVEL LIST [-o OUT]           the level with the list's tables (OUT defaults to\n"
+        "                                       templevel.tr2 beside LEVEL)\n"
+        "  demo DIR                             writes a synthetic demo level, bitmap and list into DIR\n"
+        "\n"
+        "Options:\n"
+        "  --help       show this help\n"
+        "  --version    show the version\n"
+        "\n"
+        "Exit status: 0 done, 1 wrong usage, 2 an input could not be read,\n"
+        "3 the list's version differs from the level's (nothing written).\n");
+}
+
+int CommandLine::fail(Exit status, const QString& file, const QString& cause)
+{
+    m_err << "brindle-cli: " << file << ": " << cause << Qt::endl;
+    return status;
+}
+
+int CommandLine::usageError(const QString& message)
+{
+    m_err << "brindle-cli: " << message << Qt::endl
+          << "Try 'brindle-cli --help'." << Qt::endl;
+    return WrongUsage;
+}
+
+int CommandLine::run(const QStringList& arguments)
+{
+    const QStringList args = arguments.mid(1);
+    if (args.isEmpty())
+        return usageError(QStringLiteral("no command given"));
+    const QString command = args.first();
+    const QStringList rest = args.mid(1);
+
+    if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
+        m_out << usage();
+        return Done;
+    }
+    if (command == QLatin1String("--version")) {
+        m_out << "brindle-cli " << QCoreApplication::applicationVersion() << Qt::endl;
+        return Done;
+    }
+    if (rest.contains(QLatin1String("--help"))) {
+        m_out << usage();
+        return Done;
+    }
+    if (command == QLatin1String("info"))
+        return InfoCommand(*this).run(rest);
+    if (command == QLatin1String("extract"))
+        return ExtractCommand(*this).run(rest);
+    if (command == QLatin1String("dump"))
+        return DumpCommand(*this).run(rest);
+    if (command == QLatin1String("insert"))
+        return InsertCommand(*this).run(rest);
+    if (command == QLatin1String("demo"))
+        return DemoCommand(*this).run(rest);
+    return usageError(QStringLiteral("unknown command '%1'").arg(command));
+}

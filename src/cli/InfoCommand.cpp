@@ -1,0 +1,78 @@
+#include "InfoCommand.h"
+
+#include "C_LevelInfo.h"
+#include "CommandArguments.h"
+#include "CommandLine.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QList>
+#include <QPair>
+
+namespace {
+
+QList<QPair<QString, qint64>> positions(const C_LevelInfo& level)
+{
+    return {
+        {QStringLiteral("OffsetObjectTexture"), level.OffsetObjectTexture()},
+        {QStringLiteral("NumberObjectTexture"), level.NumberObjectTexture()},
+        {QStringLiteral("SizeObjectTexture"), level.SizeObjectTexture()},
+        {QStringLiteral("OffsetSpriteTexture"), level.OffsetSpriteTexture()},
+        {QStringLiteral("NumberSpriteTexture"), level.NumberSpriteTexture()},
+        {QStringLiteral("SizeSpriteTexture"), level.SizeSpriteTexture()},
+        {QStringLiteral("OffsetSpriteSequence"), level.OffsetSpriteSequence()},
+        {QStringLiteral("NumberSpriteSequence"), level.NumberSpriteSequence()},
+        {QStringLiteral("SizeSpriteSequence"), level.SizeSpriteSequence()},
+        {QStringLiteral("OffsetAnimatedTexture"), level.OffsetAnimatedTexture()},
+        {QStringLiteral("NumberAnimatedTexture"), level.NumberAnimatedTexture()},
+        {QStringLiteral("SizeAnimatedTexture"), level.SizeAnimatedTexture()},
+        {QStringLiteral("OffsetCameras"), level.OffsetCameras()},
+        {QStringLiteral("OffsetItems"), level.OffsetItems()},
+    };
+}
+
+} // namespace
+
+int InfoCommand::run(const QStringList& words)
+{
+    CommandArguments args(words, {}, {QStringLiteral("--json")});
+    if (!args.expectPositionals(1, QStringLiteral("one LEVEL")))
+        return m_cli.usageError(args.error());
+
+    const QString path = args.positionals().first();
+    C_LevelInfo level;
+    level.Init(path);
+    if (!level.IsOpened())
+        return m_cli.fail(CommandLine::InputUnreadable, path, level.ErrorString());
+
+    const QString game = LevelVersion::gameName(level.Game());
+    if (args.hasFlag(QStringLiteral("--json"))) {
+        QJsonObject json;
+        json.insert(QStringLiteral("Version"), qint64(level.Version()));
+        json.insert(QStringLiteral("VersionString"), level.VersionString());
+        json.insert(QStringLiteral("TypeLevel"), level.TypeLevel());
+        for (const auto& [name, value] : positions(level))
+            json.insert(name, value);
+        json.insert(QStringLiteral("FileLength"), level.FileLength());
+        json.insert(QStringLiteral("Game"), game);
+        m_cli.out() << QJsonDocument(json).toJson(QJsonDocument::Indented);
+        return CommandLine::Done;
+    }
+
+    QTextStream& out = m_cli.out();
+    out << "Level:                 " << path << '\n'
+        << "VersionString:         " << level.VersionString() << " (" << game << ")\n"
+        << "FileLength:            " << level.FileLength() << '\n';
+    for (const auto& [name, value] : positions(level))
+        out << QStringLiteral("%1 %2").arg(name + QLatin1Char(':'), -22).arg(value) << '\n';
+    if (level.Game() == LevelVersion::Game::TR2 || level.Game() == LevelVersion::Game::TR3) {
+        if (!level.IsWalkComplete())
+            out << "Note: the walk stopped before the end of the level; later positions are 0.\n";
+    } else if (level.Game() == LevelVersion::Game::TR1) {
+        out << "Note: TR1 levels are recognised but not walked.\n";
+    } else {
+        out << "Note: unknown version; nothing was walked.\n";
+    }
+    out.flush();
+    return CommandLine::Done;
+}

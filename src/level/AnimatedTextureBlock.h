@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QList>
+#include <QtGlobal>
+
+// The animated texture block: after its 32-bit word count, word 0 holds the
+// number of ranges R; then, per range, its texture count minus one followed by
+// that many object texture indices.
+struct AnimatedTextureBlock
+{
+    using Range = QList<quint16>;
+    QList<Range> ranges;
+
+    // Reads the words that follow the count field. A block that claims more
+    // than its words hold yields the ranges and textures actually present.
+    static AnimatedTextureBlock fromWords(const quint16* words, qsizetype count);
+
+    // R, then n - 1 and the n indices of every range.
+    QList<quint16> toWords() const;
+
+    friend bool operator==(const AnimatedTextureBlock&, const AnimatedTextureBlock&) = default;
+};

@@ -1,0 +1,55 @@
+#include "LevelVersion.h"
+
+#include "m_AllBinTo.h"
+
+namespace LevelVersion {
+
+Game gameOf(const QString& versionString)
+{
+    auto is = [&](const char* literal) {
+        return versionString.compare(QLatin1String(literal), Qt::CaseInsensitive) == 0;
+    };
+    if (is(TR1String))
+        return Game::TR1;
+    if (is(TR2String))
+        return Game::TR2;
+    if (is(TR3String))
+        return Game::TR3;
+    return Game::Unknown;
+}
+
+Game gameOf(quint32 version)
+{
+    return gameOf(m_AllBinTo::ConvertToHex(version, 32, 0));
+}
+
+QString gameName(Game game)
+{
+    switch (game) {
+    case Game::TR1:
+        return QStringLiteral("TR1");
+    case Game::TR2:
+        return QStringLiteral("TR2");
+    case Game::TR3:
+        return QStringLiteral("TR3");
+    case Game::Unknown:
+        break;
+    }
+    return QStringLiteral("unknown");
+}
+
+quint32 versionForNumber(int number)
+{
+    switch (number) {
+    case 1:
+        return TR1;
+    case 2:
+        return TR2;
+    case 3:
+        return TR3;
+    default:
+        return 0;
+    }
+}
+
+} // namespace LevelVersion

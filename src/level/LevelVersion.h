@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+// The game a level belongs to is told by the 32-bit long at its offset 0,
+// shown as eight upper-case hexadecimal digits and compared without case.
+namespace LevelVersion {
+
+inline constexpr quint32 TR1 = 0x00000020;
+inline constexpr quint32 TR2 = 0x0000002D;
+inline constexpr quint32 TR3 = 0xFF180038;
+
+inline constexpr char TR1String[] = "00000020";
+inline constexpr char TR2String[] = "0000002D";
+inline constexpr char TR3String[] = "FF180038";
+
+enum class Game { Unknown, TR1, TR2, TR3 };
+
+Game gameOf(const QString& versionString);
+Game gameOf(quint32 version);
+QString gameName(Game game); // "TR1", "TR2", "TR3" or "unknown"
+
+// The version dialogs number the games 1 to 3; anything else has no long (0).
+quint32 versionForNumber(int number);
+
+} // namespace LevelVersion

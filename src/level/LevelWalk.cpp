@@ -1,0 +1,193 @@
+#include "LevelWalk.h"
+
+#include "BinaryReader.h"
+
+#include <limits>
+
+namespace {
+
+// Thrown where the format's arithmetic or a read fails; it ends the walk with
+// whatever positions were recorded before it.
+struct WalkStopped
+{
+};
+
+constexpr qint64 LongLimit = std::numeric_limits<quint32>::max();
+
+constexpr qint64 Palette8Size = 768;
+constexpr qint64 Palette16Size = 1024;
+constexpr qint64 Tile8Size = 256 * 256;
+constexpr qint64 Tile16Size = 256 * 256 * 2;
+constexpr qint64 RoomHeaderSize = 16;
+constexpr qint64 LightMapSize = 8192;
+constexpr qint64 SoundMapSize = 740;
+constexpr int ZoneSize = 20;
+
+} // namespace
+
+LevelWalk::LevelWalk(BinaryReader& reader, Game game, qint64 start)
+    : m_reader(reader)
+    , m_game(game)
+    , m_p(start)
+{
+}
+
+LevelWalk::Result LevelWalk::walk(BinaryReader& reader, Game game, qint64 start)
+{
+    LevelWalk walk(reader, game, start);
+    try {
+        walk.run();
+        walk.m_result.complete = true;
+    } catch (const WalkStopped&) {
+    }
+    return walk.m_result;
+}
+
+quint32 LevelWalk::readLong(qint64 pos)
+{
+    if (pos < 0)
+        throw WalkStopped{};
+    return m_reader.u32(pos);
+}
+
+qint16 LevelWalk::readShort(qint64 pos)
+{
+    if (pos < 0)
+        throw WalkStopped{};
+    return m_reader.i16(pos);
+}
+
+void LevelWalk::advance(qint64 delta)
+{
+    const qint64 next = m_p + delta;
+    if (next > LongLimit || next < -LongLimit)
+        throw WalkStopped{};
+    m_p = next;
+}
+
+qint64 LevelWalk::longProduct(qint64 count, qint64 recordSize)
+{
+    const qint64 product = count * recordSize; // both below 2^32: no 64-bit overflow
+    if (product > LongLimit)
+        throw WalkStopped{};
+    return product;
+}
+
+int LevelWalk::shortProduct(int a, int b)
+{
+    const int product = a * b;
+    if (product < std::numeric_limits<qint16>::min() || product > std::numeric_limits<qint16>::max())
+        throw WalkStopped{};
+    return product;
+}
+
+void LevelWalk::readLongTable(int recordSize, TablePosition& table)
+{
+    const quint32 count = readLong(m_p);
+    table.offset = m_p;
+    table.number = count;
+    table.size = longProduct(count, recordSize);
+    advance(4 + table.size);
+}
+
+void LevelWalk::skipLongTable(int recordSize)
+{
+    TablePosition unused;
+    readLongTable(recordSize, unused);
+}
+
+void LevelWalk::run()
+{
+    m_result.palette8Position = m_p;
+    advance(Palette8Size);
+    m_result.palette16Position = m_p;
+    advance(Palette16Size);
+
+    m_result.tileCountPosition = m_p;
+    const quint32 tiles = readLong(m_p);
+    m_result.tileCount = tiles;
+    m_result.tiles8Size = longProduct(tiles, Tile8Size);
+    m_result.tiles16Size = longProduct(tiles, Tile16Size);
+    advance(4 + m_result.tiles8Size + m_result.tiles16Size);
+
+    advance(4); // unused 32-bit word
+
+    m_result.roomCountPosition = m_p;
+    const qint16 rooms = readShort(m_p);
+    m_result.roomCount = rooms;
+    advance(2);
+    for (int room = 1; room <= rooms; ++room)
+        walkRoom();
+
+    skipLongTable(2);  // floor data
+    skipLongTable(2);  // mesh data
+    skipLongTable(4);  // mesh pointers
+    skipLongTable(32); // animations
+    m_result.stateChangePosition = m_p;
+    skipLongTable(6);  // state changes
+    skipLongTable(8);  // animation dispatches
+    skipLongTable(2);  // animation commands
+    skipLongTable(4);  // mesh trees
+    skipLongTable(2);  // frames
+    skipLongTable(18); // moveables
+    skipLongTable(32); // static meshes
+
+    if (m_game == Game::TR2)
+        readLongTable(20, m_result.objectTexture);
+    readLongTable(16, m_result.spriteTexture);
+    readLongTable(8, m_result.spriteSequence);
+
+    m_result.offsetCameras = m_p;
+    skipLongTable(16); // cameras
+    skipLongTable(16); // sound sources
+
+    const quint32 boxes = readLong(m_p);
+    advance(4 + longProduct(boxes, 8));
+    skipLongTable(2); // overlaps
+    advance(longProduct(boxes, ZoneSize));
+
+    readLongTable(2, m_result.animatedTexture);
+    if (m_game == Game::TR3)
+        readLongTable(20, m_result.objectTexture);
+
+    m_result.offsetItems = m_p;
+    skipLongTable(24); // items
+
+    advance(LightMapSize);
+    const qint16 cinematicFrames = readShort(m_p);
+    advance(2 + shortProduct(16, cinematicFrames));
+    const qint16 demoData = readShort(m_p);
+    advance(2 + demoData);
+    advance(SoundMapSize);
+    const qint16 soundDetails = readShort(m_p); // only the low 16 bits count
+    advance(4 + shortProduct(8, soundDetails));
+    skipLongTable(4); // sample indices
+}
+
+void LevelWalk::walkRoom()
+{
+    advance(RoomHeaderSize);
+    const quint32 dataWords = readLong(m_p);
+    advance(4 + longProduct(dataWords, 2));
+
+    const qint16 portals = readShort(m_p);
+    advance(2 + shortProduct(32, portals));
+
+    const qint16 sectorsZ = readShort(m_p);
+    const qint16 sectorsX = readShort(m_p + 2);
+    advance(4 + shortProduct(8, shortProduct(sectorsZ, sectorsX)));
+
+    readShort(m_p); // first ambient intensity, unused
+    advance(4);
+    if (m_game == Game::TR2)
+        advance(2); // light mode
+
+    const qint16 lights = readShort(m_p);
+    advance(2 + shortProduct(24, lights));
+    const qint16 staticMeshes = readShort(m_p);
+    advance(2 + shortProduct(20, staticMeshes));
+
+    advance(4); // alternate room and flags
+    if (m_game == Game::TR3)
+        advance(3); // water scheme, reverb, filler
+}
