@@ -1,8 +1,122 @@
 #include "DumpCommand.h"
 
+#include "C_ListInfo.h"
+#include "CommandArguments.h"
 #include "CommandLine.h"
+#include "ListViewSet.h"
 
-int DumpCommand::run(const QStringList&)
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QList>
+#include <QPair>
+
+namespace {
+
+QList<QPair<QString, qint64>> numbers(const C_ListInfo& list)
 {
-    return m_cli.usageError(QStringLiteral("dump is not available yet"));
+    return {
+        {QStringLiteral("Version"), list.Version()},
+        {QStringLiteral("TypeLevel"), list.TypeLevel()},
+        {QStringLiteral("Offset_EOF"), list.Offset_EOF()},
+        {QStringLiteral("OffsetObjectTexture"), list.OffsetObjectTexture()},
+        {QStringLiteral("NumberObjectTexture"), list.NumberObjectTexture()},
+        {QStringLiteral("SizeObjectTexture"), list.SizeObjectTexture()},
+        {QStringLiteral("OffsetSpriteTexture"), list.OffsetSpriteTexture()},
+        {QStringLiteral("NumberSpriteTexture"), list.NumberSpriteTexture()},
+        {QStringLiteral("SizeSpriteTexture"), list.SizeSpriteTexture()},
+        {QStringLiteral("OffsetSpriteSequence"), list.OffsetSpriteSequence()},
+        {QStringLiteral("NumberSpriteSequence"), list.NumberSpriteSequence()},
+        {QStringLiteral("SizeSpriteSequence"), list.SizeSpriteSequence()},
+        {QStringLiteral("OffsetAnimatedTexture"), list.OffsetAnimatedTexture()},
+        {QStringLiteral("NumberAnimatedTexture"), list.NumberAnimatedTexture()},
+        {QStringLiteral("SizeAnimatedTexture"), list.SizeAnimatedTexture()},
+        {QStringLiteral("OffsetConcordanceTextures"), list.OffsetConcordanceTextures()},
+        {QStringLiteral("NumberConcordanceTextures"), list.NumberConcordanceTextures()},
+        {QStringLiteral("SizeConcordanceTextures"), list.SizeConcordanceTextures()},
+    };
+}
+
+QList<QPair<QString, ListViewModel*>> namedViews(ListViewSet& views)
+{
+    return {
+        {QStringLiteral("lsvTextures"), &views.lsvTextures},
+        {QStringLiteral("lsvAnims"), &views.lsvAnims},
+        {QStringLiteral("lsvAnimDetails"), &views.lsvAnimDetails},
+        {QStringLiteral("lsvSprites"), &views.lsvSprites},
+        {QStringLiteral("lsvSequences"), &views.lsvSequences},
+        {QStringLiteral("lsvSequenceDetails"), &views.lsvSequenceDetails},
+    };
+}
+
+QJsonArray rowsAsJson(const ListViewModel& view)
+{
+    QJsonArray rows;
+    for (int i = 0; i < view.count(); ++i) {
+        const ListViewModel::Row& row = view.row(i);
+        rows.append(QJsonObject{{QStringLiteral("key"), row.key},
+                                {QStringLiteral("text"), row.text},
+                                {QStringLiteral("subItems"), QJsonArray::fromStringList(row.subItems)}});
+    }
+    return rows;
+}
+
+void writeJson(QTextStream& out, const C_ListInfo& list, ListViewSet& views)
+{
+    QJsonObject json;
+    for (const auto& [name, value] : numbers(list))
+        json.insert(name, value);
+    json.insert(QStringLiteral("VersionString"), list.VersionString());
+    json.insert(QStringLiteral("BitMapName"), list.BitMapName());
+    json.insert(QStringLiteral("LevelFileName"), list.LevelFileName());
+    QJsonObject viewsJson;
+    for (const auto& [name, view] : namedViews(views))
+        viewsJson.insert(name, rowsAsJson(*view));
+    json.insert(QStringLiteral("views"), viewsJson);
+    out << QJsonDocument(json).toJson(QJsonDocument::Indented);
+}
+
+void writeText(QTextStream& out, const C_ListInfo& list, ListViewSet& views)
+{
+    out << "VersionString:  " << list.VersionString() << '\n'
+        << "BitMapName:     " << list.BitMapName() << '\n'
+        << "LevelFileName:  " << list.LevelFileName() << '\n';
+    for (const auto& [name, value] : numbers(list))
+        out << QStringLiteral("%1 %2").arg(name + QLatin1Char(':'), -26).arg(value) << '\n';
+    for (const auto& [name, view] : namedViews(views)) {
+        out << '\n' << name << " (" << view->count() << " rows)\n";
+        out << "  key\t" << view->columns().join(QLatin1Char('\t')) << '\n';
+        for (int i = 0; i < view->count(); ++i) {
+            const ListViewModel::Row& row = view->row(i);
+            out << "  " << row.key << '\t' << row.text;
+            for (const QString& cell : row.subItems)
+                out << '\t' << cell;
+            out << '\n';
+        }
+    }
+}
+
+} // namespace
+
+int DumpCommand::run(const QStringList& words)
+{
+    CommandArguments args(words, {}, {QStringLiteral("--json")});
+    if (!args.expectPositionals(1, QStringLiteral("one LIST")))
+        return m_cli.usageError(args.error());
+
+    const QString path = args.positionals().first();
+    ListViewSet views;
+    C_ListInfo list;
+    const qint16 opened = list.Init(path, QString(), QString(), &views.lsvTextures, &views.lsvAnims,
+                                    &views.lsvAnimDetails, &views.lsvSprites, &views.lsvSequences,
+                                    &views.lsvSequenceDetails);
+    if (opened != C_ListInfo::Success || list.GetAllListContents() != C_ListInfo::Success)
+        return m_cli.fail(CommandLine::InputUnreadable, path, list.ErrorString());
+
+    if (args.hasFlag(QStringLiteral("--json")))
+        writeJson(m_cli.out(), list, views);
+    else
+        writeText(m_cli.out(), list, views);
+    m_cli.out().flush();
+    return CommandLine::Done;
 }

@@ -4,6 +4,8 @@
 
 class CommandLine;
 
+// dump LIST [--json]: a list's header, table positions and the rows of its
+// six views.
 class DumpCommand
 {
 public:

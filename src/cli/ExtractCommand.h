@@ -4,6 +4,8 @@
 
 class CommandLine;
 
+// extract LEVEL --bitmap BMP -o LIST: a new list made from a level, the same
+// bytes the editor's New List writes (absolute names, version from the level).
 class ExtractCommand
 {
 public:

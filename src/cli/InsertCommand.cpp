@@ -1,8 +1,34 @@
 #include "InsertCommand.h"
 
+#include "C_ListInserter.h"
+#include "CommandArguments.h"
 #include "CommandLine.h"
 
-int InsertCommand::run(const QStringList&)
+int InsertCommand::run(const QStringList& words)
 {
-    return m_cli.usageError(QStringLiteral("insert is not available yet"));
+    const QString outputOption = QStringLiteral("-o");
+    CommandArguments args(words, {outputOption}, {});
+    if (!args.expectPositionals(2, QStringLiteral("LEVEL and LIST")))
+        return m_cli.usageError(args.error());
+
+    const C_ListInserter::Result result =
+        C_ListInserter().Insert(args.positionals()[0], args.positionals()[1], args.value(outputOption));
+    switch (result.status) {
+    case C_ListInserter::Status::Done:
+        m_cli.out() << result.outputPath << Qt::endl;
+        return CommandLine::Done;
+    case C_ListInserter::Status::VersionMismatch:
+        m_cli.err() << "brindle-cli: " << result.error << "; nothing written" << Qt::endl;
+        return CommandLine::VersionMismatch;
+    case C_ListInserter::Status::OutputIsInput:
+        return m_cli.usageError(result.error);
+    case C_ListInserter::Status::LevelUnreadable:
+    case C_ListInserter::Status::LevelNotWalked:
+    case C_ListInserter::Status::ListUnreadable:
+    case C_ListInserter::Status::ListTruncated:
+    case C_ListInserter::Status::WriteFailed:
+        break;
+    }
+    m_cli.err() << "brindle-cli: " << result.error << Qt::endl;
+    return CommandLine::InputUnreadable;
 }

@@ -4,6 +4,7 @@
 
 class CommandLine;
 
+// insert LEVEL LIST [-o OUT]: the level with the list's tables.
 class InsertCommand
 {
 public:

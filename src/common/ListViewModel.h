@@ -1,0 +1,105 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QHash>
+#include <QList>
+#include <QStringList>
+
+#include <vector>
+
+// One list view's rows: per row a key, a text (the first column), the texts
+// of the further columns (sub-items) and a check state; with the view's
+// column headers, its selected row and its sort settings. While a list is open
+// these models are the working copy of its tables: the editor's views only
+// display them, and the list document fills and writes them.
+//
+// Keys are unique among the rows that have one; an empty key is no key.
+// Rows and sub-items count as the view does: rows from 0, sub-item 1 is the
+// second column.
+class ListViewModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    struct Row
+    {
+        QString key;
+        QString text;
+        QStringList subItems;
+        Qt::CheckState check = Qt::Unchecked;
+    };
+
+    explicit ListViewModel(const QStringList& columns = {}, QObject* parent = nullptr);
+
+    void setColumns(const QStringList& headers);
+    const QStringList& columns() const { return m_columns; }
+
+    int count() const { return int(m_rows.size()); }
+
+    // Adds a row at the end (or at its sorted place while sorting is on);
+    // returns its index, or -1 when another row already has the key.
+    int addRow(const QString& key, const QString& text, const QStringList& subItems = {});
+    // Adds many rows with one notification; rows whose key is taken are
+    // skipped. Returns how many were added.
+    int appendRows(std::vector<Row>&& rows);
+
+    int findKey(const QString& key) const; // index, or -1
+    bool removeAt(int index);
+    void clear();
+
+    const Row& row(int index) const { return m_rows[size_t(index)]; }
+    QString key(int index) const;
+    QString text(int index) const;
+    QString subItem(int index, int subItem) const;
+    Qt::CheckState checkState(int index) const;
+
+    void setText(int index, const QString& text);
+    void setSubItem(int index, int subItem, const QString& text);
+    void setCheckState(int index, Qt::CheckState state);
+
+    void setCheckable(bool checkable) { m_checkable = checkable; }
+    bool isCheckable() const { return m_checkable; }
+
+    int selectedRow() const { return m_selected; }
+    void setSelectedRow(int index);
+
+    int sortKey() const { return m_sortKey; }
+    Qt::SortOrder sortOrder() const { return m_sortOrder; }
+    bool isSorted() const { return m_sorted; }
+    void setSortKey(int column) { m_sortKey = column; }
+    void setSortOrder(Qt::SortOrder order) { m_sortOrder = order; }
+    // Turning sorting on (again) orders the rows by the sort key column.
+    void setSorted(bool sorted);
+
+    // '*' stands for any run of characters; letter case is ignored.
+    static bool matchesPattern(QStringView text, QStringView pattern);
+    QList<int> rowsWithTextLike(QStringView pattern) const;
+    QList<int> rowsWithKeyLike(QStringView pattern) const;
+
+    // QAbstractItemModel
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+    static constexpr int KeyRole = Qt::UserRole + 1;
+
+private:
+    QString cell(const Row& row, int column) const;
+    bool rowLess(const Row& a, const Row& b) const;
+    int sortedInsertPosition(const Row& row) const;
+    void reindexFrom(int first);
+    void sortRows();
+
+    QStringList m_columns;
+    std::vector<Row> m_rows;
+    QHash<QString, int> m_keyIndex;
+    int m_selected = -1;
+    int m_sortKey = 0;
+    Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    bool m_sorted = false;
+    bool m_checkable = false;
+};

@@ -1,0 +1,273 @@
+#include "C_ListInfo.h"
+
+#include "BinaryReader.h"
+#include "ListViewModel.h"
+#include "ObjectTexture.h"
+#include "SpriteSequence.h"
+#include "SpriteTexture.h"
+#include "TailKeepingSaveFile.h"
+#include "m_AllBinTo.h"
+#include "m_SpriteList.h"
+#include "m_TextureList.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <cstring>
+
+namespace {
+
+// The two characters that follow each name in the header.
+constexpr char NameTerminator[] = "\\0";
+constexpr int NameTerminatorLength = 2;
+constexpr qint64 MaxNameBytes = 0xFFFF - NameTerminatorLength;
+
+bool openForReading(QFile& file, QString& error)
+{
+    if (QFileInfo(file.fileName()).isDir()) {
+        error = QStringLiteral("is a directory");
+        return false;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = file.errorString();
+        return false;
+    }
+    return true;
+}
+
+QByteArray storedName(const QString& name)
+{
+    return name.toLocal8Bit().left(MaxNameBytes);
+}
+
+} // namespace
+
+// The list file as positional writes leave it: a write may land anywhere,
+// overlap an earlier one, and the file is as long as its furthest write.
+class C_ListInfo::Image
+{
+public:
+    void put(qint64 pos, const char* data, qint64 length)
+    {
+        if (pos + length > m_bytes.size())
+            m_bytes.resize(pos + length, '\0');
+        std::memcpy(m_bytes.data() + pos, data, size_t(length));
+    }
+    void put16(qint64 pos, quint16 value)
+    {
+        char b[2];
+        qToLittleEndian(value, b);
+        put(pos, b, 2);
+    }
+    void put32(qint64 pos, quint32 value)
+    {
+        char b[4];
+        qToLittleEndian(value, b);
+        put(pos, b, 4);
+    }
+    void reserve(qint64 size) { m_bytes.reserve(size); }
+    QByteArray bytes() const { return m_bytes; }
+
+private:
+    QByteArray m_bytes;
+};
+
+qint16 C_ListInfo::Init(const QString& sFileName, const QString& sLevelName, const QString& sBitMap,
+                        ListViewModel* lsvTexture, ListViewModel* lsvAnims, ListViewModel* lsvAnimDetails,
+                        ListViewModel* lsvSprites, ListViewModel* lsvSequences,
+                        ListViewModel* lsvSequenceDetails, quint32 /*lngVersion*/)
+{
+    m_fileName = sFileName;
+    m_lsvTexture = lsvTexture;
+    m_lsvAnims = lsvAnims;
+    m_lsvAnimDetails = lsvAnimDetails;
+    m_lsvSprites = lsvSprites;
+    m_lsvSequences = lsvSequences;
+    m_lsvSequenceDetails = lsvSequenceDetails;
+    m_ready = lsvTexture && lsvAnims && lsvAnimDetails && lsvSprites && lsvSequences && lsvSequenceDetails;
+
+    if (!sLevelName.isEmpty()) {
+        SetNames(sBitMap, sLevelName);
+        ReadLevelVersion(sLevelName);
+        m_typeLevel = 0;
+        return Success;
+    }
+    return ReadListStructure(sFileName);
+}
+
+qint16 C_ListInfo::InitForInsert(const QString& strFileName)
+{
+    m_fileName = strFileName;
+    return ReadListStructure(strFileName);
+}
+
+void C_ListInfo::SetNames(const QString& bitmap, const QString& level)
+{
+    m_bitMapName = bitmap;
+    m_levelFileName = level;
+    m_bitMapNameLength = int(storedName(bitmap).size()) + NameTerminatorLength;
+    m_levelFileNameLength = int(storedName(level).size()) + NameTerminatorLength;
+}
+
+void C_ListInfo::ReadLevelVersion(const QString& levelPath)
+{
+    QFile level(levelPath);
+    if (!openForReading(level, m_error))
+        return;
+    BinaryReader reader(level, 4);
+    m_version = reader.u32(0);
+}
+
+QString C_ListInfo::VersionString() const
+{
+    return m_AllBinTo::ConvertToHex(m_version, 32, 0);
+}
+
+qint16 C_ListInfo::ReadListStructure(const QString& path)
+{
+    QFile file(path);
+    if (!openForReading(file, m_error))
+        return Failure;
+    ReadTablePositions(file);
+    return Success;
+}
+
+void C_ListInfo::ReadTablePositions(QIODevice& file)
+{
+    BinaryReader reader(file);
+    m_version = reader.u32(0);
+    m_typeLevel = reader.i16(4);
+
+    auto readName = [&reader](qint64 lengthAt, int& length, QString& name) {
+        length = reader.u16(lengthAt);
+        name = QString::fromLocal8Bit(reader.bytes(lengthAt + 2, length - NameTerminatorLength));
+        return lengthAt + 2 + length; // the "\0" is skipped, never checked
+    };
+    qint64 p = readName(6, m_bitMapNameLength, m_bitMapName);
+    p = readName(p, m_levelFileNameLength, m_levelFileName);
+
+    auto readTable = [&reader, &p](TablePosition& table, qint64 number, int recordSize) {
+        table.offset = p;
+        table.number = number;
+        table.size = number * recordSize;
+        p += 4 + table.size;
+    };
+    readTable(m_objectTexture, reader.u32(p), ObjectTexture::Size);
+    // The block's word count is taken from its low 16 bits.
+    readTable(m_animatedTexture, reader.u16(p), 2);
+    readTable(m_spriteTexture, reader.u32(p), SpriteTexture::Size);
+    readTable(m_spriteSequence, reader.u32(p), SpriteSequence::Size);
+    m_offsetEof = p;
+}
+
+qint16 C_ListInfo::GetAllListContents()
+{
+    if (!m_ready)
+        return Failure;
+    QFile file(m_fileName);
+    if (!openForReading(file, m_error))
+        return Failure;
+    ReadTablePositions(file);
+    BinaryReader reader(file, 1 << 16);
+    m_TextureList::FillObjectTextures(reader, m_objectTexture, *m_lsvTexture);
+    m_TextureList::FillAnimations(reader, m_animatedTexture, *m_lsvAnims, *m_lsvAnimDetails);
+    m_SpriteList::FillSprites(reader, m_spriteTexture, *m_lsvSprites);
+    m_SpriteList::FillSequences(reader, m_spriteSequence, *m_lsvSequences, *m_lsvSequenceDetails);
+    return Success;
+}
+
+qint16 C_ListInfo::PutAllListContents()
+{
+    if (!m_ready)
+        return Failure;
+    TailKeepingSaveFile file(m_fileName);
+    if (!file.open() || !file.write(ListFileImage()) || !file.commit()) {
+        m_error = file.errorString();
+        return Failure;
+    }
+    return Success;
+}
+
+QByteArray C_ListInfo::ListFileImage() const
+{
+    if (!m_ready)
+        return {};
+    Image image;
+    image.reserve(64 + m_bitMapNameLength + m_levelFileNameLength
+                  + qint64(m_lsvTexture->count()) * ObjectTexture::Size
+                  + qint64(m_lsvSprites->count()) * SpriteTexture::Size
+                  + qint64(m_lsvSequences->count()) * SpriteSequence::Size
+                  + qint64(m_lsvAnimDetails->count() + m_lsvAnims->count()) * 2);
+    qint64 p = WriteListHeader(image);
+    p = WriteObjectTextures(image, p);
+    p = WriteAnimatedTextures(image, p);
+    p = WriteSpriteTextures(image, p);
+    WriteSpriteSequences(image, p);
+    return image.bytes();
+}
+
+qint64 C_ListInfo::WriteListHeader(Image& image) const
+{
+    image.put32(0, m_version);
+    image.put16(4, quint16(m_typeLevel));
+    qint64 p = 6;
+    for (const QString& name : {m_bitMapName, m_levelFileName}) {
+        const QByteArray stored = storedName(name) + NameTerminator;
+        image.put16(p, quint16(stored.size()));
+        image.put(p + 2, stored.constData(), stored.size());
+        p += 2 + stored.size();
+    }
+    return p;
+}
+
+qint64 C_ListInfo::WriteObjectTextures(Image& image, qint64 p) const
+{
+    const int n = m_lsvTexture->count();
+    image.put32(p, quint32(n));
+    char record[ObjectTexture::Size];
+    for (int row = 0; row < n; ++row) {
+        m_TextureList::ObjectTextureOfRow(*m_lsvTexture, row).toBytes(record);
+        image.put(p + 4 + qint64(ObjectTexture::Size) * row, record, ObjectTexture::Size);
+    }
+    return p + 4 + qint64(ObjectTexture::Size) * n;
+}
+
+qint64 C_ListInfo::WriteAnimatedTextures(Image& image, qint64 p) const
+{
+    // The range count goes out as a 32-bit value at p + 4 whose upper half the
+    // first range's word then overwrites, so the block holds it as one word.
+    // A list without ranges therefore keeps a lone 0 word behind a count of 0.
+    const QList<quint16> words = m_TextureList::AnimatedTextureWords(*m_lsvAnims, *m_lsvAnimDetails);
+    const quint32 ranges = quint32(m_lsvAnims->count());
+    image.put32(p + 4, ranges);
+    qint64 counter = 1;
+    for (qsizetype i = 1; i < words.size(); ++i, ++counter)
+        image.put16(p + 4 + 2 * counter, words[i]);
+    image.put32(p, ranges == 0 ? 0 : quint32(counter));
+    return p + 4 + 2 * counter;
+}
+
+qint64 C_ListInfo::WriteSpriteTextures(Image& image, qint64 p) const
+{
+    const int n = m_lsvSprites->count();
+    image.put32(p, quint32(n));
+    char record[SpriteTexture::Size];
+    for (int row = 0; row < n; ++row) {
+        m_SpriteList::SpriteOfRow(*m_lsvSprites, row).toBytes(record);
+        image.put(p + 4 + qint64(SpriteTexture::Size) * row, record, SpriteTexture::Size);
+    }
+    return p + 4 + qint64(SpriteTexture::Size) * n;
+}
+
+qint64 C_ListInfo::WriteSpriteSequences(Image& image, qint64 p) const
+{
+    const int n = m_lsvSequences->count();
+    image.put32(p, quint32(n));
+    char record[SpriteSequence::Size];
+    for (int row = 0; row < n; ++row) {
+        m_SpriteList::SequenceOfRow(*m_lsvSequences, row).toBytes(record);
+        image.put(p + 4 + qint64(SpriteSequence::Size) * row, record, SpriteSequence::Size);
+    }
+    return p + 4 + qint64(SpriteSequence::Size) * n;
+}

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "TablePosition.h"
+
+#include <QByteArray>
+#include <QString>
+
+class ListViewModel;
+class QIODevice;
+
+// The open texture list: its file, the level and bitmap it belongs to, its
+// game version and where each table lies in the list file. The six list
+// views are the list's contents in memory; this class fills them from the
+// file and writes them back.
+//
+// The list file, little-endian, positions from 0:
+//   0 Version (4)   4 TypeLevel (2)
+//   6 L1 = bitmap name length + 2, then the name and the two characters "\0"
+//   then L2 = level name length + 2, the level name and "\0"
+//   then the object texture table, the animated texture block, the sprite
+//   texture table and the sprite sequence table, each after its 32-bit count.
+class C_ListInfo
+{
+public:
+    static constexpr qint16 Success = 0;
+    static constexpr qint16 Failure = -99;
+
+    // Remembers the list path and the six views. With a level name the list
+    // is new: names and version come from the arguments and the level, and
+    // nothing is written yet. Without one the list file is read. lngVersion
+    // is accepted and never used: a list made without a level gets its
+    // version from its own file.
+    qint16 Init(const QString& sFileName, const QString& sLevelName, const QString& sBitMap,
+                ListViewModel* lsvTexture, ListViewModel* lsvAnims, ListViewModel* lsvAnimDetails,
+                ListViewModel* lsvSprites, ListViewModel* lsvSequences, ListViewModel* lsvSequenceDetails,
+                quint32 lngVersion = 0);
+
+    // Reads only the header and the table positions of a list file.
+    qint16 InitForInsert(const QString& strFileName);
+
+    // Reads the list file into the six views; Failure when a view is
+    // missing or the file cannot be read (the views are then untouched).
+    qint16 GetAllListContents();
+
+    // Writes the six views to the list file; Failure when a view is missing
+    // or the file cannot be written (the old file is then untouched).
+    qint16 PutAllListContents();
+
+    // The bytes PutAllListContents writes from position 0.
+    QByteArray ListFileImage() const;
+
+    quint32 Version() const { return m_version; }
+    QString VersionString() const;
+    qint16 TypeLevel() const { return m_typeLevel; }
+    qint64 Offset_EOF() const { return m_offsetEof; }
+    QString LevelFileName() const { return m_levelFileName; }
+    QString BitMapName() const { return m_bitMapName; }
+    qint64 OffsetObjectTexture() const { return m_objectTexture.offset; }
+    qint64 NumberObjectTexture() const { return m_objectTexture.number; }
+    qint64 SizeObjectTexture() const { return m_objectTexture.size; }
+    qint64 OffsetSpriteTexture() const { return m_spriteTexture.offset; }
+    qint64 NumberSpriteTexture() const { return m_spriteTexture.number; }
+    qint64 SizeSpriteTexture() const { return m_spriteTexture.size; }
+    qint64 OffsetSpriteSequence() const { return m_spriteSequence.offset; }
+    qint64 NumberSpriteSequence() const { return m_spriteSequence.number; }
+    qint64 SizeSpriteSequence() const { return m_spriteSequence.size; }
+    qint64 OffsetAnimatedTexture() const { return m_animatedTexture.offset; }
+    qint64 NumberAnimatedTexture() const { return m_animatedTexture.number; }
+    qint64 SizeAnimatedTexture() const { return m_animatedTexture.size; }
+    // Reserved: no concordance table exists in a list or a level.
+    qint64 OffsetConcordanceTextures() const { return 0; }
+    qint64 NumberConcordanceTextures() const { return 0; }
+    qint64 SizeConcordanceTextures() const { return 0; }
+
+    // The length fields the file stores for the two names.
+    int BitMapNameLength() const { return m_bitMapNameLength; }
+    int LevelFileNameLength() const { return m_levelFileNameLength; }
+
+    QString FileName() const { return m_fileName; }
+    bool IsReady() const { return m_ready; }
+    QString ErrorString() const { return m_error; }
+
+private:
+    class Image;
+
+    qint16 ReadListStructure(const QString& path);
+    void ReadTablePositions(QIODevice& file);
+    void ReadLevelVersion(const QString& levelPath);
+    void SetNames(const QString& bitmap, const QString& level);
+
+    qint64 WriteListHeader(Image& image) const;
+    qint64 WriteObjectTextures(Image& image, qint64 p) const;
+    qint64 WriteAnimatedTextures(Image& image, qint64 p) const;
+    qint64 WriteSpriteTextures(Image& image, qint64 p) const;
+    qint64 WriteSpriteSequences(Image& image, qint64 p) const;
+
+    QString m_fileName;
+    ListViewModel* m_lsvTexture = nullptr;
+    ListViewModel* m_lsvAnims = nullptr;
+    ListViewModel* m_lsvAnimDetails = nullptr;
+    ListViewModel* m_lsvSprites = nullptr;
+    ListViewModel* m_lsvSequences = nullptr;
+    ListViewModel* m_lsvSequenceDetails = nullptr;
+    bool m_ready = false;
+
+    quint32 m_version = 0;
+    qint16 m_typeLevel = 0;
+    QString m_bitMapName;
+    QString m_levelFileName;
+    int m_bitMapNameLength = 0;
+    int m_levelFileNameLength = 0;
+    TablePosition m_objectTexture;
+    TablePosition m_animatedTexture;
+    TablePosition m_spriteTexture;
+    TablePosition m_spriteSequence;
+    qint64 m_offsetEof = 0;
+    QString m_error;
+};

@@ -1,0 +1,171 @@
+#include "C_ListInserter.h"
+
+#include "C_LevelInfo.h"
+#include "C_ListInfo.h"
+#include "TailKeepingSaveFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr qint64 CopyChunk = 1 << 20;
+constexpr char OutputName[] = "templevel.tr2";
+
+bool sameFile(const QString& a, const QString& b)
+{
+    const QFileInfo fa(a);
+    const QFileInfo fb(b);
+    if (!fa.exists() || !fb.exists())
+        return false;
+    return fa.canonicalFilePath() == fb.canonicalFilePath();
+}
+
+bool tablesLieInsideLevel(const C_LevelInfo& level)
+{
+    switch (level.Game()) {
+    case LevelVersion::Game::TR2:
+    case LevelVersion::Game::TR3:
+        return level.IsWalkComplete() && level.OffsetItems() <= level.FileLength();
+    case LevelVersion::Game::TR1:
+    case LevelVersion::Game::Unknown:
+        break;
+    }
+    return true;
+}
+
+} // namespace
+
+QString C_ListInserter::FolderOf(const QString& path)
+{
+    const qsizetype at = qMax(path.lastIndexOf(QLatin1Char('\\')), path.lastIndexOf(QLatin1Char('/')));
+    return at < 0 ? QString() : path.left(at + 1);
+}
+
+QString C_ListInserter::DefaultOutputPath(const QString& levelPath)
+{
+    return FolderOf(levelPath) + QLatin1String(OutputName);
+}
+
+QList<C_ListInserter::Range> C_ListInserter::CopyPlan(const C_LevelInfo& L, const C_ListInfo& T)
+{
+    const Range objectTextures{Range::List, T.OffsetObjectTexture(), T.OffsetAnimatedTexture() - 1};
+    const Range animatedTextures{Range::List, T.OffsetAnimatedTexture(), T.OffsetSpriteTexture() - 1};
+    const Range spriteTextures{Range::List, T.OffsetSpriteTexture(), T.OffsetSpriteSequence() - 1};
+    const Range spriteSequences{Range::List, T.OffsetSpriteSequence(), T.Offset_EOF() - 1};
+    const Range camerasToZones{Range::Level, L.OffsetCameras(), L.OffsetAnimatedTexture() - 1};
+    const Range itemsToEnd{Range::Level, L.OffsetItems(), L.FileLength() - 1};
+
+    switch (L.Game()) {
+    case LevelVersion::Game::TR2:
+        return {{Range::Level, 0, L.OffsetObjectTexture() - 1},
+                objectTextures,
+                spriteTextures,
+                spriteSequences,
+                camerasToZones,
+                animatedTextures,
+                itemsToEnd};
+    case LevelVersion::Game::TR3:
+        return {{Range::Level, 0, L.OffsetSpriteTexture() - 1},
+                spriteTextures,
+                spriteSequences,
+                camerasToZones,
+                animatedTextures,
+                objectTextures,
+                itemsToEnd};
+    case LevelVersion::Game::TR1:
+    case LevelVersion::Game::Unknown:
+        break;
+    }
+    return {itemsToEnd};
+}
+
+C_ListInserter::Result C_ListInserter::Refuse(Status status, const QString& error)
+{
+    Result result;
+    result.status = status;
+    result.error = error;
+    return result;
+}
+
+C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QString& listPath,
+                                              const QString& outputPath, const Progress& progress)
+{
+    C_LevelInfo level;
+    level.Init(levelPath);
+    if (!level.IsOpened())
+        return Refuse(Status::LevelUnreadable, levelPath + QStringLiteral(": ") + level.ErrorString());
+
+    C_ListInfo list;
+    if (list.InitForInsert(listPath) != C_ListInfo::Success)
+        return Refuse(Status::ListUnreadable, listPath + QStringLiteral(": ") + list.ErrorString());
+
+    if (list.Version() != level.Version()) {
+        return Refuse(Status::VersionMismatch,
+                      QStringLiteral("%1: list version %2 differs from the level's %3")
+                          .arg(listPath, list.VersionString(), level.VersionString()));
+    }
+    if (!tablesLieInsideLevel(level)) {
+        return Refuse(Status::LevelNotWalked,
+                      levelPath + QStringLiteral(": the level's blocks could not be followed to its end"));
+    }
+    if (list.Offset_EOF() > QFileInfo(listPath).size()) {
+        return Refuse(Status::ListTruncated,
+                      listPath + QStringLiteral(": the list's tables run past the end of the file"));
+    }
+
+    Result result;
+    result.outputPath = outputPath.isEmpty() ? DefaultOutputPath(levelPath) : outputPath;
+    if (sameFile(result.outputPath, levelPath) || sameFile(result.outputPath, listPath)) {
+        return Refuse(Status::OutputIsInput,
+                      result.outputPath + QStringLiteral(": the output would replace an input"));
+    }
+
+    QFile levelFile(levelPath);
+    QFile listFile(listPath);
+    if (!levelFile.open(QIODevice::ReadOnly))
+        return Refuse(Status::LevelUnreadable, levelPath + QStringLiteral(": ") + levelFile.errorString());
+    if (!listFile.open(QIODevice::ReadOnly))
+        return Refuse(Status::ListUnreadable, listPath + QStringLiteral(": ") + listFile.errorString());
+
+    TailKeepingSaveFile output(result.outputPath);
+    if (!output.open())
+        return Refuse(Status::WriteFailed, result.outputPath + QStringLiteral(": ") + output.errorString());
+
+    if (progress)
+        progress(0, level.FileLength());
+    qint64 at = 0;
+    bool ok = true;
+    for (const Range& range : CopyPlan(level, list)) {
+        QFile& source = range.source == Range::Level ? levelFile : listFile;
+        at = CopyFileRange(source, output, range.first, range.last, at, ok);
+        if (!ok)
+            break;
+        if (progress)
+            progress(at, level.FileLength());
+    }
+    if (!ok || !output.commit())
+        return Refuse(Status::WriteFailed, result.outputPath + QStringLiteral(": ") + output.errorString());
+    return result;
+}
+
+qint64 C_ListInserter::CopyFileRange(QFile& src, TailKeepingSaveFile& dst, qint64 first, qint64 last,
+                                     qint64 at, bool& ok)
+{
+    // Only bytes the source holds are copied; the callers check beforehand
+    // that every range lies inside its file.
+    const qint64 end = qMin(last + 1, src.size());
+    if (first < 0 || end <= first || !src.seek(first))
+        return at;
+    QByteArray chunk;
+    for (qint64 pos = first; pos < end;) {
+        chunk = src.read(qMin(CopyChunk, end - pos));
+        if (chunk.isEmpty() || !dst.write(chunk)) {
+            ok = false;
+            return at;
+        }
+        pos += chunk.size();
+        at += chunk.size();
+    }
+    return at;
+}

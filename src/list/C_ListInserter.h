@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+class C_LevelInfo;
+class C_ListInfo;
+class QFile;
+class TailKeepingSaveFile;
+
+// Builds a level that carries a list's tables: the level's object texture,
+// sprite texture, sprite sequence and animated texture tables are replaced by
+// the list's, every other byte of the level is copied unchanged. The level
+// and the list are only read; the output ("templevel.tr2" beside the level
+// unless another path is given) is written crash-safe, and an older, longer
+// output keeps its tail beyond the new end.
+class C_ListInserter
+{
+public:
+    enum class Status {
+        Done,
+        LevelUnreadable,  // the level cannot be opened
+        LevelNotWalked,   // a TR2/TR3 level whose walk stopped or ran past its end
+        ListUnreadable,   // the list cannot be opened
+        ListTruncated,    // the list's tables run past its end
+        VersionMismatch,  // nothing opened for writing, nothing created
+        OutputIsInput,    // the output path names the level or the list
+        WriteFailed,
+    };
+
+    struct Result
+    {
+        Status status = Status::Done;
+        QString outputPath;
+        QString error; // one line naming the cause
+    };
+
+    // One piece of the output, in output order: bytes first to last
+    // (inclusive) of the level or of the list.
+    struct Range
+    {
+        enum Source { Level, List };
+        Source source = Level;
+        qint64 first = 0;
+        qint64 last = -1;
+        qint64 length() const { return last - first + 1; }
+        friend bool operator==(const Range&, const Range&) = default;
+    };
+
+    // Called with the bytes written so far.
+    using Progress = std::function<void(qint64 bytesCopied, qint64 levelLength)>;
+
+    Result Insert(const QString& levelPath, const QString& listPath, const QString& outputPath = {},
+                  const Progress& progress = {});
+
+    // The copy sequence for the level's game: TR2 and TR3 place the tables
+    // differently; any other version copies the level whole.
+    static QList<Range> CopyPlan(const C_LevelInfo& level, const C_ListInfo& list);
+
+    // The folder part of path with its trailing separator; "" when it has none.
+    static QString FolderOf(const QString& path);
+    static QString DefaultOutputPath(const QString& levelPath);
+
+private:
+    // Copies bytes first..last of src to dst; returns the next output position.
+    static qint64 CopyFileRange(QFile& src, TailKeepingSaveFile& dst, qint64 first, qint64 last, qint64 at,
+                                bool& ok);
+    static Result Refuse(Status status, const QString& error);
+};

@@ -1,0 +1,26 @@
+#include "LevelTableReader.h"
+
+#include "BinaryReader.h"
+#include "C_LevelInfo.h"
+#include "m_SpriteList.h"
+#include "m_TextureList.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+bool LevelTableReader::ReadIntoViews(const C_LevelInfo& level, ListViewModel& lsvTextures,
+                                     ListViewModel& lsvAnims, ListViewModel& lsvAnimDetails,
+                                     ListViewModel& lsvSprites, ListViewModel& lsvSequences,
+                                     ListViewModel& lsvSequenceDetails)
+{
+    QFile file(level.FileName());
+    if (level.FileName().isEmpty() || QFileInfo(file.fileName()).isDir() || !file.open(QIODevice::ReadOnly))
+        return false;
+    BinaryReader reader(file, 1 << 16);
+    const LevelWalk::Result& tables = level.Walk();
+    m_TextureList::FillObjectTextures(reader, tables.objectTexture, lsvTextures);
+    m_SpriteList::FillSprites(reader, tables.spriteTexture, lsvSprites);
+    m_TextureList::FillAnimations(reader, tables.animatedTexture, lsvAnims, lsvAnimDetails);
+    m_SpriteList::FillSequences(reader, tables.spriteSequence, lsvSequences, lsvSequenceDetails);
+    return true;
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+class C_LevelInfo;
+class ListViewModel;
+
+// Reads a walked level's four texture tables into the six content views with
+// the same routines that read a list file, so a list made from a level saves
+// and reopens unchanged.
+class LevelTableReader
+{
+public:
+    // False when the level cannot be opened; the views are then untouched.
+    static bool ReadIntoViews(const C_LevelInfo& level, ListViewModel& lsvTextures, ListViewModel& lsvAnims,
+                              ListViewModel& lsvAnimDetails, ListViewModel& lsvSprites,
+                              ListViewModel& lsvSequences, ListViewModel& lsvSequenceDetails);
+};

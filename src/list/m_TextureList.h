@@ -1,0 +1,39 @@
+#pragma once
+
+#include "AnimatedTextureBlock.h"
+#include "ListViewModel.h"
+#include "ObjectTexture.h"
+#include "TablePosition.h"
+
+class BinaryReader;
+
+// Object textures and the animation ranges built from them, between the
+// tables of a level or list file and the rows of their list views.
+namespace m_TextureList {
+
+// Empties lsvTexture, then adds one row per object texture record of the
+// table at table.offset: text the index zero-padded to as many digits as the
+// table's number has ("000".."119" for 120), key "T" and the index, sub-items
+// the record's list columns. Only records wholly present in the file count.
+void FillObjectTextures(BinaryReader& file, const TablePosition& table, ListViewModel& lsvTexture);
+
+ListViewModel::Row RowOfObjectTexture(const ObjectTexture& record, qint64 index, int width);
+ObjectTexture ObjectTextureOfRow(const ListViewModel& lsvTexture, int row);
+
+// Empties both views, then adds per range a row of lsvAnims (text NN, the
+// range number with at least two digits; key "A" NN; "Number", "First") and
+// per texture a row of lsvAnimDetails (text NN-i, key "A" NN i, "Texture #").
+void FillAnimations(BinaryReader& file, const TablePosition& table, ListViewModel& lsvAnims,
+                    ListViewModel& lsvAnimDetails);
+void FillAnimations(const AnimatedTextureBlock& block, ListViewModel& lsvAnims,
+                    ListViewModel& lsvAnimDetails);
+
+QString AnimationNumberText(qint64 range); // "00", "07", "123"
+
+// The block's words from the views: the range count, then per range its
+// "Number" minus one and the "Texture #" of "Number" detail rows starting at
+// the first detail row whose texture equals the range's "First". Textures
+// the details run out of are written as 0.
+QList<quint16> AnimatedTextureWords(const ListViewModel& lsvAnims, const ListViewModel& lsvAnimDetails);
+
+} // namespace m_TextureList
