@@ -1,0 +1,46 @@
+#include "LevelListExtractor.h"
+
+#include "C_LevelInfo.h"
+#include "C_ListInfo.h"
+#include "LevelTableReader.h"
+#include "ListViewSet.h"
+
+namespace {
+
+LevelListExtractor::Result failure(LevelListExtractor::Status status, const QString& file, const QString& error)
+{
+    return {status, file, error};
+}
+
+} // namespace
+
+LevelListExtractor::Result LevelListExtractor::Extract(const QString& levelPath, const QString& bitmapPath,
+                                                       const QString& listPath)
+{
+    using Status = LevelListExtractor::Status;
+    C_LevelInfo level;
+    level.Init(levelPath);
+    if (!level.IsOpened())
+        return failure(Status::LevelUnreadable, levelPath, level.ErrorString());
+    const LevelVersion::Game game = level.Game();
+    if (game != LevelVersion::Game::TR2 && game != LevelVersion::Game::TR3) {
+        return failure(Status::LevelNotTR2OrTR3, levelPath,
+                       QStringLiteral("not a TR2 or TR3 level (version %1)").arg(level.VersionString()));
+    }
+    if (!level.IsWalkComplete() || level.OffsetItems() > level.FileLength()) {
+        return failure(Status::LevelNotWalked, levelPath,
+                       QStringLiteral("the level's blocks could not be followed to its end"));
+    }
+
+    ListViewSet views;
+    if (!LevelTableReader::ReadIntoViews(level, views.lsvTextures, views.lsvAnims, views.lsvAnimDetails,
+                                         views.lsvSprites, views.lsvSequences, views.lsvSequenceDetails)) {
+        return failure(Status::LevelUnreadable, levelPath, QStringLiteral("cannot be read"));
+    }
+    C_ListInfo list;
+    list.Init(listPath, levelPath, bitmapPath, &views.lsvTextures, &views.lsvAnims, &views.lsvAnimDetails,
+              &views.lsvSprites, &views.lsvSequences, &views.lsvSequenceDetails);
+    if (list.PutAllListContents() != C_ListInfo::Success)
+        return failure(Status::WriteFailed, listPath, list.ErrorString());
+    return {};
+}

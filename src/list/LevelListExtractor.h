@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+// Makes a new list from a level, as New List does: the level's tables are read
+// into the six views, and the list is written with the given names, the
+// level's version and TypeLevel 0.
+class LevelListExtractor
+{
+public:
+    enum class Status {
+        Done,
+        LevelUnreadable,   // cannot be opened
+        LevelNotTR2OrTR3,  // another version: no tables to take
+        LevelNotWalked,    // its blocks could not be followed to its end
+        WriteFailed,
+    };
+
+    struct Result
+    {
+        Status status = Status::Done;
+        QString file;  // the file the error is about
+        QString error; // the cause, one line
+    };
+
+    static Result Extract(const QString& levelPath, const QString& bitmapPath, const QString& listPath);
+};
