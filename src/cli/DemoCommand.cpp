@@ -1,8 +1,23 @@
 #include "DemoCommand.h"
 
+#include "CommandArguments.h"
 #include "CommandLine.h"
+#include "DemoLevel.h"
 
-int DemoCommand::run(const QStringList&)
+int DemoCommand::run(const QStringList& words)
 {
-    return m_cli.usageError(QStringLiteral("demo is not available yet"));
+    CommandArguments args(words, {}, {});
+    if (!args.expectPositionals(1, QStringLiteral("one DIR")))
+        return m_cli.usageError(args.error());
+    const QString dir = args.positionals().first();
+    if (dir.isEmpty())
+        return m_cli.usageError(QStringLiteral("DIR is empty"));
+
+    QString cause;
+    QString file;
+    if (!DemoLevel::writeInto(dir, &cause, &file))
+        return m_cli.fail(CommandLine::InputUnreadable, file, cause);
+    for (const QString& path : DemoLevel::paths(dir))
+        m_cli.out() << path << Qt::endl;
+    return CommandLine::Done;
 }

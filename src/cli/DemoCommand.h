@@ -4,6 +4,8 @@
 
 class CommandLine;
 
+// demo DIR: writes the demo level, its bitmap and the list extracted from the
+// level into DIR (created if needed) and prints their absolute paths.
 class DemoCommand
 {
 public:

@@ -1,0 +1,252 @@
+#include "DemoLevel.h"
+
+#include "DemoColor.h"
+#include "DemoLiquids.h"
+#include "DemoSpriteArt.h"
+#include "DemoSurfaces.h"
+#include "DemoTile16Encoder.h"
+#include "LevelListExtractor.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QSaveFile>
+
+namespace {
+
+constexpr int WallTile = 0;
+constexpr int AnimationTile = 1;
+constexpr int SpriteTile = 2;
+constexpr int SceneryTile = 3;
+constexpr int Square = DemoSurfaces::Size;
+
+// Object IDs of the sprite sequences.
+constexpr qint32 FlameId = 160;
+constexpr qint32 CoinId = 161;
+constexpr qint32 SmallMedipackId = 162;
+constexpr qint32 LargeMedipackId = 163;
+constexpr qint32 KeyId = 164;
+constexpr qint32 AmmoId = 165;
+constexpr qint32 SmokeId = 166;
+constexpr qint32 PlantId = 167;
+constexpr qint32 CrystalId = 168;
+constexpr qint32 ReedsId = 169;
+constexpr qint32 FirId = 170;
+constexpr qint32 SparkleId = 171;
+
+using Surface = QRgb (*)(int u, int v);
+using Stand = DemoAtlas::Stand;
+
+QRect square(int column, int row)
+{
+    return QRect(column * Square, row * Square, Square, Square);
+}
+
+// count cells of one size side by side from origin, step pixels apart.
+QList<QRect> cellsInRow(QPoint origin, QSize size, int count, int step)
+{
+    QList<QRect> cells;
+    for (int i = 0; i < count; ++i)
+        cells.append(QRect(origin + QPoint(i * step, 0), size));
+    return cells;
+}
+
+DemoAtlas::Paint framePainter(QRgb (*paint)(int, int, int), int frame)
+{
+    return [paint, frame](int u, int v) { return paint(frame, u, v); };
+}
+
+// Halves of a square cut along a diagonal, corners clockwise. A triangle's
+// paint counts from its bounding box, which is the square itself.
+std::array<QPoint, 3> upperLeftHalf(const QRect& s)
+{
+    return {s.topLeft(), s.topRight(), s.bottomLeft()};
+}
+
+std::array<QPoint, 3> lowerRightHalf(const QRect& s)
+{
+    return {s.topRight(), s.bottomRight(), s.bottomLeft()};
+}
+
+std::array<QPoint, 3> lowerLeftHalf(const QRect& s)
+{
+    return {s.topLeft(), s.bottomRight(), s.bottomLeft()};
+}
+
+bool fail(QString* error, QString* file, const QString& path, const QString& cause)
+{
+    if (error)
+        *error = cause;
+    if (file)
+        *file = path;
+    return false;
+}
+
+QList<SyntheticRoom> demoRooms()
+{
+    return {
+        {48, 1, 4, 4, 1, 0, false},
+        {96, 2, 6, 4, 2, 1, false},
+        {32, 1, 3, 3, 1, 0, false},
+    };
+}
+
+} // namespace
+
+DemoLevel::DemoLevel()
+    : m_atlas(TileCount)
+{
+    drawWallTile();
+    drawAnimationTile();
+    drawSpriteTiles();
+}
+
+// Sixteen wall and floor squares; the grate and the fence are see-through.
+void DemoLevel::drawWallTile()
+{
+    const Surface surfaces[4][4] = {
+        {DemoSurfaces::stoneBlocks, DemoSurfaces::bricks, DemoSurfaces::planks, DemoSurfaces::floorTiles},
+        {DemoSurfaces::grate, DemoSurfaces::cobbles, DemoSurfaces::sand, DemoSurfaces::mossyStone},
+        {DemoSurfaces::treadPlate, DemoSurfaces::marble, DemoSurfaces::grass, DemoSurfaces::chainLinkFence},
+        {DemoSurfaces::roofTiles, DemoSurfaces::carpet, DemoSurfaces::ice, DemoSurfaces::crate},
+    };
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 4; ++column)
+            m_atlas.addQuad(WallTile, square(column, row), surfaces[row][column]);
+    }
+}
+
+// Water and lava frames in rows, each cycle one animation range; below them
+// triangles and one wide frieze.
+void DemoLevel::drawAnimationTile()
+{
+    QList<int> water;
+    for (int frame = 0; frame < DemoLiquids::WaterFrames; ++frame)
+        water.append(m_atlas.addQuad(AnimationTile, square(frame, 0), framePainter(DemoLiquids::water, frame)));
+    QList<int> lava;
+    for (int frame = 0; frame < DemoLiquids::LavaFrames; ++frame)
+        lava.append(m_atlas.addQuad(AnimationTile, square(frame, 1), framePainter(DemoLiquids::lava, frame)));
+    m_atlas.addAnimationRange(water);
+    m_atlas.addAnimationRange(lava);
+
+    m_atlas.addTriangle(AnimationTile, upperLeftHalf(square(0, 2)), DemoSurfaces::stoneBlocks);
+    m_atlas.addTriangle(AnimationTile, lowerRightHalf(square(0, 2)), DemoSurfaces::grass);
+    m_atlas.addTriangle(AnimationTile, upperLeftHalf(square(1, 2)), DemoSurfaces::roofTiles);
+    m_atlas.addTriangle(AnimationTile, lowerRightHalf(square(1, 2)), DemoSurfaces::planks);
+    m_atlas.addTriangle(AnimationTile, lowerLeftHalf(square(2, 2)), DemoSurfaces::bricks);
+    m_atlas.addTriangle(AnimationTile, upperLeftHalf(square(3, 2)), DemoSurfaces::chainLinkFence);
+    m_atlas.addQuad(AnimationTile, QRect(0, 3 * Square, 2 * Square, Square), DemoSurfaces::frieze);
+}
+
+// Tile 2: the flame, the turning coin, the pickups and the smoke puff.
+// Tile 3: scenery and a glint.
+void DemoLevel::drawSpriteTiles()
+{
+    m_atlas.addSpriteSequence(FlameId, SpriteTile,
+                              cellsInRow({0, 0}, DemoSpriteArt::FlameCell, DemoSpriteArt::FlameFrames, 64),
+                              DemoSpriteArt::flame, Stand::OnFloor);
+    m_atlas.addSpriteSequence(CoinId, SpriteTile,
+                              cellsInRow({0, 72}, DemoSpriteArt::CoinCell, DemoSpriteArt::CoinFrames, 32),
+                              DemoSpriteArt::coin, Stand::OnFloor);
+    m_atlas.addSprite(SmallMedipackId, SpriteTile, QRect({4, 116}, DemoSpriteArt::SmallMedipackCell),
+                      DemoSpriteArt::smallMedipack, Stand::OnFloor);
+    m_atlas.addSprite(LargeMedipackId, SpriteTile, QRect({58, 112}, DemoSpriteArt::LargeMedipackCell),
+                      DemoSpriteArt::largeMedipack, Stand::OnFloor);
+    m_atlas.addSprite(KeyId, SpriteTile, QRect({130, 124}, DemoSpriteArt::KeyCell), DemoSpriteArt::key,
+                      Stand::OnFloor);
+    m_atlas.addSprite(AmmoId, SpriteTile, QRect({196, 116}, DemoSpriteArt::AmmoCell), DemoSpriteArt::ammo,
+                      Stand::OnFloor);
+    m_atlas.addSpriteSequence(SmokeId, SpriteTile,
+                              cellsInRow({4, 184}, DemoSpriteArt::SmokeCell, DemoSpriteArt::SmokeFrames, 50),
+                              DemoSpriteArt::smoke, Stand::Floating);
+
+    m_atlas.addSprite(PlantId, SceneryTile, QRect({8, 8}, DemoSpriteArt::PlantCell), DemoSpriteArt::plant,
+                      Stand::OnFloor);
+    m_atlas.addSprite(CrystalId, SceneryTile, QRect({96, 32}, DemoSpriteArt::CrystalCell), DemoSpriteArt::crystal,
+                      Stand::OnFloor);
+    m_atlas.addSprite(ReedsId, SceneryTile, QRect({152, 32}, DemoSpriteArt::ReedsCell), DemoSpriteArt::reeds,
+                      Stand::OnFloor);
+    m_atlas.addSprite(FirId, SceneryTile, QRect({12, 128}, DemoSpriteArt::FirCell), DemoSpriteArt::fir,
+                      Stand::OnFloor);
+    m_atlas.addSpriteSequence(SparkleId, SceneryTile,
+                              cellsInRow({116, 168}, DemoSpriteArt::SparkleCell, DemoSpriteArt::SparkleFrames, 34),
+                              DemoSpriteArt::sparkle, Stand::Floating);
+}
+
+QByteArray DemoLevel::tiles16() const
+{
+    return DemoTile16Encoder::encode(bitmap(), DemoColor::SeeThrough);
+}
+
+SyntheticLevel DemoLevel::level() const
+{
+    SyntheticLevel level(LevelVersion::Game::TR2);
+    level.setTileCount(TileCount, tiles16());
+    level.setRooms(demoRooms());
+    level.setObjectTextures(objectTextures());
+    level.setSpriteTextures(spriteTextures());
+    level.setSpriteSequences(spriteSequences());
+    level.setAnimatedTextures(animatedTextures());
+    return level;
+}
+
+QString DemoLevel::levelPath(const QString& dir)
+{
+    return QDir(dir).absoluteFilePath(QStringLiteral("demo.tr2"));
+}
+
+QString DemoLevel::bitmapPath(const QString& dir)
+{
+    return QDir(dir).absoluteFilePath(QStringLiteral("demo.bmp"));
+}
+
+QString DemoLevel::listPath(const QString& dir)
+{
+    return QDir(dir).absoluteFilePath(QStringLiteral("demo.trt"));
+}
+
+QStringList DemoLevel::paths(const QString& dir)
+{
+    return {levelPath(dir), bitmapPath(dir), listPath(dir)};
+}
+
+bool DemoLevel::writeBitmap(const QString& path, QString* error) const
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        *error = file.errorString();
+        return false;
+    }
+    QImageWriter writer(&file, "bmp");
+    if (!writer.write(bitmap())) {
+        *error = writer.errorString();
+        return false;
+    }
+    if (!file.commit()) {
+        *error = file.errorString();
+        return false;
+    }
+    return true;
+}
+
+bool DemoLevel::writeInto(const QString& dir, QString* error, QString* file)
+{
+    const QString folder = QDir(dir).absolutePath();
+    const QFileInfo folderInfo(folder);
+    if (folderInfo.exists() && !folderInfo.isDir())
+        return fail(error, file, folder, QStringLiteral("not a folder"));
+    if (!QDir().mkpath(folder))
+        return fail(error, file, folder, QStringLiteral("cannot create the folder"));
+
+    const DemoLevel demo;
+    QString cause;
+    if (!demo.level().writeTo(levelPath(folder), &cause))
+        return fail(error, file, levelPath(folder), cause);
+    if (!demo.writeBitmap(bitmapPath(folder), &cause))
+        return fail(error, file, bitmapPath(folder), cause);
+    const LevelListExtractor::Result list =
+        LevelListExtractor::Extract(levelPath(folder), bitmapPath(folder), listPath(folder));
+    if (list.status != LevelListExtractor::Status::Done)
+        return fail(error, file, list.file, list.error);
+    return true;
+}
