@@ -32,6 +32,7 @@ void C_LevelInfo::Init(const QString& strFileName)
 {
     if (strFileName.isEmpty())
         return;
+    *this = C_LevelInfo(); // one info serves level after level: nothing of the last may remain
     QFile probe(strFileName);
     if (openForReading(probe, m_errorString)) {
         m_opened = true;
@@ -53,6 +54,7 @@ bool C_LevelInfo::WalkTheLevel(const QString& sFileName)
 
 void C_LevelInfo::WalkDevice(QIODevice& device)
 {
+    *this = C_LevelInfo();
     m_opened = true;
     WalkOpenDevice(device);
     m_fileLength = device.size();
@@ -60,6 +62,8 @@ void C_LevelInfo::WalkDevice(QIODevice& device)
 
 void C_LevelInfo::WalkOpenDevice(QIODevice& device)
 {
+    m_version = 0;
+    m_walk = {};
     if (device.size() == 0)
         return;
     const QString version = ReadVersionString(device);

@@ -1,0 +1,63 @@
+// brindle-bench: measures Brindle's performance figures and prints each as
+// one JSON object per line, {"name": ..., "value": ..., "unit": ...}.
+//
+//   brindle-bench            every figure
+//   brindle-bench NAME...    only the named figures
+//   brindle-bench --list     the names
+
+#include "BenchFigures.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QStringList>
+
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+QByteArray jsonString(const QString& text)
+{
+    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    return array.mid(1, array.size() - 2); // the string without the brackets around it
+}
+
+// Keys in the order readers of the figures expect: name, value, unit.
+void printFigure(const BenchFigure& figure, double value)
+{
+    std::printf("{\"name\": %s, \"value\": %s, \"unit\": %s}\n", jsonString(figure.name()).constData(),
+                QByteArray::number(value, 'g', 6).constData(), jsonString(figure.unit()).constData());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    QStringList wanted = app.arguments().mid(1);
+    const auto figures = allBenchFigures();
+
+    if (wanted == QStringList{QStringLiteral("--list")}) {
+        for (const auto& figure : figures)
+            std::printf("%s\n", qPrintable(figure->name()));
+        return 0;
+    }
+
+    int failures = 0;
+    for (const auto& figure : figures) {
+        if (!wanted.isEmpty() && !wanted.removeAll(figure->name()))
+            continue;
+        const std::optional<double> value = figure->measure();
+        if (value && std::isfinite(*value))
+            printFigure(*figure, *value);
+        else
+            ++failures;
+    }
+    for (const QString& unknown : wanted) {
+        std::fprintf(stderr, "brindle-bench: no figure named %s\n", qPrintable(unknown));
+        ++failures;
+    }
+    return failures == 0 ? 0 : 1;
+}

@@ -1,0 +1,106 @@
+// Walks arbitrary bytes as a level. Besides crashes and sanitizer reports it
+// aborts on a walk that breaks what the editor relies on: positions within 32
+// bits, tables back to back after a complete walk, and the same answer
+// whatever the reader's window size.
+
+#include "BinaryReader.h"
+#include "C_LevelInfo.h"
+#include "LevelWalk.h"
+
+#include <QBuffer>
+#include <QByteArray>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+constexpr qint64 LongLimit = 0xFFFFFFFF;
+
+void require(bool condition)
+{
+    if (!condition)
+        std::abort();
+}
+
+bool fitsLong(qint64 value)
+{
+    return value >= 0 && value <= LongLimit;
+}
+
+void requireTableInRange(const TablePosition& table)
+{
+    require(fitsLong(table.offset) && fitsLong(table.number) && fitsLong(table.size));
+}
+
+void requireInRange(const LevelWalk::Result& walk)
+{
+    requireTableInRange(walk.objectTexture);
+    requireTableInRange(walk.spriteTexture);
+    requireTableInRange(walk.spriteSequence);
+    requireTableInRange(walk.animatedTexture);
+    require(fitsLong(walk.offsetCameras) && fitsLong(walk.offsetItems));
+}
+
+void requireBackToBack(const LevelWalk::Result& walk, LevelWalk::Game game)
+{
+    if (!walk.complete)
+        return;
+    require(walk.spriteSequence.offset == walk.spriteTexture.end());
+    require(walk.offsetCameras == walk.spriteSequence.end());
+    require(walk.animatedTexture.offset > walk.offsetCameras);
+    if (game == LevelWalk::Game::TR2) {
+        require(walk.spriteTexture.offset == walk.objectTexture.end());
+        require(walk.offsetItems == walk.animatedTexture.end());
+    } else {
+        require(walk.objectTexture.offset == walk.animatedTexture.end());
+        require(walk.offsetItems == walk.objectTexture.end());
+    }
+}
+
+bool sameWalk(const LevelWalk::Result& a, const LevelWalk::Result& b)
+{
+    return a.objectTexture == b.objectTexture && a.spriteTexture == b.spriteTexture
+        && a.spriteSequence == b.spriteSequence && a.animatedTexture == b.animatedTexture
+        && a.offsetCameras == b.offsetCameras && a.offsetItems == b.offsetItems
+        && a.tileCount == b.tileCount && a.roomCount == b.roomCount
+        && a.stateChangePosition == b.stateChangePosition && a.complete == b.complete;
+}
+
+LevelWalk::Result walkWithWindow(QBuffer& buffer, LevelWalk::Game game, qint64 window)
+{
+    BinaryReader reader(buffer, window);
+    return LevelWalk::walk(reader, game);
+}
+
+// Both games whatever the version says, so the walk itself is explored
+// without the fuzzer first having to find a version long.
+void walkAsEitherGame(QBuffer& buffer)
+{
+    for (LevelWalk::Game game : {LevelWalk::Game::TR2, LevelWalk::Game::TR3}) {
+        const LevelWalk::Result small = walkWithWindow(buffer, game, 16);
+        const LevelWalk::Result large = walkWithWindow(buffer, game, 1 << 16);
+        require(sameWalk(small, large));
+        requireInRange(small);
+        requireBackToBack(small, game);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::ReadOnly))
+        return 0;
+
+    C_LevelInfo info;
+    info.WalkDevice(buffer);
+    requireInRange(info.Walk());
+    require(info.FileLength() == qint64(size));
+
+    walkAsEitherGame(buffer);
+    return 0;
+}

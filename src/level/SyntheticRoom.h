@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QtGlobal>
+
+// One room of a synthetic level: only the counts the walk reads are chosen;
+// the header, the two ambient intensities, the TR2 light mode, the alternate
+// room and flags and the TR3 water scheme, reverb and filler are zeros.
+//
+// The bytes a count announces are zeros too. A negative count announces no
+// bytes. With countsOnly set the room writes its count fields and nothing
+// they announce, so a count can claim what the file does not hold: a data
+// word count of 0xFFFFFFFF, or 64 x 64 sectors, costs six bytes.
+struct SyntheticRoom
+{
+    quint32 dataWords = 0;
+    qint16 portals = 0;
+    qint16 sectorsZ = 0;
+    qint16 sectorsX = 0;
+    qint16 lights = 0;
+    qint16 staticMeshes = 0;
+    bool countsOnly = false;
+
+    static constexpr qint64 HeaderSize = 16;
+    static constexpr qint64 DataWordSize = 2;
+    static constexpr qint64 PortalSize = 32;
+    static constexpr qint64 SectorSize = 8;
+    static constexpr qint64 LightSize = 24;
+    static constexpr qint64 StaticMeshSize = 20;
+
+    friend bool operator==(const SyntheticRoom&, const SyntheticRoom&) = default;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "C_LevelInfo.h"
+#include "SyntheticLevel.h"
+#include "TablePosition.h"
+
+#include <QMetaType>
+
+// The positions a walk should report for a level; everything 0 and the walk
+// incomplete unless set.
+struct ExpectedWalk
+{
+    TablePosition objectTexture;
+    TablePosition spriteTexture;
+    TablePosition spriteSequence;
+    TablePosition animatedTexture;
+    qint64 cameras = 0;
+    qint64 items = 0;
+    bool complete = false;
+
+    // Every table where the level put it and the walk complete; the level's
+    // counts must not be overridden.
+    static ExpectedWalk of(const SyntheticLevel& level);
+
+    // The same walk with every position moved by bytes, as when a block early
+    // in the level grows.
+    ExpectedWalk shiftedBy(qint64 bytes) const;
+
+    // QCOMPAREs every position of info with this one.
+    void verify(const C_LevelInfo& info) const;
+};
+
+Q_DECLARE_METATYPE(ExpectedWalk)
