@@ -36,7 +36,8 @@ void printFigure(const BenchFigure& figure, double value)
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    QStringList wanted = app.arguments().mid(1);
+    const QStringList wanted = app.arguments().mid(1);
+    QStringList unknown = wanted;
     const auto figures = allBenchFigures();
 
     if (wanted == QStringList{QStringLiteral("--list")}) {
@@ -47,16 +48,17 @@ int main(int argc, char** argv)
 
     int failures = 0;
     for (const auto& figure : figures) {
-        if (!wanted.isEmpty() && !wanted.removeAll(figure->name()))
+        if (!wanted.isEmpty() && !wanted.contains(figure->name()))
             continue;
+        unknown.removeAll(figure->name());
         const std::optional<double> value = figure->measure();
         if (value && std::isfinite(*value))
             printFigure(*figure, *value);
         else
             ++failures;
     }
-    for (const QString& unknown : wanted) {
-        std::fprintf(stderr, "brindle-bench: no figure named %s\n", qPrintable(unknown));
+    for (const QString& name : unknown) {
+        std::fprintf(stderr, "brindle-bench: no figure named %s\n", qPrintable(name));
         ++failures;
     }
     return failures == 0 ? 0 : 1;

@@ -1,0 +1,59 @@
+#include "ListFigure.h"
+
+#include "BenchList.h"
+#include "C_ListInfo.h"
+#include "DurationSamples.h"
+#include "ListViewSet.h"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+qint16 openList(C_ListInfo& list, const QString& path, ListViewSet& views)
+{
+    const qint16 status = list.Init(path, QString(), QString(), &views.lsvTextures, &views.lsvAnims,
+                                    &views.lsvAnimDetails, &views.lsvSprites, &views.lsvSequences,
+                                    &views.lsvSequenceDetails);
+    return status == C_ListInfo::Success ? list.GetAllListContents() : status;
+}
+
+} // namespace
+
+QString ListFigure::name() const
+{
+    return m_job == Job::Open ? QStringLiteral("open_list_ms") : QStringLiteral("save_list_ms");
+}
+
+std::optional<double> ListFigure::measure()
+{
+    const QByteArray figure = name().toLatin1();
+    QTemporaryDir dir;
+    if (!BenchList::write(dir, qint64(2) * 1024 * 1024, figure.constData()))
+        return std::nullopt;
+
+    ListViewSet views;
+    C_ListInfo list;
+    if (openList(list, BenchList::listPath(dir), views) != C_ListInfo::Success
+        || views.lsvTextures.count() != BenchList::ObjectTextures) {
+        std::fprintf(stderr, "%s: the list does not open whole\n", figure.constData());
+        return std::nullopt;
+    }
+
+    DurationSamples samples;
+    QElapsedTimer timer;
+    for (int i = 0; i < Repetitions; ++i) {
+        timer.start();
+        const qint16 status = m_job == Job::Open ? openList(list, BenchList::listPath(dir), views)
+                                                 : list.PutAllListContents();
+        samples.add(timer.nsecsElapsed());
+        if (status != C_ListInfo::Success) {
+            std::fprintf(stderr, "%s: the list could not be %s\n", figure.constData(),
+                         m_job == Job::Open ? "read" : "written");
+            return std::nullopt;
+        }
+    }
+    return samples.median() / 1e6;
+}
