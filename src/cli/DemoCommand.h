@@ -1,17 +1,12 @@
 #pragma once
 
-#include <QStringList>
-
-class CommandLine;
+#include "Command.h"
 
 // demo DIR: writes the demo level, its bitmap and the list extracted from the
 // level into DIR (created if needed) and prints their absolute paths.
-class DemoCommand
+class DemoCommand : public Command
 {
 public:
-    explicit DemoCommand(CommandLine& cli) : m_cli(cli) {}
-    int run(const QStringList& words);
-
-private:
-    CommandLine& m_cli;
+    using Command::Command;
+    int run(const QStringList& words) override;
 };

@@ -4,6 +4,7 @@
 #include "CommandArguments.h"
 #include "CommandLine.h"
 #include "ListViewSet.h"
+#include "TablePositionFields.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -15,26 +16,16 @@ namespace {
 
 QList<QPair<QString, qint64>> numbers(const C_ListInfo& list)
 {
-    return {
+    QList<QPair<QString, qint64>> fields{
         {QStringLiteral("Version"), list.Version()},
         {QStringLiteral("TypeLevel"), list.TypeLevel()},
         {QStringLiteral("Offset_EOF"), list.Offset_EOF()},
-        {QStringLiteral("OffsetObjectTexture"), list.OffsetObjectTexture()},
-        {QStringLiteral("NumberObjectTexture"), list.NumberObjectTexture()},
-        {QStringLiteral("SizeObjectTexture"), list.SizeObjectTexture()},
-        {QStringLiteral("OffsetSpriteTexture"), list.OffsetSpriteTexture()},
-        {QStringLiteral("NumberSpriteTexture"), list.NumberSpriteTexture()},
-        {QStringLiteral("SizeSpriteTexture"), list.SizeSpriteTexture()},
-        {QStringLiteral("OffsetSpriteSequence"), list.OffsetSpriteSequence()},
-        {QStringLiteral("NumberSpriteSequence"), list.NumberSpriteSequence()},
-        {QStringLiteral("SizeSpriteSequence"), list.SizeSpriteSequence()},
-        {QStringLiteral("OffsetAnimatedTexture"), list.OffsetAnimatedTexture()},
-        {QStringLiteral("NumberAnimatedTexture"), list.NumberAnimatedTexture()},
-        {QStringLiteral("SizeAnimatedTexture"), list.SizeAnimatedTexture()},
-        {QStringLiteral("OffsetConcordanceTextures"), list.OffsetConcordanceTextures()},
-        {QStringLiteral("NumberConcordanceTextures"), list.NumberConcordanceTextures()},
-        {QStringLiteral("SizeConcordanceTextures"), list.SizeConcordanceTextures()},
     };
+    fields.append(TablePositionFields(list));
+    fields.append({{QStringLiteral("OffsetConcordanceTextures"), list.OffsetConcordanceTextures()},
+                   {QStringLiteral("NumberConcordanceTextures"), list.NumberConcordanceTextures()},
+                   {QStringLiteral("SizeConcordanceTextures"), list.SizeConcordanceTextures()}});
+    return fields;
 }
 
 QList<QPair<QString, ListViewModel*>> namedViews(ListViewSet& views)

@@ -1,17 +1,12 @@
 #pragma once
 
-#include <QStringList>
-
-class CommandLine;
+#include "Command.h"
 
 // dump LIST [--json]: a list's header, table positions and the rows of its
 // six views.
-class DumpCommand
+class DumpCommand : public Command
 {
 public:
-    explicit DumpCommand(CommandLine& cli) : m_cli(cli) {}
-    int run(const QStringList& words);
-
-private:
-    CommandLine& m_cli;
+    using Command::Command;
+    int run(const QStringList& words) override;
 };

@@ -1,17 +1,12 @@
 #pragma once
 
-#include <QStringList>
-
-class CommandLine;
+#include "Command.h"
 
 // extract LEVEL --bitmap BMP -o LIST: a new list made from a level, the same
 // bytes the editor's New List writes (absolute names, version from the level).
-class ExtractCommand
+class ExtractCommand : public Command
 {
 public:
-    explicit ExtractCommand(CommandLine& cli) : m_cli(cli) {}
-    int run(const QStringList& words);
-
-private:
-    CommandLine& m_cli;
+    using Command::Command;
+    int run(const QStringList& words) override;
 };

@@ -3,6 +3,7 @@
 #include "C_LevelInfo.h"
 #include "CommandArguments.h"
 #include "CommandLine.h"
+#include "TablePositionFields.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -13,22 +14,10 @@ namespace {
 
 QList<QPair<QString, qint64>> positions(const C_LevelInfo& level)
 {
-    return {
-        {QStringLiteral("OffsetObjectTexture"), level.OffsetObjectTexture()},
-        {QStringLiteral("NumberObjectTexture"), level.NumberObjectTexture()},
-        {QStringLiteral("SizeObjectTexture"), level.SizeObjectTexture()},
-        {QStringLiteral("OffsetSpriteTexture"), level.OffsetSpriteTexture()},
-        {QStringLiteral("NumberSpriteTexture"), level.NumberSpriteTexture()},
-        {QStringLiteral("SizeSpriteTexture"), level.SizeSpriteTexture()},
-        {QStringLiteral("OffsetSpriteSequence"), level.OffsetSpriteSequence()},
-        {QStringLiteral("NumberSpriteSequence"), level.NumberSpriteSequence()},
-        {QStringLiteral("SizeSpriteSequence"), level.SizeSpriteSequence()},
-        {QStringLiteral("OffsetAnimatedTexture"), level.OffsetAnimatedTexture()},
-        {QStringLiteral("NumberAnimatedTexture"), level.NumberAnimatedTexture()},
-        {QStringLiteral("SizeAnimatedTexture"), level.SizeAnimatedTexture()},
-        {QStringLiteral("OffsetCameras"), level.OffsetCameras()},
-        {QStringLiteral("OffsetItems"), level.OffsetItems()},
-    };
+    QList<QPair<QString, qint64>> fields = TablePositionFields(level);
+    fields.append({QStringLiteral("OffsetCameras"), level.OffsetCameras()});
+    fields.append({QStringLiteral("OffsetItems"), level.OffsetItems()});
+    return fields;
 }
 
 } // namespace

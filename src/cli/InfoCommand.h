@@ -1,16 +1,11 @@
 #pragma once
 
-#include <QStringList>
-
-class CommandLine;
+#include "Command.h"
 
 // info LEVEL [--json]: the game version and every table position of a level.
-class InfoCommand
+class InfoCommand : public Command
 {
 public:
-    explicit InfoCommand(CommandLine& cli) : m_cli(cli) {}
-    int run(const QStringList& words);
-
-private:
-    CommandLine& m_cli;
+    using Command::Command;
+    int run(const QStringList& words) override;
 };

@@ -1,16 +1,11 @@
 #pragma once
 
-#include <QStringList>
-
-class CommandLine;
+#include "Command.h"
 
 // insert LEVEL LIST [-o OUT]: the level with the list's tables.
-class InsertCommand
+class InsertCommand : public Command
 {
 public:
-    explicit InsertCommand(CommandLine& cli) : m_cli(cli) {}
-    int run(const QStringList& words);
-
-private:
-    CommandLine& m_cli;
+    using Command::Command;
+    int run(const QStringList& words) override;
 };

@@ -67,6 +67,21 @@ public:
         put(pos, b, 4);
     }
     void reserve(qint64 size) { m_bytes.reserve(size); }
+
+    // A table at p: the row count of view as 32 bits, then one record per
+    // row. Returns the position after it.
+    template <class Record, class RecordOfRow>
+    qint64 putTable(qint64 p, const ListViewModel& view, RecordOfRow recordOfRow)
+    {
+        const int n = view.count();
+        put32(p, quint32(n));
+        char record[Record::Size];
+        for (int row = 0; row < n; ++row) {
+            recordOfRow(view, row).toBytes(record);
+            put(p + 4 + qint64(Record::Size) * row, record, Record::Size);
+        }
+        return p + 4 + qint64(Record::Size) * n;
+    }
     QByteArray bytes() const { return m_bytes; }
 
 private:
@@ -223,14 +238,7 @@ qint64 C_ListInfo::WriteListHeader(Image& image) const
 
 qint64 C_ListInfo::WriteObjectTextures(Image& image, qint64 p) const
 {
-    const int n = m_lsvTexture->count();
-    image.put32(p, quint32(n));
-    char record[ObjectTexture::Size];
-    for (int row = 0; row < n; ++row) {
-        m_TextureList::ObjectTextureOfRow(*m_lsvTexture, row).toBytes(record);
-        image.put(p + 4 + qint64(ObjectTexture::Size) * row, record, ObjectTexture::Size);
-    }
-    return p + 4 + qint64(ObjectTexture::Size) * n;
+    return image.putTable<ObjectTexture>(p, *m_lsvTexture, m_TextureList::ObjectTextureOfRow);
 }
 
 qint64 C_ListInfo::WriteAnimatedTextures(Image& image, qint64 p) const
@@ -250,24 +258,10 @@ qint64 C_ListInfo::WriteAnimatedTextures(Image& image, qint64 p) const
 
 qint64 C_ListInfo::WriteSpriteTextures(Image& image, qint64 p) const
 {
-    const int n = m_lsvSprites->count();
-    image.put32(p, quint32(n));
-    char record[SpriteTexture::Size];
-    for (int row = 0; row < n; ++row) {
-        m_SpriteList::SpriteOfRow(*m_lsvSprites, row).toBytes(record);
-        image.put(p + 4 + qint64(SpriteTexture::Size) * row, record, SpriteTexture::Size);
-    }
-    return p + 4 + qint64(SpriteTexture::Size) * n;
+    return image.putTable<SpriteTexture>(p, *m_lsvSprites, m_SpriteList::SpriteOfRow);
 }
 
 qint64 C_ListInfo::WriteSpriteSequences(Image& image, qint64 p) const
 {
-    const int n = m_lsvSequences->count();
-    image.put32(p, quint32(n));
-    char record[SpriteSequence::Size];
-    for (int row = 0; row < n; ++row) {
-        m_SpriteList::SequenceOfRow(*m_lsvSequences, row).toBytes(record);
-        image.put(p + 4 + qint64(SpriteSequence::Size) * row, record, SpriteSequence::Size);
-    }
-    return p + 4 + qint64(SpriteSequence::Size) * n;
+    return image.putTable<SpriteSequence>(p, *m_lsvSequences, m_SpriteList::SequenceOfRow);
 }

@@ -1,21 +1,12 @@
 #include "m_SpriteList.h"
 
-#include "BinaryReader.h"
 #include "NumberText.h"
+#include "TableRecords.h"
 #include "m_Code.h"
 
 #include <vector>
 
 namespace m_SpriteList {
-
-namespace {
-
-qint64 presentRecords(BinaryReader& file, const TablePosition& table, int recordSize)
-{
-    return qMin<qint64>(file.u32(table.offset), file.available(table.offset + 4) / recordSize);
-}
-
-} // namespace
 
 ListViewModel::Row RowOfSprite(const SpriteTexture& record, qint64 index, int width)
 {
@@ -40,17 +31,12 @@ SpriteTexture SpriteOfRow(const ListViewModel& lsvSprites, int row)
 void FillSprites(BinaryReader& file, const TablePosition& table, ListViewModel& lsvSprites)
 {
     lsvSprites.clear();
-    if (table.offset == 0 || table.number == 0)
-        return;
-    const qint64 count = presentRecords(file, table, SpriteTexture::Size);
-    if (count <= 0)
-        return;
-    const QByteArray records = file.bytes(table.offset + 4, count * SpriteTexture::Size);
+    const QList<SpriteTexture> records = ReadTableRecords<SpriteTexture>(file, table);
     const int width = int(NumberText::of(table.number).size());
     std::vector<ListViewModel::Row> rows;
-    rows.reserve(size_t(count));
-    for (qint64 i = 0; i < count; ++i)
-        rows.push_back(RowOfSprite(SpriteTexture::fromBytes(records.constData() + i * SpriteTexture::Size), i, width));
+    rows.reserve(size_t(records.size()));
+    for (qsizetype i = 0; i < records.size(); ++i)
+        rows.push_back(RowOfSprite(records[i], i, width));
     lsvSprites.appendRows(std::move(rows));
 }
 
@@ -81,16 +67,11 @@ void FillSequences(BinaryReader& file, const TablePosition& table, ListViewModel
 {
     lsvSequences.clear();
     lsvSequenceDetails.clear();
-    if (table.offset == 0 || table.number == 0)
-        return;
-    const qint64 count = presentRecords(file, table, SpriteSequence::Size);
-    if (count <= 0)
-        return;
-    const QByteArray records = file.bytes(table.offset + 4, count * SpriteSequence::Size);
+    const QList<SpriteSequence> records = ReadTableRecords<SpriteSequence>(file, table);
     std::vector<ListViewModel::Row> rows;
-    rows.reserve(size_t(count));
-    for (qint64 i = 0; i < count; ++i)
-        rows.push_back(RowOfSequence(SpriteSequence::fromBytes(records.constData() + i * SpriteSequence::Size), i));
+    rows.reserve(size_t(records.size()));
+    for (qsizetype i = 0; i < records.size(); ++i)
+        rows.push_back(RowOfSequence(records[i], i));
     std::vector<ListViewModel::Row> details = rows;
     lsvSequences.appendRows(std::move(rows));
     lsvSequenceDetails.appendRows(std::move(details));

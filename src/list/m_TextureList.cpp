@@ -1,10 +1,11 @@
 #include "m_TextureList.h"
 
-#include "BinaryReader.h"
 #include "NumberText.h"
+#include "TableRecords.h"
 #include "m_Code.h"
 
 #include <QHash>
+#include <QtEndian>
 
 #include <vector>
 
@@ -17,12 +18,13 @@ int digitCount(qint64 number)
     return int(NumberText::of(number).size());
 }
 
-// Records of recordSize bytes that follow the count at offset and lie wholly
-// inside the file, at most the count.
-qint64 presentRecords(BinaryReader& file, qint64 offset, qint64 count, int recordSize)
+// One word of the animated texture block, read like the other tables' records.
+struct BlockWord
 {
-    return qMin(count, file.available(offset + 4) / recordSize);
-}
+    static constexpr int Size = 2;
+    quint16 value;
+    static BlockWord fromBytes(const char* data) { return {qFromLittleEndian<quint16>(data)}; }
+};
 
 } // namespace
 
@@ -49,19 +51,12 @@ ObjectTexture ObjectTextureOfRow(const ListViewModel& lsvTexture, int row)
 void FillObjectTextures(BinaryReader& file, const TablePosition& table, ListViewModel& lsvTexture)
 {
     lsvTexture.clear();
-    if (table.offset == 0 || table.number == 0)
-        return;
-    const qint64 count = presentRecords(file, table.offset, file.u32(table.offset), ObjectTexture::Size);
-    if (count <= 0)
-        return;
-    const QByteArray records = file.bytes(table.offset + 4, count * ObjectTexture::Size);
+    const QList<ObjectTexture> records = ReadTableRecords<ObjectTexture>(file, table);
     const int width = digitCount(table.number);
     std::vector<ListViewModel::Row> rows;
-    rows.reserve(size_t(count));
-    for (qint64 i = 0; i < count; ++i) {
-        const ObjectTexture record = ObjectTexture::fromBytes(records.constData() + i * ObjectTexture::Size);
-        rows.push_back(RowOfObjectTexture(record, i, width));
-    }
+    rows.reserve(size_t(records.size()));
+    for (qsizetype i = 0; i < records.size(); ++i)
+        rows.push_back(RowOfObjectTexture(records[i], i, width));
     lsvTexture.appendRows(std::move(rows));
 }
 
@@ -96,19 +91,12 @@ void FillAnimations(const AnimatedTextureBlock& block, ListViewModel& lsvAnims, 
 void FillAnimations(BinaryReader& file, const TablePosition& table, ListViewModel& lsvAnims,
                     ListViewModel& lsvAnimDetails)
 {
-    lsvAnims.clear();
-    lsvAnimDetails.clear();
-    if (table.offset == 0 || table.number == 0)
-        return;
-    const qint64 words = presentRecords(file, table.offset, file.u32(table.offset), 2);
-    if (words <= 0)
-        return;
-    const QByteArray bytes = file.bytes(table.offset + 4, words * 2);
-    QList<quint16> values(words);
-    for (qint64 i = 0; i < words; ++i)
-        values[i] = quint16(quint8(bytes[i * 2]) | (quint8(bytes[i * 2 + 1]) << 8));
-    FillAnimations(AnimatedTextureBlock::fromWords(values.constData(), values.size()), lsvAnims,
-                   lsvAnimDetails);
+    const QList<BlockWord> read = ReadTableRecords<BlockWord>(file, table);
+    QList<quint16> words;
+    words.reserve(read.size());
+    for (const BlockWord& word : read)
+        words.append(word.value);
+    FillAnimations(AnimatedTextureBlock::fromWords(words.constData(), words.size()), lsvAnims, lsvAnimDetails);
 }
 
 QList<quint16> AnimatedTextureWords(const ListViewModel& lsvAnims, const ListViewModel& lsvAnimDetails)
