@@ -1,0 +1,26 @@
+#include "m_IndexList.h"
+
+#include "ListViewModel.h"
+#include "NumberText.h"
+
+#include <vector>
+
+namespace m_IndexList {
+
+void FillIndexList(qint64 count, ListViewModel& listView, const QString& prefix, bool withNoneAll)
+{
+    listView.clear();
+    std::vector<ListViewModel::Row> rows;
+    rows.reserve(size_t(qMax<qint64>(0, count)) + 2);
+    if (withNoneAll) {
+        for (const QString& fixed : {QStringLiteral("None"), QStringLiteral("All")})
+            rows.push_back({fixed, fixed, {}, Qt::Unchecked});
+    }
+    for (qint64 i = 1; i <= count; ++i) {
+        const QString number = NumberText::of(i);
+        rows.push_back({prefix + number, number, {}, Qt::Unchecked});
+    }
+    listView.appendRows(std::move(rows));
+}
+
+} // namespace m_IndexList

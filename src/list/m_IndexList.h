@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+class ListViewModel;
+
+// The index lists the drawing and animation pages pick from: one row per
+// texture, numbered from 1, optionally after the rows "None" and "All".
+namespace m_IndexList {
+
+// Empties listView, then adds "None" and "All" (keys as texts) when asked,
+// then rows 1 to count with key prefix and the number (T1, T2, ...) and the
+// number as text. A count of 0 or less adds no numbered rows.
+void FillIndexList(qint64 count, ListViewModel& listView, const QString& prefix, bool withNoneAll);
+
+} // namespace m_IndexList
