@@ -132,17 +132,19 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
     if (!output.open())
         return Refuse(Status::WriteFailed, result.outputPath + QStringLiteral(": ") + output.errorString());
 
-    if (progress)
-        progress(0, level.FileLength());
+    const qint64 levelLength = level.FileLength();
+    const auto report = [&](qint64 copied) {
+        if (progress)
+            progress(copied, levelLength);
+    };
+    report(0);
     qint64 at = 0;
     bool ok = true;
     for (const Range& range : CopyPlan(level, list)) {
         QFile& source = range.source == Range::Level ? levelFile : listFile;
-        at = CopyFileRange(source, output, range.first, range.last, at, ok);
+        at = CopyFileRange(source, output, range.first, range.last, at, ok, report);
         if (!ok)
             break;
-        if (progress)
-            progress(at, level.FileLength());
     }
     if (!ok || !output.commit())
         return Refuse(Status::WriteFailed, result.outputPath + QStringLiteral(": ") + output.errorString());
@@ -150,7 +152,7 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
 }
 
 qint64 C_ListInserter::CopyFileRange(QFile& src, TailKeepingSaveFile& dst, qint64 first, qint64 last,
-                                     qint64 at, bool& ok)
+                                     qint64 at, bool& ok, const std::function<void(qint64)>& copied)
 {
     // Only bytes the source holds are copied; the callers check beforehand
     // that every range lies inside its file.
@@ -166,6 +168,7 @@ qint64 C_ListInserter::CopyFileRange(QFile& src, TailKeepingSaveFile& dst, qint6
         }
         pos += chunk.size();
         at += chunk.size();
+        copied(at);
     }
     return at;
 }

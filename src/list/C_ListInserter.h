@@ -49,7 +49,7 @@ public:
         friend bool operator==(const Range&, const Range&) = default;
     };
 
-    // Called with the bytes written so far.
+    // Called with the bytes written so far, from 0 and then after every chunk.
     using Progress = std::function<void(qint64 bytesCopied, qint64 levelLength)>;
 
     Result Insert(const QString& levelPath, const QString& listPath, const QString& outputPath = {},
@@ -64,8 +64,9 @@ public:
     static QString DefaultOutputPath(const QString& levelPath);
 
 private:
-    // Copies bytes first..last of src to dst; returns the next output position.
+    // Copies bytes first..last of src to dst, telling copied the output
+    // position after every chunk; returns the next output position.
     static qint64 CopyFileRange(QFile& src, TailKeepingSaveFile& dst, qint64 first, qint64 last, qint64 at,
-                                bool& ok);
+                                bool& ok, const std::function<void(qint64)>& copied);
     static Result Refuse(Status status, const QString& error);
 };
