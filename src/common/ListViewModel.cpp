@@ -61,31 +61,34 @@ int ListViewModel::addRow(const QString& key, const QString& text, const QString
 
 int ListViewModel::appendRows(std::vector<Row>&& rows)
 {
+    if (m_sorted) {
+        int added = 0;
+        for (Row& row : rows)
+            added += addRow(row.key, row.text, row.subItems) >= 0;
+        return added;
+    }
+    // Keys are claimed as the rows are accepted, so a key taken by an
+    // earlier row, of the model or of this batch, turns the later one away.
+    const int first = count();
+    int next = first;
+    m_keyIndex.reserve(m_keyIndex.size() + qsizetype(rows.size()));
     std::vector<Row> accepted;
     accepted.reserve(rows.size());
-    QHash<QString, int> newKeys;
     for (Row& row : rows) {
         if (!row.key.isEmpty()) {
-            if (m_keyIndex.contains(row.key) || newKeys.contains(row.key))
+            if (m_keyIndex.contains(row.key))
                 continue;
-            newKeys.insert(row.key, 0);
+            m_keyIndex.insert(row.key, next);
         }
         accepted.push_back(std::move(row));
+        ++next;
     }
     if (accepted.empty())
         return 0;
-    if (m_sorted) {
-        for (Row& row : accepted)
-            addRow(row.key, row.text, row.subItems);
-        return int(accepted.size());
-    }
-    const int first = count();
-    beginInsertRows({}, first, first + int(accepted.size()) - 1);
-    m_keyIndex.reserve(m_keyIndex.size() + newKeys.size());
+    beginInsertRows({}, first, next - 1);
     m_rows.reserve(m_rows.size() + accepted.size());
     for (Row& row : accepted)
         m_rows.push_back(std::move(row));
-    reindexFrom(first);
     endInsertRows();
     return int(accepted.size());
 }
