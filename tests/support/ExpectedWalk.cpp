@@ -2,62 +2,48 @@
 
 #include <QTest>
 
-namespace {
-
-TablePosition tableOf(const SyntheticLevel& level, SyntheticField field, qint64 offset, int recordSize)
-{
-    const qint64 number = level.count(field);
-    return {offset, number, number * recordSize};
-}
-
-void compareTable(const TablePosition& actual, const TablePosition& expected, const char* name)
-{
-    if (actual == expected)
-        return;
-    QFAIL(qPrintable(QStringLiteral("%1: walked {offset %2, number %3, size %4}, expected {%5, %6, %7}")
-                         .arg(QLatin1String(name))
-                         .arg(actual.offset).arg(actual.number).arg(actual.size)
-                         .arg(expected.offset).arg(expected.number).arg(expected.size)));
-}
-
-} // namespace
-
 ExpectedWalk ExpectedWalk::of(const SyntheticLevel& level)
 {
     const SyntheticLayout layout = level.layout();
-    ExpectedWalk expected;
-    expected.objectTexture = tableOf(level, SyntheticField::ObjectTextures, layout.objectTexture(), ObjectTexture::Size);
-    expected.spriteTexture = tableOf(level, SyntheticField::SpriteTextures, layout.spriteTexture(), SpriteTexture::Size);
-    expected.spriteSequence = tableOf(level, SyntheticField::SpriteSequences, layout.spriteSequence(), SpriteSequence::Size);
-    expected.animatedTexture = tableOf(level, SyntheticField::AnimatedTextures, layout.animatedTexture(), 2);
-    expected.cameras = layout.cameras();
-    expected.items = layout.items();
-    expected.complete = true;
-    return expected;
+    const auto table = [&](SyntheticField field, int recordSize) {
+        return TablePosition{layout.at(field), level.count(field), level.count(field) * recordSize};
+    };
+    return {table(SyntheticField::ObjectTextures, ObjectTexture::Size),
+            table(SyntheticField::SpriteTextures, SpriteTexture::Size),
+            table(SyntheticField::SpriteSequences, SpriteSequence::Size),
+            table(SyntheticField::AnimatedTextures, 2),
+            layout.cameras(),
+            layout.items(),
+            true};
 }
 
 ExpectedWalk ExpectedWalk::shiftedBy(qint64 bytes) const
 {
     ExpectedWalk moved = *this;
-    for (TablePosition* table : {&moved.objectTexture, &moved.spriteTexture, &moved.spriteSequence,
-                                 &moved.animatedTexture})
-        table->offset += bytes;
-    moved.cameras += bytes;
-    moved.items += bytes;
+    for (qint64* position : {&moved.objectTexture.offset, &moved.spriteTexture.offset, &moved.spriteSequence.offset,
+                             &moved.animatedTexture.offset, &moved.cameras, &moved.items})
+        *position += bytes;
     return moved;
+}
+
+QList<qint64> ExpectedWalk::positions() const
+{
+    QList<qint64> all;
+    for (const TablePosition& table : {objectTexture, spriteTexture, spriteSequence, animatedTexture})
+        all << table.offset << table.number << table.size;
+    return all << cameras << items << complete;
+}
+
+QList<qint64> ExpectedWalk::walked(const C_LevelInfo& info)
+{
+    return {info.OffsetObjectTexture(), info.NumberObjectTexture(), info.SizeObjectTexture(),
+            info.OffsetSpriteTexture(), info.NumberSpriteTexture(), info.SizeSpriteTexture(),
+            info.OffsetSpriteSequence(), info.NumberSpriteSequence(), info.SizeSpriteSequence(),
+            info.OffsetAnimatedTexture(), info.NumberAnimatedTexture(), info.SizeAnimatedTexture(),
+            info.OffsetCameras(), info.OffsetItems(), info.IsWalkComplete()};
 }
 
 void ExpectedWalk::verify(const C_LevelInfo& info) const
 {
-    compareTable({info.OffsetObjectTexture(), info.NumberObjectTexture(), info.SizeObjectTexture()},
-                 objectTexture, "object textures");
-    compareTable({info.OffsetSpriteTexture(), info.NumberSpriteTexture(), info.SizeSpriteTexture()},
-                 spriteTexture, "sprite textures");
-    compareTable({info.OffsetSpriteSequence(), info.NumberSpriteSequence(), info.SizeSpriteSequence()},
-                 spriteSequence, "sprite sequences");
-    compareTable({info.OffsetAnimatedTexture(), info.NumberAnimatedTexture(), info.SizeAnimatedTexture()},
-                 animatedTexture, "animated textures");
-    QCOMPARE(info.OffsetCameras(), cameras);
-    QCOMPARE(info.OffsetItems(), items);
-    QCOMPARE(info.IsWalkComplete(), complete);
+    QCOMPARE(walked(info), positions());
 }

@@ -4,6 +4,7 @@
 #include "SyntheticLevel.h"
 #include "TablePosition.h"
 
+#include <QList>
 #include <QMetaType>
 
 // The positions a walk should report for a level; everything 0 and the walk
@@ -26,7 +27,12 @@ struct ExpectedWalk
     // in the level grows.
     ExpectedWalk shiftedBy(qint64 bytes) const;
 
-    // QCOMPAREs every position of info with this one.
+    // Offset, number and size of the object texture, sprite texture, sprite
+    // sequence and animated texture tables, then the camera and item offsets
+    // and 1 for a complete walk: as expected here, and as info tells them.
+    QList<qint64> positions() const;
+    static QList<qint64> walked(const C_LevelInfo& info);
+
     void verify(const C_LevelInfo& info) const;
 };
 

@@ -1,37 +1,44 @@
 #include "ListFixture.h"
 
+#include "C_ListInfo.h"
 #include "ListViewSet.h"
 #include "m_SpriteList.h"
 #include "m_TextureList.h"
 
-#include <QFile>
 #include <QRandomGenerator>
 
 #include <vector>
+
+namespace {
+
+template <typename Record>
+QList<Record> randomRecords(QRandomGenerator& random, int n)
+{
+    QList<Record> records;
+    char bytes[Record::Size];
+    for (int i = 0; i < n; ++i) {
+        for (char& b : bytes)
+            b = char(random.bounded(256));
+        records.append(Record::fromBytes(bytes));
+    }
+    return records;
+}
+
+} // namespace
 
 ListFixture ListFixture::random(int textures, int ranges, int rangeLength, int spriteCount, int sequenceCount,
                                 quint32 seed)
 {
     QRandomGenerator random(seed);
     ListFixture fixture;
-    for (int i = 0; i < textures; ++i) {
-        char bytes[ObjectTexture::Size];
-        for (char& b : bytes)
-            b = char(random.bounded(256));
-        fixture.objectTextures.append(ObjectTexture::fromBytes(bytes));
-    }
+    fixture.objectTextures = randomRecords<ObjectTexture>(random, textures);
     for (int r = 0; r < ranges; ++r) {
         AnimatedTextureBlock::Range range;
         for (int i = 0; i < rangeLength; ++i)
             range.append(quint16(r * rangeLength + i));
         fixture.animations.ranges.append(range);
     }
-    for (int i = 0; i < spriteCount; ++i) {
-        char bytes[SpriteTexture::Size];
-        for (char& b : bytes)
-            b = char(random.bounded(256));
-        fixture.sprites.append(SpriteTexture::fromBytes(bytes));
-    }
+    fixture.sprites = randomRecords<SpriteTexture>(random, spriteCount);
     for (int i = 0; i < sequenceCount; ++i) {
         SpriteSequence s;
         s.objectId = qint32(random.generate());
@@ -67,16 +74,34 @@ void ListFixture::fill(ListViewSet& views) const
     views.lsvSequenceDetails.appendRows(std::move(details));
 }
 
-QByteArray ListFixture::readFile(const QString& path)
+qint16 ListFixture::write(ListViewSet& views, const QString& path, const QString& level, const QString& bitmap) const
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return file.readAll();
+    fill(views);
+    C_ListInfo list;
+    init(list, views, path, level, bitmap);
+    return list.PutAllListContents();
 }
 
-bool ListFixture::writeFile(const QString& path, const QByteArray& bytes)
+qint16 ListFixture::init(C_ListInfo& list, ListViewSet& views, const QString& path, const QString& level,
+                         const QString& bitmap)
 {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size();
+    return list.Init(path, level, bitmap, &views.lsvTextures, &views.lsvAnims, &views.lsvAnimDetails,
+                     &views.lsvSprites, &views.lsvSequences, &views.lsvSequenceDetails);
+}
+
+qint16 ListFixture::open(C_ListInfo& list, ListViewSet& views, const QString& path)
+{
+    const qint16 status = init(list, views, path);
+    return status == C_ListInfo::Success ? list.GetAllListContents() : status;
+}
+
+QList<QStringList> ListFixture::viewRows(ListViewSet& views)
+{
+    QList<QStringList> all;
+    for (const ListViewModel* view : views.all()) {
+        all.append({QStringLiteral("%1 rows").arg(view->count())});
+        for (int i = 0; i < view->count(); ++i)
+            all.append(QStringList{view->key(i), view->text(i)} + view->row(i).subItems);
+    }
+    return all;
 }

@@ -5,10 +5,11 @@
 #include "SpriteSequence.h"
 #include "SpriteTexture.h"
 
-#include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
+class C_ListInfo;
 class ListViewSet;
 
 // Texture tables made up for tests, and the views filled from them with the
@@ -27,6 +28,17 @@ struct ListFixture
 
     void fill(ListViewSet& views) const;
 
-    static QByteArray readFile(const QString& path);
-    static bool writeFile(const QString& path, const QByteArray& bytes);
+    // Fills views with these tables and saves them as a new list of level.
+    qint16 write(ListViewSet& views, const QString& path, const QString& level,
+                 const QString& bitmap = QStringLiteral("C:\\a.bmp")) const;
+
+    // Binds list to the six views: a new list of level when one is named,
+    // otherwise the list file at path, read as far as its header.
+    static qint16 init(C_ListInfo& list, ListViewSet& views, const QString& path, const QString& level = {},
+                       const QString& bitmap = {});
+    // init, then the rows: the status of the first step that fails.
+    static qint16 open(C_ListInfo& list, ListViewSet& views, const QString& path);
+
+    // Every row of every view: its key, text and sub-items.
+    static QList<QStringList> viewRows(ListViewSet& views);
 };
