@@ -10,18 +10,6 @@
 
 #include <cstdio>
 
-namespace {
-
-qint16 openList(C_ListInfo& list, const QString& path, ListViewSet& views)
-{
-    const qint16 status = list.Init(path, QString(), QString(), &views.lsvTextures, &views.lsvAnims,
-                                    &views.lsvAnimDetails, &views.lsvSprites, &views.lsvSequences,
-                                    &views.lsvSequenceDetails);
-    return status == C_ListInfo::Success ? list.GetAllListContents() : status;
-}
-
-} // namespace
-
 QString ListFigure::name() const
 {
     return m_job == Job::Open ? QStringLiteral("open_list_ms") : QStringLiteral("save_list_ms");
@@ -36,7 +24,7 @@ std::optional<double> ListFigure::measure()
 
     ListViewSet views;
     C_ListInfo list;
-    if (openList(list, BenchList::listPath(dir), views) != C_ListInfo::Success
+    if (views.openList(list, BenchList::listPath(dir)) != C_ListInfo::Success
         || views.lsvTextures.count() != BenchList::ObjectTextures) {
         std::fprintf(stderr, "%s: the list does not open whole\n", figure.constData());
         return std::nullopt;
@@ -46,7 +34,7 @@ std::optional<double> ListFigure::measure()
     QElapsedTimer timer;
     for (int i = 0; i < Repetitions; ++i) {
         timer.start();
-        const qint16 status = m_job == Job::Open ? openList(list, BenchList::listPath(dir), views)
+        const qint16 status = m_job == Job::Open ? views.openList(list, BenchList::listPath(dir))
                                                  : list.PutAllListContents();
         samples.add(timer.nsecsElapsed());
         if (status != C_ListInfo::Success) {

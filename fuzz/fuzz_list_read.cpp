@@ -10,18 +10,6 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace {
-
-qint16 openList(C_ListInfo& list, const QString& path, ListViewSet& views)
-{
-    const qint16 status = list.Init(path, QString(), QString(), &views.lsvTextures, &views.lsvAnims,
-                                    &views.lsvAnimDetails, &views.lsvSprites, &views.lsvSequences,
-                                    &views.lsvSequenceDetails);
-    return status == C_ListInfo::Success ? list.GetAllListContents() : status;
-}
-
-} // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     static QTemporaryDir dir;
@@ -34,18 +22,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     }
     ListViewSet views;
     C_ListInfo list;
-    if (openList(list, input, views) != C_ListInfo::Success)
+    if (views.openList(list, input) != C_ListInfo::Success)
         return 0;
 
     const QString rewritten = dir.filePath(QStringLiteral("rewritten.trt"));
     QFile::remove(rewritten);
     C_ListInfo copy;
-    copy.Init(rewritten, input, list.BitMapName(), &views.lsvTextures, &views.lsvAnims, &views.lsvAnimDetails,
-              &views.lsvSprites, &views.lsvSequences, &views.lsvSequenceDetails);
+    views.initList(copy, rewritten, input, list.BitMapName());
     if (copy.PutAllListContents() != C_ListInfo::Success)
         return 0;
     ListViewSet again;
     C_ListInfo reread;
-    openList(reread, rewritten, again);
+    again.openList(reread, rewritten);
     return 0;
 }

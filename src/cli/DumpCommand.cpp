@@ -98,10 +98,7 @@ int DumpCommand::run(const QStringList& words)
     const QString path = args.positionals().first();
     ListViewSet views;
     C_ListInfo list;
-    const qint16 opened = list.Init(path, QString(), QString(), &views.lsvTextures, &views.lsvAnims,
-                                    &views.lsvAnimDetails, &views.lsvSprites, &views.lsvSequences,
-                                    &views.lsvSequenceDetails);
-    if (opened != C_ListInfo::Success || list.GetAllListContents() != C_ListInfo::Success)
+    if (views.openList(list, path) != C_ListInfo::Success)
         return m_cli.fail(CommandLine::InputUnreadable, path, list.ErrorString());
 
     if (args.hasFlag(QStringLiteral("--json")))

@@ -38,8 +38,7 @@ LevelListExtractor::Result LevelListExtractor::Extract(const QString& levelPath,
         return failure(Status::LevelUnreadable, levelPath, QStringLiteral("cannot be read"));
     }
     C_ListInfo list;
-    list.Init(listPath, levelPath, bitmapPath, &views.lsvTextures, &views.lsvAnims, &views.lsvAnimDetails,
-              &views.lsvSprites, &views.lsvSequences, &views.lsvSequenceDetails);
+    views.initList(list, listPath, levelPath, bitmapPath);
     if (list.PutAllListContents() != C_ListInfo::Success)
         return failure(Status::WriteFailed, listPath, list.ErrorString());
     return {};

@@ -1,5 +1,6 @@
 #include "ListViewSet.h"
 
+#include "C_ListInfo.h"
 #include "ObjectTexture.h"
 #include "SpriteSequence.h"
 #include "SpriteTexture.h"
@@ -19,6 +20,19 @@ void ListViewSet::clear()
 {
     for (ListViewModel* view : all())
         view->clear();
+}
+
+qint16 ListViewSet::initList(C_ListInfo& list, const QString& listPath, const QString& levelPath,
+                             const QString& bitmapPath)
+{
+    return list.Init(listPath, levelPath, bitmapPath, &lsvTextures, &lsvAnims, &lsvAnimDetails, &lsvSprites,
+                     &lsvSequences, &lsvSequenceDetails);
+}
+
+qint16 ListViewSet::openList(C_ListInfo& list, const QString& listPath)
+{
+    const qint16 status = initList(list, listPath);
+    return status == C_ListInfo::Success ? list.GetAllListContents() : status;
 }
 
 QList<ListViewModel*> ListViewSet::all()

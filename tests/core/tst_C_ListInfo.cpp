@@ -108,7 +108,7 @@ private slots:
         fixture.animations.ranges = {{5, 6}, {5, 7}};
         ListViewSet reread;
         C_ListInfo info;
-        QCOMPARE(ListFixture::open(info, reread, written(QStringLiteral("shared-first.trt"), fixture)),
+        QCOMPARE(reread.openList(info, written(QStringLiteral("shared-first.trt"), fixture)),
                  C_ListInfo::Success);
         QCOMPARE(reread.lsvAnimDetails.subItem(3, 1), QStringLiteral("6"));
     }
@@ -131,7 +131,7 @@ private slots:
         const QByteArray bytes = ScratchDir::read(list);
         C_ListInfo info;
         ListViewSet reread;
-        QCOMPARE(ListFixture::open(info, reread, list), C_ListInfo::Success);
+        QCOMPARE(reread.openList(info, list), C_ListInfo::Success);
         const qint64 p = info.OffsetAnimatedTexture();
         QCOMPARE(bytes.mid(p, 6), QByteArray(6, '\0'));
         QCOMPARE(u32(bytes, p + 6), quint32(sprites)); // where the writer put the sprite count
@@ -172,7 +172,7 @@ private slots:
         const QByteArray first = ScratchDir::read(list);
         ListViewSet reread;
         C_ListInfo info;
-        QCOMPARE(ListFixture::open(info, reread, list), C_ListInfo::Success);
+        QCOMPARE(reread.openList(info, list), C_ListInfo::Success);
         QCOMPARE(ListFixture::viewRows(reread), ListFixture::viewRows(written));
         QCOMPARE(info.PutAllListContents(), C_ListInfo::Success);
         QCOMPARE(ScratchDir::read(list), first);
@@ -185,7 +185,7 @@ private slots:
         const QString list = written(QStringLiteral("layouts.trt"), fixture);
         ListViewSet reread;
         C_ListInfo info;
-        QCOMPARE(ListFixture::open(info, reread, list), C_ListInfo::Success);
+        QCOMPARE(reread.openList(info, list), C_ListInfo::Success);
         QCOMPARE(reread.lsvTextures.text(0), QStringLiteral("000"));
         QCOMPARE(reread.lsvTextures.key(119), QStringLiteral("T119"));
         QCOMPARE(reread.lsvAnims.text(1), QStringLiteral("01"));
@@ -219,7 +219,7 @@ private slots:
 
         const QString list = m_dir.filePath(QStringLiteral("not-yet.trt"));
         C_ListInfo fresh;
-        QCOMPARE(ListFixture::init(fresh, views, list, levelOf(LevelVersion::TR3), QStringLiteral("b.bmp")),
+        QCOMPARE(views.initList(fresh, list, levelOf(LevelVersion::TR3), QStringLiteral("b.bmp")),
                  C_ListInfo::Success);
         QCOMPARE(fresh.VersionString(), QStringLiteral("FF180038"));
         QCOMPARE(fresh.TypeLevel(), qint16(0));
@@ -243,11 +243,11 @@ private slots:
         ListFixture::random(4, 1, 2, 1, 1, 8).fill(views);
         const QString missing = m_dir.filePath(QStringLiteral("missing.trt"));
         C_ListInfo absent;
-        QCOMPARE(ListFixture::open(absent, views, missing), C_ListInfo::Failure);
+        QCOMPARE(views.openList(absent, missing), C_ListInfo::Failure);
         QVERIFY(!absent.ErrorString().isEmpty());
         QCOMPARE(absent.InitForInsert(m_dir.path()), C_ListInfo::Failure);
         C_ListInfo unread;
-        ListFixture::init(unread, views, missing, levelOf(LevelVersion::TR2), QStringLiteral("b.bmp"));
+        views.initList(unread, missing, levelOf(LevelVersion::TR2), QStringLiteral("b.bmp"));
         QCOMPARE(unread.GetAllListContents(), C_ListInfo::Failure);
         QCOMPARE(views.lsvTextures.count(), 4);
         QVERIFY(!QFile::exists(missing));
@@ -257,7 +257,7 @@ private slots:
         QVERIFY(QDir().mkpath(folder));
         for (const QString& target : {folder, m_dir.filePath(QStringLiteral("no/such/dir/x.trt"))}) {
             C_ListInfo unwritable;
-            ListFixture::init(unwritable, views, target, levelOf(LevelVersion::TR2), QStringLiteral("b.bmp"));
+            views.initList(unwritable, target, levelOf(LevelVersion::TR2), QStringLiteral("b.bmp"));
             QCOMPARE(unwritable.PutAllListContents(), C_ListInfo::Failure);
         }
         QVERIFY(QFileInfo(folder).isDir());
@@ -273,7 +273,7 @@ private slots:
         const QByteArray after = ScratchDir::read(list);
         ListViewSet reread;
         C_ListInfo info;
-        QCOMPARE(ListFixture::open(info, reread, list), C_ListInfo::Success);
+        QCOMPARE(reread.openList(info, list), C_ListInfo::Success);
         QCOMPARE(after.size(), longer.size());
         QCOMPARE(after.mid(info.Offset_EOF()), longer.mid(info.Offset_EOF()));
         QCOMPARE(ListFixture::viewRows(reread), ListFixture::viewRows(fewer));
@@ -297,7 +297,7 @@ private slots:
         const QString list = m_dir.write(QStringLiteral("hostile.trt"), bytes);
         ListViewSet views;
         C_ListInfo info;
-        QCOMPARE(ListFixture::open(info, views, list), C_ListInfo::Success);
+        QCOMPARE(views.openList(info, list), C_ListInfo::Success);
         QVERIFY(views.lsvTextures.count() <= bytes.size() / 20);
         QVERIFY(views.lsvAnimDetails.count() <= bytes.size() / 2);
         QCOMPARE(ScratchDir::read(list), bytes);
@@ -309,7 +309,7 @@ private slots:
         for (qsizetype length = 0; length < bytes.size(); ++length) {
             ListViewSet reread;
             C_ListInfo info;
-            QCOMPARE(ListFixture::open(info, reread, m_dir.write(QStringLiteral("cut.trt"), bytes.left(length))),
+            QCOMPARE(reread.openList(info, m_dir.write(QStringLiteral("cut.trt"), bytes.left(length))),
                      C_ListInfo::Success);
             QVERIFY(reread.lsvTextures.count() <= 7);
             QVERIFY(reread.lsvSprites.count() <= qMax<qsizetype>(3, length / 16));

@@ -288,7 +288,7 @@ private slots:
 
         ListViewSet views;
         C_ListInfo list;
-        QCOMPARE(ListFixture::open(list, views, DemoLevel::listPath(dir.path())), C_ListInfo::Success);
+        QCOMPARE(views.openList(list, DemoLevel::listPath(dir.path())), C_ListInfo::Success);
         QCOMPARE(list.Version(), LevelVersion::TR2);
         QCOMPARE(list.LevelFileName(), DemoLevel::levelPath(dir.path()));
         QCOMPARE(list.BitMapName(), DemoLevel::bitmapPath(dir.path()));

@@ -78,21 +78,8 @@ qint16 ListFixture::write(ListViewSet& views, const QString& path, const QString
 {
     fill(views);
     C_ListInfo list;
-    init(list, views, path, level, bitmap);
+    views.initList(list, path, level, bitmap);
     return list.PutAllListContents();
-}
-
-qint16 ListFixture::init(C_ListInfo& list, ListViewSet& views, const QString& path, const QString& level,
-                         const QString& bitmap)
-{
-    return list.Init(path, level, bitmap, &views.lsvTextures, &views.lsvAnims, &views.lsvAnimDetails,
-                     &views.lsvSprites, &views.lsvSequences, &views.lsvSequenceDetails);
-}
-
-qint16 ListFixture::open(C_ListInfo& list, ListViewSet& views, const QString& path)
-{
-    const qint16 status = init(list, views, path);
-    return status == C_ListInfo::Success ? list.GetAllListContents() : status;
 }
 
 QList<QStringList> ListFixture::viewRows(ListViewSet& views)

@@ -32,13 +32,6 @@ struct ListFixture
     qint16 write(ListViewSet& views, const QString& path, const QString& level,
                  const QString& bitmap = QStringLiteral("C:\\a.bmp")) const;
 
-    // Binds list to the six views: a new list of level when one is named,
-    // otherwise the list file at path, read as far as its header.
-    static qint16 init(C_ListInfo& list, ListViewSet& views, const QString& path, const QString& level = {},
-                       const QString& bitmap = {});
-    // init, then the rows: the status of the first step that fails.
-    static qint16 open(C_ListInfo& list, ListViewSet& views, const QString& path);
-
     // Every row of every view: its key, text and sub-items.
     static QList<QStringList> viewRows(ListViewSet& views);
 };
