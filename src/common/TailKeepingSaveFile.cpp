@@ -71,10 +71,3 @@ bool TailKeepingSaveFile::commit()
     }
     return true;
 }
-
-void TailKeepingSaveFile::cancel()
-{
-    m_file.cancelWriting();
-    if (m_file.isOpen())
-        m_file.commit(); // after cancelWriting this discards the temporary file
-}

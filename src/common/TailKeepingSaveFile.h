@@ -19,7 +19,6 @@ public:
     qint64 written() const { return m_written; }
 
     bool commit();
-    void cancel();
 
     QString errorString() const { return m_error; }
 

@@ -1,6 +1,7 @@
 #include "C_LevelInfo.h"
 
 #include "BinaryReader.h"
+#include "ReadOnlyFile.h"
 #include "m_AllBinTo.h"
 
 #include <QFile>
@@ -12,20 +13,6 @@ namespace {
 // short read instead of a buffer refill.
 constexpr qint64 WalkWindow = 512;
 
-bool openForReading(QFile& file, QString& error)
-{
-    const QFileInfo info(file.fileName());
-    if (info.isDir()) {
-        error = QStringLiteral("is a directory");
-        return false;
-    }
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        error = file.errorString();
-        return false;
-    }
-    return true;
-}
-
 } // namespace
 
 void C_LevelInfo::Init(const QString& strFileName)
@@ -34,19 +21,20 @@ void C_LevelInfo::Init(const QString& strFileName)
         return;
     *this = C_LevelInfo(); // one info serves level after level: nothing of the last may remain
     QFile probe(strFileName);
-    if (openForReading(probe, m_errorString)) {
+    if (ReadOnlyFile::open(probe, m_errorString, QIODevice::Unbuffered)) {
         m_opened = true;
         probe.close();
         WalkTheLevel(strFileName);
     }
-    m_fileLength = QFileInfo(strFileName).isFile() ? QFileInfo(strFileName).size() : 0;
+    const QFileInfo info(strFileName);
+    m_fileLength = info.isFile() ? info.size() : 0;
 }
 
 bool C_LevelInfo::WalkTheLevel(const QString& sFileName)
 {
     m_fileName = sFileName;
     QFile file(sFileName);
-    if (!openForReading(file, m_errorString))
+    if (!ReadOnlyFile::open(file, m_errorString, QIODevice::Unbuffered))
         return false;
     WalkOpenDevice(file);
     return false;

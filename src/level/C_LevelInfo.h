@@ -56,6 +56,10 @@ public:
     // only then do its positions describe where its tables lie.
     bool IsWalkComplete() const { return m_walk.complete; }
 
+    // True when the walk reached the end and the blocks it found lie inside
+    // the file: a truncated level also walks to its end, reading zeros.
+    bool AreTablesInsideFile() const { return m_walk.complete && m_walk.offsetItems <= m_fileLength; }
+
 private:
     QString ReadVersionString(QIODevice& device);
     void WalkOpenDevice(QIODevice& device);

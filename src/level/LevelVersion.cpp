@@ -38,18 +38,4 @@ QString gameName(Game game)
     return QStringLiteral("unknown");
 }
 
-quint32 versionForNumber(int number)
-{
-    switch (number) {
-    case 1:
-        return TR1;
-    case 2:
-        return TR2;
-    case 3:
-        return TR3;
-    default:
-        return 0;
-    }
-}
-
 } // namespace LevelVersion

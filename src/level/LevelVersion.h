@@ -21,7 +21,4 @@ Game gameOf(const QString& versionString);
 Game gameOf(quint32 version);
 QString gameName(Game game); // "TR1", "TR2", "TR3" or "unknown"
 
-// The version dialogs number the games 1 to 3; anything else has no long (0).
-quint32 versionForNumber(int number);
-
 } // namespace LevelVersion

@@ -3,6 +3,7 @@
 #include "BinaryReader.h"
 #include "ListViewModel.h"
 #include "ObjectTexture.h"
+#include "ReadOnlyFile.h"
 #include "SpriteSequence.h"
 #include "SpriteTexture.h"
 #include "TailKeepingSaveFile.h"
@@ -11,7 +12,6 @@
 #include "m_TextureList.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QtEndian>
 
 #include <cstring>
@@ -22,19 +22,6 @@ namespace {
 constexpr char NameTerminator[] = "\\0";
 constexpr int NameTerminatorLength = 2;
 constexpr qint64 MaxNameBytes = 0xFFFF - NameTerminatorLength;
-
-bool openForReading(QFile& file, QString& error)
-{
-    if (QFileInfo(file.fileName()).isDir()) {
-        error = QStringLiteral("is a directory");
-        return false;
-    }
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = file.errorString();
-        return false;
-    }
-    return true;
-}
 
 QByteArray storedName(const QString& name)
 {
@@ -128,7 +115,7 @@ void C_ListInfo::SetNames(const QString& bitmap, const QString& level)
 void C_ListInfo::ReadLevelVersion(const QString& levelPath)
 {
     QFile level(levelPath);
-    if (!openForReading(level, m_error))
+    if (!ReadOnlyFile::open(level, m_error))
         return;
     BinaryReader reader(level, 4);
     m_version = reader.u32(0);
@@ -142,7 +129,7 @@ QString C_ListInfo::VersionString() const
 qint16 C_ListInfo::ReadListStructure(const QString& path)
 {
     QFile file(path);
-    if (!openForReading(file, m_error))
+    if (!ReadOnlyFile::open(file, m_error))
         return Failure;
     ReadTablePositions(file);
     return Success;
@@ -181,7 +168,7 @@ qint16 C_ListInfo::GetAllListContents()
     if (!m_ready)
         return Failure;
     QFile file(m_fileName);
-    if (!openForReading(file, m_error))
+    if (!ReadOnlyFile::open(file, m_error))
         return Failure;
     ReadTablePositions(file);
     BinaryReader reader(file, 1 << 16);

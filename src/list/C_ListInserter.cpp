@@ -26,7 +26,7 @@ bool tablesLieInsideLevel(const C_LevelInfo& level)
     switch (level.Game()) {
     case LevelVersion::Game::TR2:
     case LevelVersion::Game::TR3:
-        return level.IsWalkComplete() && level.OffsetItems() <= level.FileLength();
+        return level.AreTablesInsideFile();
     case LevelVersion::Game::TR1:
     case LevelVersion::Game::Unknown:
         break;

@@ -27,7 +27,7 @@ LevelListExtractor::Result LevelListExtractor::Extract(const QString& levelPath,
         return failure(Status::LevelNotTR2OrTR3, levelPath,
                        QStringLiteral("not a TR2 or TR3 level (version %1)").arg(level.VersionString()));
     }
-    if (!level.IsWalkComplete() || level.OffsetItems() > level.FileLength()) {
+    if (!level.AreTablesInsideFile()) {
         return failure(Status::LevelNotWalked, levelPath,
                        QStringLiteral("the level's blocks could not be followed to its end"));
     }

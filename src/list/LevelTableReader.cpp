@@ -2,11 +2,11 @@
 
 #include "BinaryReader.h"
 #include "C_LevelInfo.h"
+#include "ReadOnlyFile.h"
 #include "m_SpriteList.h"
 #include "m_TextureList.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 bool LevelTableReader::ReadIntoViews(const C_LevelInfo& level, ListViewModel& lsvTextures,
                                      ListViewModel& lsvAnims, ListViewModel& lsvAnimDetails,
@@ -14,7 +14,8 @@ bool LevelTableReader::ReadIntoViews(const C_LevelInfo& level, ListViewModel& ls
                                      ListViewModel& lsvSequenceDetails)
 {
     QFile file(level.FileName());
-    if (level.FileName().isEmpty() || QFileInfo(file.fileName()).isDir() || !file.open(QIODevice::ReadOnly))
+    QString error;
+    if (level.FileName().isEmpty() || !ReadOnlyFile::open(file, error))
         return false;
     BinaryReader reader(file, 1 << 16);
     const LevelWalk::Result& tables = level.Walk();
