@@ -2,7 +2,6 @@
 
 #include "NumberText.h"
 #include "TableRecords.h"
-#include "m_Code.h"
 
 #include <vector>
 
@@ -10,34 +9,17 @@ namespace m_SpriteList {
 
 ListViewModel::Row RowOfSprite(const SpriteTexture& record, qint64 index, int width)
 {
-    ListViewModel::Row row;
-    row.text = m_Code::PadLeft(NumberText::of(index), QStringLiteral("0"), width);
-    row.key = QLatin1Char('S') + NumberText::of(index);
-    row.subItems.reserve(SpriteTexture::ColumnCount);
-    for (int column = 1; column <= SpriteTexture::ColumnCount; ++column)
-        row.subItems.append(NumberText::of(record.column(column)));
-    return row;
+    return RowOfRecord(record, QLatin1Char('S'), index, width);
 }
 
 SpriteTexture SpriteOfRow(const ListViewModel& lsvSprites, int row)
 {
-    SpriteTexture record;
-    const QStringList& cells = lsvSprites.row(row).subItems;
-    for (int column = 1; column <= SpriteTexture::ColumnCount; ++column)
-        record.setColumn(column, int(NumberText::valueOf(cells.value(column - 1))));
-    return record;
+    return RecordOfRow<SpriteTexture>(lsvSprites, row);
 }
 
 void FillSprites(BinaryReader& file, const TablePosition& table, ListViewModel& lsvSprites)
 {
-    lsvSprites.clear();
-    const QList<SpriteTexture> records = ReadTableRecords<SpriteTexture>(file, table);
-    const int width = int(NumberText::of(table.number).size());
-    std::vector<ListViewModel::Row> rows;
-    rows.reserve(size_t(records.size()));
-    for (qsizetype i = 0; i < records.size(); ++i)
-        rows.push_back(RowOfSprite(records[i], i, width));
-    lsvSprites.appendRows(std::move(rows));
+    FillRecordRows<SpriteTexture>(file, table, lsvSprites, QLatin1Char('S'));
 }
 
 QString SequenceNumberText(qint64 index)

@@ -2,7 +2,6 @@
 
 #include "NumberText.h"
 #include "TableRecords.h"
-#include "m_Code.h"
 
 #include <QHash>
 #include <QtEndian>
@@ -12,11 +11,6 @@
 namespace m_TextureList {
 
 namespace {
-
-int digitCount(qint64 number)
-{
-    return int(NumberText::of(number).size());
-}
 
 // One word of the animated texture block, read like the other tables' records.
 struct BlockWord
@@ -30,34 +24,17 @@ struct BlockWord
 
 ListViewModel::Row RowOfObjectTexture(const ObjectTexture& record, qint64 index, int width)
 {
-    ListViewModel::Row row;
-    row.text = m_Code::PadLeft(NumberText::of(index), QStringLiteral("0"), width);
-    row.key = QLatin1Char('T') + NumberText::of(index);
-    row.subItems.reserve(ObjectTexture::ColumnCount);
-    for (int column = 1; column <= ObjectTexture::ColumnCount; ++column)
-        row.subItems.append(NumberText::of(record.column(column)));
-    return row;
+    return RowOfRecord(record, QLatin1Char('T'), index, width);
 }
 
 ObjectTexture ObjectTextureOfRow(const ListViewModel& lsvTexture, int row)
 {
-    ObjectTexture record;
-    const QStringList& cells = lsvTexture.row(row).subItems;
-    for (int column = 1; column <= ObjectTexture::ColumnCount; ++column)
-        record.setColumn(column, int(NumberText::valueOf(cells.value(column - 1))));
-    return record;
+    return RecordOfRow<ObjectTexture>(lsvTexture, row);
 }
 
 void FillObjectTextures(BinaryReader& file, const TablePosition& table, ListViewModel& lsvTexture)
 {
-    lsvTexture.clear();
-    const QList<ObjectTexture> records = ReadTableRecords<ObjectTexture>(file, table);
-    const int width = digitCount(table.number);
-    std::vector<ListViewModel::Row> rows;
-    rows.reserve(size_t(records.size()));
-    for (qsizetype i = 0; i < records.size(); ++i)
-        rows.push_back(RowOfObjectTexture(records[i], i, width));
-    lsvTexture.appendRows(std::move(rows));
+    FillRecordRows<ObjectTexture>(file, table, lsvTexture, QLatin1Char('T'));
 }
 
 QString AnimationNumberText(qint64 range)
