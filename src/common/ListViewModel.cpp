@@ -175,7 +175,11 @@ void ListViewModel::setCheckState(int index, Qt::CheckState state)
 
 void ListViewModel::setSelectedRow(int index)
 {
-    m_selected = index >= 0 && index < count() ? index : -1;
+    const int selected = index >= 0 && index < count() ? index : -1;
+    if (selected == m_selected)
+        return;
+    m_selected = selected;
+    emit selectedRowChanged(m_selected);
 }
 
 void ListViewModel::setSorted(bool sorted)

@@ -87,6 +87,10 @@ public:
 
     static constexpr int KeyRole = Qt::UserRole + 1;
 
+signals:
+    // The selected row changed by a call, not by a view: views follow it.
+    void selectedRowChanged(int index);
+
 private:
     QString cell(const Row& row, int column) const;
     bool rowLess(const Row& a, const Row& b) const;

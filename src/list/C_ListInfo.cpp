@@ -98,6 +98,26 @@ qint16 C_ListInfo::Init(const QString& sFileName, const QString& sLevelName, con
     return ReadListStructure(sFileName);
 }
 
+qint16 C_ListInfo::InitStandAlone(const QString& sFileName, const QString& sBitMap,
+                                  const QList<ListViewModel*>& views, quint32 lngVersion)
+{
+    if (views.size() != 6)
+        return Failure;
+    m_fileName = sFileName;
+    m_lsvTexture = views[0];
+    m_lsvAnims = views[1];
+    m_lsvAnimDetails = views[2];
+    m_lsvSprites = views[3];
+    m_lsvSequences = views[4];
+    m_lsvSequenceDetails = views[5];
+    m_ready = !views.contains(nullptr);
+    SetNames(sBitMap, QString());
+    m_version = lngVersion;
+    m_typeLevel = 0;
+    m_error.clear();
+    return m_ready ? Success : Failure;
+}
+
 qint16 C_ListInfo::InitForInsert(const QString& strFileName)
 {
     m_fileName = strFileName;

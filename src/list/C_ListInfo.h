@@ -3,6 +3,7 @@
 #include "TablePosition.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 class ListViewModel;
@@ -34,6 +35,11 @@ public:
                 ListViewModel* lsvTexture, ListViewModel* lsvAnims, ListViewModel* lsvAnimDetails,
                 ListViewModel* lsvSprites, ListViewModel* lsvSequences, ListViewModel* lsvSequenceDetails,
                 quint32 lngVersion = 0);
+
+    // A new list with no level: names and version from the arguments, the
+    // views as they are. Nothing is read or written yet.
+    qint16 InitStandAlone(const QString& sFileName, const QString& sBitMap, const QList<ListViewModel*>& views,
+                          quint32 lngVersion);
 
     // Reads only the header and the table positions of a list file.
     qint16 InitForInsert(const QString& strFileName);

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QLine>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QWidget>
+
+#include <vector>
+
+// The viewport of the bitmap view: paints the visible part of the bitmap,
+// every pixel a zoom x zoom block, and the shapes drawn over it. The zoomed
+// picture is never built: positions are in zoomed picture coordinates, and
+// only what meets the viewport is painted.
+class ucScrollPicCanvas : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Shape
+    {
+        enum Kind { Contour, Line, Text } kind = Contour;
+        QPoint p1;
+        QPoint p2;
+        QColor color;
+        QString text;
+        QRect bounds; // in picture coordinates, for skipping what is not visible
+    };
+
+    explicit ucScrollPicCanvas(QWidget* parent = nullptr);
+
+    void setImage(const QImage& image) { m_image = image; }
+    const QImage& image() const { return m_image; }
+    void setZoom(int zoom) { m_zoom = zoom; }
+    int zoom() const { return m_zoom; }
+    // The picture point shown at the viewport's top left.
+    void setOffset(QPoint offset);
+    QPoint offset() const { return m_offset; }
+    QSize pictureSize() const { return m_image.size() * m_zoom; }
+
+    void addShape(Shape shape);
+    void clearShapes();
+    const std::vector<Shape>& shapes() const { return m_shapes; }
+
+    // Paints the viewport onto painter (the widget's own paint uses it too).
+    void paintView(QPainter& painter, const QRect& area) const;
+
+signals:
+    void mouseMovedTo(QPointF picturePoint, Qt::MouseButtons buttons);
+    void leftPressedAt(QPointF picturePoint);
+    void leftReleasedAt(QPointF picturePoint);
+    void wheelScrolled(QPoint angleDelta, Qt::KeyboardModifiers modifiers);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    QPointF picturePoint(QPointF widgetPoint) const { return widgetPoint + m_offset; }
+    void paintBitmap(QPainter& painter, const QRect& visible) const;
+    void paintShapes(QPainter& painter, const QRect& visible) const;
+
+    QImage m_image;
+    int m_zoom = 1;
+    QPoint m_offset;
+    std::vector<Shape> m_shapes;
+};

@@ -1,0 +1,7 @@
+#include "EditorPage.h"
+
+EditorPage::EditorPage(EditorState& state, QWidget* parent)
+    : QGroupBox(parent)
+    , m_state(state)
+{
+}

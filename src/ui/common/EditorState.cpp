@@ -1,0 +1,73 @@
+#include "EditorState.h"
+
+#include "ucScrollPic.h"
+
+namespace {
+
+QStringList DrawListColumns()
+{
+    return {QStringLiteral("No"), QStringLiteral("NumSide"), QStringLiteral("X1"), QStringLiteral("Y1"),
+            QStringLiteral("X2"), QStringLiteral("Y2"), QStringLiteral("X3"), QStringLiteral("Y3")};
+}
+
+} // namespace
+
+EditorState::EditorState(IPromptService& prompts, QObject* parent)
+    : QObject(parent)
+    , lsvObjects({QStringLiteral("Texture")})
+    , lsvAvailTextures({QString()})
+    , lsvSpriteIndex({QStringLiteral("Sprite")})
+    , lsvDrawList(DrawListColumns())
+    , lsvSpriteDrawLisr(DrawListColumns())
+    , m_prompts(&prompts)
+{
+    lsvObjects.setCheckable(true);
+    lsvSpriteIndex.setCheckable(true);
+}
+
+void EditorState::MarkDirty()
+{
+    SetDirty(true);
+}
+
+void EditorState::SetDirty(bool dirty)
+{
+    IsDirty = dirty;
+    emit dirtyChanged(dirty);
+}
+
+void EditorState::RedrawOutlines()
+{
+    emit reloadPictureRequested();
+    if (!m_picture || !m_picture->HasPicture())
+        return;
+    const int zoom = m_picture->ZoomFactor();
+    for (const ListViewModel* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
+        for (int row = 0; row < list->count(); ++row)
+            DrawOutlineRow(*list, row, zoom);
+    }
+}
+
+void EditorState::DrawOutlineRow(const ListViewModel& drawList, int row, int zoom)
+{
+    auto at = [&](int subItem) { return drawList.subItem(row, subItem).toInt() * zoom; };
+    const QString sides = drawList.subItem(row, 1);
+    const QString number = drawList.text(row);
+    if (sides == QLatin1String("4")) {
+        const int x1 = at(2), y1 = at(3), x2 = at(4), y2 = at(5);
+        m_picture->DrawContour(x1, y1, x2, y2, OutlineColor);
+        m_picture->PutText((x1 + x2) / 2, (y1 + y2) / 2, number, OutlineColor);
+    } else if (sides == QLatin1String("3")) {
+        const int x1 = at(2), y1 = at(3), x2 = at(4), y2 = at(5), x3 = at(6), y3 = at(7);
+        m_picture->DrawLine(x1, y1, x2, y2, OutlineColor);
+        m_picture->DrawLine(x2, y2, x3, y3, OutlineColor);
+        m_picture->DrawLine(x3, y3, x1, y1, OutlineColor);
+        // The label stands at the triangle's centroid, inside it.
+        m_picture->PutText((x1 + x2 + x3) / 3, (y1 + y2 + y3) / 3, number, OutlineColor);
+    }
+}
+
+void EditorState::ShowStatus(const QString& message)
+{
+    emit statusMessage(message);
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "ListViewModel.h"
+#include "ListViewSet.h"
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+
+class IPromptService;
+class ucScrollPic;
+
+// What the main window and its pages share: the open list's document fields,
+// its list views (the working copy), the index and draw lists, the outline
+// colour, the bitmap view, the prompts and the previews' frame counter.
+// frmMain owns it and hands it to every page; a page reaches another page's
+// behaviour only through this state and its signals.
+class EditorState : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit EditorState(IPromptService& prompts, QObject* parent = nullptr);
+
+    // The six content lists, filled and written by the list document.
+    ListViewSet views;
+    // Index lists: the object texture checklist, the textures an animation
+    // can take, and the sprite checklist.
+    ListViewModel lsvObjects;
+    ListViewModel lsvAvailTextures;
+    ListViewModel lsvSpriteIndex;
+    // The outlines to draw, in whole-bitmap coordinates.
+    ListViewModel lsvDrawList;
+    ListViewModel lsvSpriteDrawLisr;
+
+    IPromptService& prompts() const { return *m_prompts; }
+    void setPrompts(IPromptService& prompts) { m_prompts = &prompts; }
+
+    ucScrollPic* picture() const { return m_picture; }
+    void setPicture(ucScrollPic* picture) { m_picture = picture; }
+
+    // Document fields of the open list.
+    QString ListFileName;
+    QString LevelFileName;
+    QString BitmapFileName;
+    quint32 ListVersion = 45;
+    bool IsListOpen = false;
+    bool IsBitmapLoaded = false;
+    bool IsDirty = false;
+    bool IsDataFromLevel = false;
+    int NumberOfTiles = 0;
+
+    // The one colour every outline is drawn in, set by either colour button.
+    QColor OutlineColor = QColor(255, 255, 0);
+
+    // The frame counter and frame count both previews step through.
+    int PreviewFrame = 0;
+    int PreviewFrameCount = 0;
+
+    // An edit was made: the list needs saving.
+    void MarkDirty();
+    // Sets IsDirty and tells the window to bring Save List up to date.
+    void SetDirty(bool dirty);
+
+    // Reloads the bitmap with its tile grid, then draws every row of the
+    // object and the sprite draw lists.
+    void RedrawOutlines();
+    // One row of a draw list: a quad's rectangle or a triangle's three sides,
+    // with its number in the middle.
+    void DrawOutlineRow(const ListViewModel& drawList, int row, int zoom);
+
+    // A line in the window's status bar: what a silent failure did.
+    void ShowStatus(const QString& message);
+
+signals:
+    void dirtyChanged(bool dirty);
+    void reloadPictureRequested();
+    void statusMessage(const QString& message);
+
+private:
+    IPromptService* m_prompts;
+    ucScrollPic* m_picture = nullptr;
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+#include <optional>
+
+class QDialog;
+
+// Every modal interaction of the editor: message boxes, file dialogs, the
+// colour dialog, the beep and the modal forms. The application installs the
+// Qt implementation; tests install a scripted one, so no test ever waits on a
+// real dialog.
+class IPromptService
+{
+public:
+    // Message box styles and answers, as the forms pass and test them.
+    enum Style : int {
+        vbOKOnly = 0,
+        vbOKCancel = 1,
+        vbYesNoCancel = 3,
+        vbYesNo = 4,
+        vbCritical = 16,
+        vbQuestion = 32,
+        vbExclamation = 48,
+        vbInformation = 64,
+    };
+    enum Answer : int { vbOK = 1, vbCancel = 2, vbYes = 6, vbNo = 7 };
+
+    // File dialog flags the forms use.
+    enum Flag : int {
+        OverwritePrompt = 2,
+        PathMustExist = 2048,
+        FileMustExist = 4096,
+    };
+
+    struct FileRequest
+    {
+        bool save = false;
+        QString title;
+        QString fileName;
+        QString defaultExt; // as the forms give it: "*.TRT"
+        QString filter;     // "Description|pattern|Description|pattern"
+        int filterIndex = 1;
+        int flags = 0;
+        QString initDir;
+    };
+
+    virtual ~IPromptService() = default;
+
+    // The answer pressed; an empty title means the program's own.
+    virtual int MsgBox(const QString& text, int style = vbOKOnly, const QString& title = {}) = 0;
+    // The chosen path, or "" when the dialog was cancelled.
+    virtual QString GetFileName(const FileRequest& request) = 0;
+    // The chosen colour, or nothing when cancelled.
+    virtual std::optional<QColor> ChooseColor(const QColor& initial) = 0;
+    virtual void Beep() = 0;
+    // Shows a form modally; returns when the form has hidden itself.
+    virtual void ShowModal(QDialog& form) = 0;
+};

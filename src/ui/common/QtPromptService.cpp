@@ -1,0 +1,112 @@
+#include "QtPromptService.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDialog>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace {
+
+QMessageBox::Icon IconOf(int style)
+{
+    switch (style & 0x70) {
+    case IPromptService::vbCritical: return QMessageBox::Critical;
+    case IPromptService::vbQuestion: return QMessageBox::Question;
+    case IPromptService::vbExclamation: return QMessageBox::Warning;
+    case IPromptService::vbInformation: return QMessageBox::Information;
+    default: return QMessageBox::NoIcon;
+    }
+}
+
+QMessageBox::StandardButtons ButtonsOf(int style)
+{
+    switch (style & 0x7) {
+    case IPromptService::vbOKCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case IPromptService::vbYesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case IPromptService::vbYesNo: return QMessageBox::Yes | QMessageBox::No;
+    default: return QMessageBox::Ok;
+    }
+}
+
+int AnswerOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Cancel: return IPromptService::vbCancel;
+    case QMessageBox::Yes: return IPromptService::vbYes;
+    case QMessageBox::No: return IPromptService::vbNo;
+    default: return IPromptService::vbOK;
+    }
+}
+
+} // namespace
+
+int QtPromptService::MsgBox(const QString& text, int style, const QString& title)
+{
+    QMessageBox box(IconOf(style), title.isEmpty() ? QApplication::applicationName() : title, text,
+                    ButtonsOf(style), m_parent);
+    // A box that can be cancelled answers Cancel to Escape and to its close button.
+    if (box.standardButtons() & QMessageBox::Cancel)
+        box.setEscapeButton(QMessageBox::Cancel);
+    return AnswerOf(box.exec());
+}
+
+QStringList QtPromptService::NameFilters(const QString& filter)
+{
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (int i = 0; i + 1 < parts.size(); i += 2) {
+        const QString& description = parts[i];
+        const QString& pattern = parts[i + 1];
+        filters << (description.contains(pattern) ? description
+                                                  : description + QStringLiteral(" (") + pattern + QLatin1Char(')'));
+    }
+    return filters;
+}
+
+QString QtPromptService::DefaultSuffix(const QString& defaultExt)
+{
+    QString suffix = defaultExt;
+    suffix.remove(QLatin1Char('*'));
+    if (suffix.startsWith(QLatin1Char('.')))
+        suffix.remove(0, 1);
+    // Names are matched by case on most systems: the filters use lower case.
+    return suffix.toLower();
+}
+
+QString QtPromptService::GetFileName(const FileRequest& request)
+{
+    QFileDialog dialog(m_parent, request.title, request.initDir);
+    dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    // An open dialog only ever takes a file that is there.
+    dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    const QStringList filters = NameFilters(request.filter);
+    dialog.setNameFilters(filters);
+    if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
+        dialog.selectNameFilter(filters[request.filterIndex - 1]);
+    dialog.setDefaultSuffix(DefaultSuffix(request.defaultExt));
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !(request.flags & OverwritePrompt));
+    if (!request.fileName.isEmpty())
+        dialog.selectFile(request.fileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return dialog.selectedFiles().constFirst();
+}
+
+std::optional<QColor> QtPromptService::ChooseColor(const QColor& initial)
+{
+    const QColor color = QColorDialog::getColor(initial, m_parent);
+    if (!color.isValid())
+        return std::nullopt;
+    return color;
+}
+
+void QtPromptService::Beep()
+{
+    QApplication::beep();
+}
+
+void QtPromptService::ShowModal(QDialog& form)
+{
+    form.exec();
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "IPromptService.h"
+
+class QWidget;
+
+// The prompts as real Qt dialogs, over the given parent window.
+class QtPromptService : public IPromptService
+{
+public:
+    explicit QtPromptService(QWidget* parent = nullptr) : m_parent(parent) {}
+
+    int MsgBox(const QString& text, int style, const QString& title) override;
+    QString GetFileName(const FileRequest& request) override;
+    std::optional<QColor> ChooseColor(const QColor& initial) override;
+    void Beep() override;
+    void ShowModal(QDialog& form) override;
+
+    // "A (*.a)|*.a|B|*.b" as Qt's name filters: "A (*.a)", "B (*.b)".
+    static QStringList NameFilters(const QString& filter);
+    // "*.TRT" as the suffix a saved name gets: "trt".
+    static QString DefaultSuffix(const QString& defaultExt);
+
+private:
+    QWidget* m_parent;
+};

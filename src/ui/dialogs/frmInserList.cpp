@@ -1,0 +1,134 @@
+#include "frmInserList.h"
+
+#include "BusyCursor.h"
+#include "C_LevelInfo.h"
+#include "C_ListInfo.h"
+#include "C_ListInserter.h"
+#include "IPromptService.h"
+#include "m_CodeForms.h"
+#include "ui_frmInserList.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+frmInserList::frmInserList(IPromptService& prompts, QWidget* parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::frmInserList>())
+    , m_prompts(prompts)
+{
+    m_ui->setupUi(this);
+    m_ui->ProgressBar1->setRange(0, 100);
+    m_ui->ProgressBar1->hide();
+    connect(m_ui->cmdGetLevel, &QPushButton::clicked, this, [this] { GetLevel(); });
+    connect(m_ui->cmdGetList, &QPushButton::clicked, this, &frmInserList::GetList);
+    connect(m_ui->cmdInsert, &QPushButton::clicked, this, &frmInserList::Insert);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmInserList::reject);
+}
+
+frmInserList::~frmInserList() = default;
+
+void frmInserList::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    m_Code::CenterForm(*this);
+}
+
+void frmInserList::GetLevel(const QString& name)
+{
+    QString path = name;
+    if (path.isEmpty()) {
+        IPromptService::FileRequest request;
+        request.title = QStringLiteral("Open TombRaider Level");
+        request.filter = QStringLiteral("TR 2 (*.tr2)|*.tr2");
+        request.defaultExt = QStringLiteral("*.TR2");
+        request.flags = IPromptService::PathMustExist | IPromptService::FileMustExist;
+        path = m_prompts.GetFileName(request);
+        if (path.isEmpty()) {
+            EnableInsert();
+            return;
+        }
+    }
+    C_LevelInfo level;
+    level.Init(path);
+    m_levelPath = path;
+    m_levelLength = level.FileLength();
+    m_levelChosen = true;
+    m_ui->lblLevel->setText(QDir::toNativeSeparators(path));
+    if (!level.IsOpened())
+        Report(tr("The level %1 cannot be read.").arg(QDir::toNativeSeparators(path)));
+    EnableInsert();
+}
+
+void frmInserList::GetList()
+{
+    IPromptService::FileRequest request;
+    request.title = QStringLiteral("Open TombRaider Texture List");
+    request.filter = QStringLiteral("TR (*.trt)|*.trt");
+    request.defaultExt = QStringLiteral("*.TRT");
+    request.flags = IPromptService::PathMustExist | IPromptService::FileMustExist;
+    const QString path = m_prompts.GetFileName(request);
+    if (path.isEmpty()) {
+        EnableInsert();
+        return;
+    }
+    C_ListInfo list;
+    if (list.InitForInsert(path) != C_ListInfo::Success)
+        Report(tr("The list %1 cannot be read.").arg(QDir::toNativeSeparators(path)));
+    m_listPath = path;
+    m_ui->lblTextureList->setText(QDir::toNativeSeparators(path));
+    if (!list.LevelFileName().isEmpty())
+        GetLevel(list.LevelFileName());
+    m_listChosen = true;
+    EnableInsert();
+}
+
+void frmInserList::EnableInsert()
+{
+    m_ui->cmdInsert->setEnabled(m_listChosen);
+}
+
+void frmInserList::ShowProgress(bool on)
+{
+    m_ui->ProgressBar1->setVisible(on);
+    m_ui->ProgressBar1->setValue(0);
+}
+
+void frmInserList::SetProgress(qint64 bytes)
+{
+    if (m_levelLength <= 0)
+        return;
+    m_ui->ProgressBar1->setValue(int(qBound(qint64(0), bytes * 100 / m_levelLength, qint64(100))));
+}
+
+void frmInserList::Insert()
+{
+    ShowProgress(true);
+    C_ListInserter::Result result;
+    {
+        BusyCursor busy;
+        result = C_ListInserter().Insert(m_levelPath, m_listPath, {}, [this](qint64 copied, qint64 length) {
+            m_levelLength = length;
+            SetProgress(copied);
+            // The bar is only seen moving if it gets painted between chunks.
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        });
+    }
+    ShowProgress(false);
+    switch (result.status) {
+    case C_ListInserter::Status::Done:
+        Report(tr("Inserted the list into %1.").arg(QDir::toNativeSeparators(result.outputPath)));
+        break;
+    case C_ListInserter::Status::VersionMismatch:
+        Report(tr("Nothing written: the list is for another game version than the level."));
+        break;
+    default:
+        Report(tr("Nothing written: %1").arg(result.error));
+        break;
+    }
+}
+
+void frmInserList::Report(const QString& message)
+{
+    m_ui->lblResult->setText(message);
+    emit StatusMessage(message);
+}

@@ -1,0 +1,105 @@
+#include "frmNewList.h"
+
+#include "IPromptService.h"
+#include "m_CodeForms.h"
+#include "ui_frmNewList.h"
+
+frmNewList::frmNewList(IPromptService& prompts, QWidget* parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::frmNewList>())
+    , m_prompts(prompts)
+{
+    m_ui->setupUi(this);
+    connect(m_ui->cmdList, &QPushButton::clicked, this, &frmNewList::cmdList_Click);
+    connect(m_ui->cmdLevelFile, &QPushButton::clicked, this, &frmNewList::cmdLevelFile_Click);
+    connect(m_ui->cmdBitmap, &QPushButton::clicked, this, &frmNewList::cmdBitmap_Click);
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmNewList::cmdOK_Click);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmNewList::cmdCancel_Click);
+}
+
+frmNewList::~frmNewList() = default;
+
+QString frmNewList::GetListFIle() const
+{
+    return m_ui->txtListFile->text();
+}
+
+QString frmNewList::GetBitmapFile() const
+{
+    return m_ui->txtBitmapFile->text();
+}
+
+QString frmNewList::GetLevelFile() const
+{
+    return m_ui->txtLevelFile->text();
+}
+
+void frmNewList::SetBitmapFile(const QString& path)
+{
+    m_ui->txtBitmapFile->setText(path);
+}
+
+void frmNewList::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    m_Code::CenterForm(*this);
+}
+
+void frmNewList::cmdList_Click()
+{
+    IPromptService::FileRequest request;
+    request.save = true;
+    request.title = QStringLiteral("Create New TombRaider List File");
+    request.filter = QStringLiteral("TR Texture List (*.trt)|*.trt");
+    request.defaultExt = QStringLiteral("*.TRT");
+    request.flags = IPromptService::OverwritePrompt | IPromptService::PathMustExist;
+    m_ui->txtListFile->setText(m_prompts.GetFileName(request));
+}
+
+void frmNewList::cmdLevelFile_Click()
+{
+    IPromptService::FileRequest request;
+    request.title = QStringLiteral("Open TombRaider Level");
+    request.filter = QStringLiteral("TR 2 (*.tr2)|*.tr2");
+    request.defaultExt = QStringLiteral("*.TR2");
+    request.flags = IPromptService::PathMustExist | IPromptService::FileMustExist;
+    const QString level = m_prompts.GetFileName(request);
+    m_ui->txtLevelFile->setText(level);
+    m_dataFromLevel = !level.isEmpty();
+}
+
+void frmNewList::cmdBitmap_Click()
+{
+    IPromptService::FileRequest request;
+    request.title = QStringLiteral("Open Texture Bitmap");
+    request.filter = QStringLiteral("Bitmap (*.bmp)|*.bmp");
+    request.defaultExt = QStringLiteral("*.BMP");
+    request.flags = IPromptService::PathMustExist | IPromptService::FileMustExist;
+    m_ui->txtBitmapFile->setText(m_prompts.GetFileName(request));
+}
+
+void frmNewList::cmdOK_Click()
+{
+    if (m_ui->txtListFile->text().isEmpty()) {
+        m_ui->txtListFile->setFocus();
+        m_prompts.Beep();
+    } else if (m_ui->txtBitmapFile->text().isEmpty()) {
+        m_ui->txtBitmapFile->setFocus();
+        m_prompts.Beep();
+    } else {
+        m_cancelled = false;
+        accept();
+    }
+}
+
+void frmNewList::cmdCancel_Click()
+{
+    m_cancelled = true;
+    QDialog::reject();
+}
+
+void frmNewList::reject()
+{
+    // Escape and the close button cancel, as the Cancel button does.
+    cmdCancel_Click();
+}

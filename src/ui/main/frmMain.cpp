@@ -1,0 +1,589 @@
+#include "frmMain.h"
+
+#include "AnimationPage.h"
+#include "AssignmentPage.h"
+#include "BusyCursor.h"
+#include "C_LevelInfo.h"
+#include "C_ListInfo.h"
+#include "EditorState.h"
+#include "LevelTableReader.h"
+#include "ObjectTexturePage.h"
+#include "QtPromptService.h"
+#include "SequencePage.h"
+#include "SpriteTexturePage.h"
+#include "frmAbout.h"
+#include "frmInserList.h"
+#include "frmNewList.h"
+#include "frmVersion.h"
+#include "m_IndexList.h"
+#include "ucScrollPic.h"
+#include "ui_frmMain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QTabBar>
+
+#include <cmath>
+
+namespace {
+
+QString Native(const QString& path)
+{
+    return QDir::toNativeSeparators(path);
+}
+
+} // namespace
+
+frmMain::frmMain(IPromptService* prompts, QWidget* parent)
+    : QMainWindow(parent)
+    , m_ui(std::make_unique<Ui::frmMain>())
+{
+    m_ui->setupUi(this);
+    if (!prompts) {
+        m_ownPrompts = std::make_unique<QtPromptService>(this);
+        prompts = m_ownPrompts.get();
+    }
+    m_state = std::make_unique<EditorState>(*prompts);
+    m_state->setPicture(m_ui->ucScrollPic1);
+    CreatePages();
+    ConnectMenus();
+    connect(m_state.get(), &EditorState::dirtyChanged, this, &frmMain::UpdateSaveMenu);
+    connect(m_state.get(), &EditorState::reloadPictureRequested, this, &frmMain::ReloadPicture);
+    connect(m_state.get(), &EditorState::statusMessage, this, &frmMain::Status);
+    connect(m_ui->hscrlZoom, &QScrollBar::valueChanged, this, &frmMain::hscrlZoom_Change);
+    connect(m_ui->ucScrollPic1, &ucScrollPic::Change, this, &frmMain::ucScrollPic1_Change);
+    connect(m_ui->ucScrollPic1, &ucScrollPic::MousePos, this, &frmMain::ucScrollPic1_MousePos);
+    Form_Load();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::CreatePages()
+{
+    m_objectPage = new ObjectTexturePage(*m_state);
+    m_animationPage = new AnimationPage(*m_state);
+    m_spritePage = new SpriteTexturePage(*m_state);
+    m_sequencePage = new SequencePage(*m_state);
+    m_assignmentPage = new AssignmentPage(*m_state);
+    // In tab order: fraList_0 to fraList_4.
+    m_pages = {m_objectPage, m_animationPage, m_spritePage, m_sequencePage, m_assignmentPage};
+    for (EditorPage* page : m_pages)
+        m_ui->pageHostLayout->addWidget(page);
+
+    m_tbsStrip = new QTabBar(m_ui->pageSide);
+    m_tbsStrip->setObjectName(QStringLiteral("tbsStrip"));
+    m_ui->pageSideLayout->insertWidget(0, m_tbsStrip);
+    QTabBar* tabs = m_tbsStrip;
+    for (const char* caption :
+         {"Object Textures", "...and Animations", "Sprites Textures", "... and Sequences", "Assignation"})
+        tabs->addTab(QString::fromLatin1(caption));
+    tabs->setExpanding(false);
+    tabs->setDrawBase(true);
+    connect(tabs, &QTabBar::currentChanged, this, [this](int tab) { ShowPage(tab + 1); });
+}
+
+void frmMain::ConnectMenus()
+{
+    connect(m_ui->mnuFileNewList, &QAction::triggered, this, &frmMain::mnuFileNewList_Click);
+    connect(m_ui->mnuFileOpen, &QAction::triggered, this, &frmMain::mnuFileOpen_Click);
+    connect(m_ui->mnuFileCloseList, &QAction::triggered, this, &frmMain::mnuFileCloseList_Click);
+    connect(m_ui->mnuFileSaveList, &QAction::triggered, this, &frmMain::mnuFileSaveList_Click);
+    connect(m_ui->mnuFileSaveAsList, &QAction::triggered, this, &frmMain::mnuFileSaveAsList_Click);
+    connect(m_ui->mnuFileExit, &QAction::triggered, this, &frmMain::mnuFileExit_Click);
+    connect(m_ui->mnuBitmapsShowTiles, &QAction::triggered, this, &frmMain::mnuBitmapsShowTiles_Click);
+    connect(m_ui->mnuListInser, &QAction::triggered, this, &frmMain::mnuListInser_Click);
+    connect(m_ui->mnuHelpHelp, &QAction::triggered, this, &frmMain::mnuHelpHelp_Click);
+    connect(m_ui->mnuHelpAbout, &QAction::triggered, this, &frmMain::mnuHelpAbout_Click);
+}
+
+void frmMain::Form_Load()
+{
+    m_ui->lblListFile->clear();
+    m_ui->lblTextureFile->clear();
+    m_ui->lblLevelFile->clear();
+    m_ui->lblZoomFactor->setText(QStringLiteral("Zoom Factor: 1"));
+    for (QLabel* label : {m_ui->lblHeight, m_ui->lblWidth, m_ui->lblNbTiles, m_ui->lblTileShow, m_ui->lblMousePosX,
+                          m_ui->lblMousePosY})
+        label->setText(QStringLiteral("0"));
+    EnableListMenus(false);
+    EnableZoom(false);
+    resize(1030, 702);
+    for (EditorPage* page : m_pages)
+        page->ResetPage();
+    ShowPage(1);
+    EnableDocumentMenus(false);
+    m_ui->splitter->setStretchFactor(0, 0);
+    m_ui->splitter->setStretchFactor(1, 1);
+    m_ui->splitter->setSizes({430, 600});
+}
+
+// --- Menus and their enabled states ---
+
+void frmMain::EnableListMenus(bool enabled)
+{
+    m_ui->mnuFileCloseList->setEnabled(enabled);
+    m_ui->mnuFileSaveList->setEnabled(enabled);
+    m_ui->mnuFileSaveAsList->setEnabled(enabled);
+}
+
+void frmMain::UpdateSaveMenu()
+{
+    m_ui->mnuFileSaveList->setEnabled(m_state->IsDirty);
+}
+
+void frmMain::EnableDocumentMenus(bool enabled)
+{
+    EnableListMenus(enabled);
+    m_ui->mnuBitmapsShowTiles->setEnabled(enabled);
+}
+
+void frmMain::EnableZoom(bool enabled)
+{
+    m_ui->lblZoomFactor->setEnabled(enabled);
+    m_ui->hscrlZoom->setEnabled(enabled);
+}
+
+void frmMain::ShowPage(int index)
+{
+    for (int i = 0; i < m_pages.size(); ++i) {
+        const bool shown = i + 1 == index;
+        m_pages[i]->setVisible(shown);
+        if (shown)
+            m_pages[i]->raise();
+    }
+    if (m_tbsStrip->currentIndex() != index - 1)
+        m_tbsStrip->setCurrentIndex(index - 1);
+}
+
+void frmMain::Status(const QString& message)
+{
+    statusBar()->showMessage(message);
+}
+
+// --- The list document's life ---
+
+QString frmMain::GetListFileName(bool IsOpen)
+{
+    IPromptService::FileRequest request;
+    request.save = !IsOpen;
+    request.title = IsOpen ? QStringLiteral("Open TombRaider List File")
+                           : QStringLiteral("Save List Information into New TombRaider List File");
+    request.defaultExt = QStringLiteral("*.TRT");
+    request.filter = QStringLiteral("TR Texture List (*.trt)|*.trt");
+    request.filterIndex = 1;
+    request.flags = IPromptService::OverwritePrompt | IPromptService::PathMustExist;
+    request.initDir = QCoreApplication::applicationDirPath();
+    return m_state->prompts().GetFileName(request);
+}
+
+bool frmMain::LoadList(bool IsNew)
+{
+    EditorState& s = *m_state;
+    s.ListVersion = 45;
+    m_listInfo = std::make_unique<C_ListInfo>();
+
+    if (IsNew && s.LevelFileName.isEmpty()) {
+        // A list with no level takes its game from the user.
+        frmVersion version(this);
+        s.prompts().ShowModal(version);
+        if (version.IsCancelled())
+            return false;
+        s.ListVersion = version.GetVersion();
+        if (m_listInfo->InitStandAlone(s.ListFileName, s.BitmapFileName, s.views.all(), s.ListVersion)
+            != C_ListInfo::Success)
+            return false;
+    } else if (m_listInfo->Init(s.ListFileName, s.LevelFileName, s.BitmapFileName, &s.views.lsvTextures,
+                                &s.views.lsvAnims, &s.views.lsvAnimDetails, &s.views.lsvSprites,
+                                &s.views.lsvSequences, &s.views.lsvSequenceDetails, s.ListVersion)
+               != C_ListInfo::Success) {
+        Status(tr("The list %1 could not be opened: %2").arg(Native(s.ListFileName), m_listInfo->ErrorString()));
+        return false;
+    }
+
+    if (!IsNew) {
+        if (m_listInfo->GetAllListContents() != C_ListInfo::Success) {
+            Status(tr("The list %1 could not be read: %2").arg(Native(s.ListFileName), m_listInfo->ErrorString()));
+            return false;
+        }
+        s.LevelFileName = m_listInfo->LevelFileName();
+        m_ui->lblLevelFile->setText(Native(s.LevelFileName));
+        s.BitmapFileName = m_listInfo->BitMapName();
+        LoadBitmap();
+    }
+    s.IsListOpen = true;
+    EnableListMenus(true);
+
+    for (EditorPage* page : m_pages)
+        page->ListLoaded();
+    m_ui->lblListFile->setText(Native(s.ListFileName));
+    s.ListVersion = m_listInfo->Version();
+    s.SetDirty(false);
+    return true;
+}
+
+void frmMain::mnuFileNewList_Click()
+{
+    EditorState& s = *m_state;
+    frmNewList form(s.prompts(), this);
+    s.prompts().ShowModal(form);
+    if (form.IsCancelled())
+        return;
+    // A level or a bitmap that cannot be read is refused before anything
+    // changes, so the list that is open stays as it is.
+    if (!CanReadLevel(form.GetLevelFile()) || !CanReadBitmap(form.GetBitmapFile()))
+        return;
+    if (s.IsListOpen)
+        PromptSaveChanges();
+
+    s.ListFileName = form.GetListFIle();
+    s.BitmapFileName = form.GetBitmapFile();
+    s.LevelFileName = form.GetLevelFile();
+    s.IsDataFromLevel = form.IsDataFromLevel();
+
+    LoadBitmap();
+    if (!s.IsBitmapLoaded)
+        return;
+    BusyCursor busy;
+    if (s.LevelFileName.isEmpty()) {
+        ClearAllViews();
+        for (EditorPage* page : m_pages)
+            page->ListClosed();
+        // The view was emptied with the rest: the new list shows its bitmap.
+        LoadBitmap();
+    } else {
+        ReadLevelIntoViews();
+    }
+    if (!LoadList(true))
+        return;
+    FillIndexLists(s.views.lsvTextures.count(), s.views.lsvSprites.count());
+    ShowCounters();
+    if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
+        s.prompts().MsgBox(tr("The list %1 could not be written: %2")
+                               .arg(Native(s.ListFileName), m_listInfo->ErrorString()),
+                           IPromptService::vbCritical);
+        return;
+    }
+    Status(tr("Created the list %1.").arg(Native(s.ListFileName)));
+}
+
+bool frmMain::CanReadLevel(const QString& level)
+{
+    if (level.isEmpty())
+        return true;
+    C_LevelInfo info;
+    info.Init(level);
+    QString cause;
+    if (!info.IsOpened())
+        cause = info.ErrorString().isEmpty() ? tr("the file cannot be opened") : info.ErrorString();
+    else if (info.Game() != LevelVersion::Game::TR2 && info.Game() != LevelVersion::Game::TR3)
+        cause = tr("it is not a TR 2 or TR 3 level (version %1)").arg(info.VersionString());
+    else if (!info.AreTablesInsideFile())
+        cause = tr("the level is damaged or cut short: its blocks run past its end");
+    if (cause.isEmpty())
+        return true;
+    m_state->prompts().MsgBox(tr("The level %1 cannot be read: %2.").arg(Native(level), cause),
+                              IPromptService::vbCritical);
+    return false;
+}
+
+bool frmMain::CanReadBitmap(const QString& bitmap)
+{
+    if (bitmap.isEmpty())
+        return true;
+    ucScrollPic probe;
+    if (probe.LoadOnePicture(bitmap))
+        return true;
+    m_state->prompts().MsgBox(tr("The bitmap cannot be shown: %1.").arg(probe.ErrorString()),
+                              IPromptService::vbCritical);
+    return false;
+}
+
+void frmMain::mnuFileOpen_Click()
+{
+    const QString name = GetListFileName(true);
+    if (name.isEmpty())
+        return;
+    OpenList(name);
+}
+
+void frmMain::OpenList(const QString& name)
+{
+    EditorState& s = *m_state;
+    // A file that cannot be opened at all changes nothing.
+    C_ListInfo probe;
+    if (probe.InitForInsert(name) != C_ListInfo::Success) {
+        s.prompts().MsgBox(tr("The list %1 cannot be opened: %2.").arg(Native(name), probe.ErrorString()),
+                           IPromptService::vbCritical);
+        return;
+    }
+    if (s.IsListOpen)
+        PromptSaveChanges();
+    s.ListFileName = name;
+    {
+        BusyCursor busy;
+        LoadList(false);
+        FillIndexLists(s.views.lsvTextures.count(), s.views.lsvSprites.count());
+        ShowCounters();
+    }
+    TellWhatIsMissing();
+}
+
+void frmMain::FillIndexLists(qint64 textures, qint64 sprites)
+{
+    m_IndexList::FillIndexList(textures, m_state->lsvObjects, QStringLiteral("T"), true);
+    m_IndexList::FillIndexList(m_state->lsvObjects.count() - 2, m_state->lsvAvailTextures, QStringLiteral("A"), false);
+    m_IndexList::FillIndexList(sprites, m_state->lsvSpriteIndex, QStringLiteral("S"), true);
+}
+
+void frmMain::ShowCounters()
+{
+    EditorState& s = *m_state;
+    m_objectPage->SetTextureQty(QString::number(s.views.lsvTextures.count()));
+    // Halves round to even: 640 pixels are 2 tiles, 896 are 4.
+    s.NumberOfTiles = int(std::nearbyint(m_ui->ucScrollPic1->PictureHeight() / 256.0));
+    m_objectPage->SetTileQty(QString::number(s.NumberOfTiles));
+    m_animationPage->SetAnimTotal(QString::number(s.views.lsvAnims.count()));
+}
+
+void frmMain::TellWhatIsMissing()
+{
+    const EditorState& s = *m_state;
+    QStringList missing;
+    if (!s.LevelFileName.isEmpty() && !QFileInfo::exists(s.LevelFileName))
+        missing << tr("its level %1 does not exist").arg(Native(s.LevelFileName));
+    if (m_listInfo && m_listInfo->Offset_EOF() > QFileInfo(s.ListFileName).size())
+        missing << tr("the file is shorter than its tables say, so only the rows present were read");
+    if (!missing.isEmpty())
+        Status(tr("Opened %1, but %2.").arg(Native(s.ListFileName), missing.join(tr("; "))));
+    else if (m_listInfo)
+        Status(tr("Opened %1.").arg(Native(s.ListFileName)));
+}
+
+void frmMain::mnuFileCloseList_Click()
+{
+    PromptSaveChanges();
+    ClearAllViews();
+    m_ui->lblListFile->clear();
+    m_ui->lblTextureFile->clear();
+    m_ui->lblLevelFile->clear();
+    for (EditorPage* page : m_pages)
+        page->ListClosed();
+    Status(tr("The list was closed."));
+}
+
+void frmMain::mnuFileSaveList_Click()
+{
+    EditorState& s = *m_state;
+    // After Close List the menus stay enabled but no document is left to
+    // write: the views are empty, and nothing is written over the file.
+    if (!m_listInfo) {
+        Status(tr("No list is open: nothing was saved."));
+        return;
+    }
+    {
+        BusyCursor busy;
+        if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
+            s.prompts().MsgBox(tr("The list %1 could not be written: %2")
+                                   .arg(Native(s.ListFileName), m_listInfo->ErrorString()),
+                               IPromptService::vbCritical);
+            return;
+        }
+        m_listInfo->InitForInsert(s.ListFileName);
+    }
+    s.SetDirty(false);
+    Status(tr("Saved %1.").arg(Native(s.ListFileName)));
+}
+
+void frmMain::mnuFileSaveAsList_Click()
+{
+    EditorState& s = *m_state;
+    if (!m_listInfo) {
+        Status(tr("No list is open: nothing was saved."));
+        return;
+    }
+    const QString name = GetListFileName(false);
+    if (name.isEmpty())
+        return;
+    // The list is made anew for the new name from the level and bitmap it has.
+    auto renamed = std::make_unique<C_ListInfo>();
+    const bool fromLevel = !s.LevelFileName.isEmpty();
+    const qint16 result =
+        fromLevel ? renamed->Init(name, s.LevelFileName, s.BitmapFileName, &s.views.lsvTextures, &s.views.lsvAnims,
+                                  &s.views.lsvAnimDetails, &s.views.lsvSprites, &s.views.lsvSequences,
+                                  &s.views.lsvSequenceDetails, s.ListVersion)
+                  : renamed->InitStandAlone(name, s.BitmapFileName, s.views.all(), s.ListVersion);
+    if (result != C_ListInfo::Success) {
+        Status(tr("Nothing was saved: %1 could not be prepared.").arg(Native(name)));
+        return;
+    }
+    {
+        BusyCursor busy;
+        if (renamed->PutAllListContents() != C_ListInfo::Success) {
+            s.prompts().MsgBox(tr("The list %1 could not be written: %2").arg(Native(name), renamed->ErrorString()),
+                               IPromptService::vbCritical);
+            return;
+        }
+        renamed->InitForInsert(name);
+    }
+    m_listInfo = std::move(renamed);
+    s.ListFileName = name;
+    m_ui->lblListFile->setText(Native(name));
+    s.SetDirty(false);
+    Status(tr("Saved %1.").arg(Native(name)));
+}
+
+void frmMain::PromptSaveChanges()
+{
+    EditorState& s = *m_state;
+    if (s.IsDirty) {
+        const int answer = s.prompts().MsgBox(QStringLiteral("Do you want to save the changes before closing?"),
+                                              IPromptService::vbOKCancel | IPromptService::vbExclamation,
+                                              QStringLiteral("Save List Changes?"));
+        if (answer == IPromptService::vbOK)
+            mnuFileSaveList_Click();
+    }
+    m_listInfo.reset();
+}
+
+void frmMain::mnuFileExit_Click()
+{
+    close();
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    PromptSaveChanges();
+    event->accept();
+}
+
+// --- Views ---
+
+void frmMain::ReadLevelIntoViews()
+{
+    EditorState& s = *m_state;
+    if (s.LevelFileName.isEmpty())
+        return;
+    C_LevelInfo level;
+    level.Init(s.LevelFileName);
+    if (!LevelTableReader::ReadIntoViews(level, s.views.lsvTextures, s.views.lsvAnims, s.views.lsvAnimDetails,
+                                         s.views.lsvSprites, s.views.lsvSequences, s.views.lsvSequenceDetails))
+        return;
+    m_objectPage->SetTextureQty(QString::number(level.NumberObjectTexture()));
+    m_animationPage->SetAnimTotal(QString::number(s.views.lsvAnims.count()));
+    m_animationPage->ClearOneAnim();
+    m_sequencePage->ClearOneSequence();
+    m_ui->lblLevelFile->setText(Native(s.LevelFileName));
+}
+
+void frmMain::ClearAllViews()
+{
+    m_ui->ucScrollPic1->NoPicture();
+    for (EditorPage* page : m_pages) {
+        page->BitmapRemoved();
+        page->ClearPage();
+    }
+}
+
+// --- The bitmap view ---
+
+void frmMain::LoadBitmap()
+{
+    EditorState& s = *m_state;
+    ucScrollPic& view = *m_ui->ucScrollPic1;
+    if (s.BitmapFileName.isEmpty() || !view.LoadOnePicture(s.BitmapFileName)) {
+        if (!s.BitmapFileName.isEmpty()) {
+            view.NoPicture();
+            s.prompts().MsgBox(tr("The bitmap cannot be shown: %1.").arg(view.ErrorString()),
+                               IPromptService::vbExclamation);
+        }
+        s.IsBitmapLoaded = false;
+        EnableZoom(false);
+        EnableDocumentMenus(false);
+        m_ui->lblTextureFile->clear();
+        return;
+    }
+    m_ui->lblTextureFile->setText(Native(s.BitmapFileName));
+    m_ui->lblHeight->setText(QString::number(view.PictureHeight()));
+    m_ui->lblWidth->setText(QString::number(view.PictureWidth()));
+    s.NumberOfTiles = int(std::nearbyint(view.PictureHeight() / 256.0));
+    m_objectPage->SetTileQty(QString::number(s.NumberOfTiles));
+    m_ui->lblNbTiles->setText(QString::number(s.NumberOfTiles));
+    m_ui->lblTileShow->setText(QStringLiteral("0"));
+    for (EditorPage* page : m_pages)
+        page->BitmapLoaded(s.BitmapFileName);
+    EnableZoom(true);
+    s.IsBitmapLoaded = true;
+    EnableDocumentMenus(true);
+    // The view keeps the zoom the scroll bar shows.
+    view.setZoomFactor(m_zoom);
+}
+
+void frmMain::ReloadPicture()
+{
+    EditorState& s = *m_state;
+    ucScrollPic& view = *m_ui->ucScrollPic1;
+    if (!s.IsBitmapLoaded)
+        return;
+    if (!view.LoadOnePicture(s.BitmapFileName)) {
+        Status(tr("The bitmap could not be reloaded: %1").arg(view.ErrorString()));
+        return;
+    }
+    if (!m_ui->mnuBitmapsShowTiles->isChecked())
+        return;
+    const int zoom = view.ZoomFactor();
+    const int width = view.PictureWidth() * zoom;
+    for (int i = 1; i <= s.NumberOfTiles - 1; ++i) {
+        const int y = i * 256 * zoom;
+        view.DrawLine(0, y, width, y, Qt::white);
+    }
+}
+
+void frmMain::hscrlZoom_Change(int value)
+{
+    m_zoom = value;
+    m_ui->lblZoomFactor->setText(QStringLiteral("Zoom Factor: ") + QString::number(value));
+    m_ui->ucScrollPic1->setZoomFactor(value);
+    m_state->RedrawOutlines();
+}
+
+void frmMain::ucScrollPic1_Change(int, int Y)
+{
+    m_ui->lblTileShow->setText(QString::number(Y / 256));
+}
+
+void frmMain::ucScrollPic1_MousePos(float X, float Y)
+{
+    m_ui->lblMousePosX->setText(QString::number(int(std::floor(X))));
+    m_ui->lblMousePosY->setText(QString::number(int(std::floor(Y))));
+}
+
+void frmMain::mnuBitmapsShowTiles_Click()
+{
+    // The action has toggled its own check mark; the view follows it.
+    if (!m_state->IsBitmapLoaded)
+        return;
+    m_state->RedrawOutlines();
+}
+
+// --- Insert, Help, About ---
+
+void frmMain::mnuListInser_Click()
+{
+    frmInserList form(m_state->prompts(), this);
+    connect(&form, &frmInserList::StatusMessage, this, &frmMain::Status);
+    m_state->prompts().ShowModal(form);
+}
+
+void frmMain::mnuHelpHelp_Click()
+{
+    m_state->prompts().MsgBox(QStringLiteral("Not implemented yet. Read the various text files included in the Install."),
+                              IPromptService::vbOKOnly);
+}
+
+void frmMain::mnuHelpAbout_Click()
+{
+    frmAbout form(m_state->prompts(), this);
+    m_state->prompts().ShowModal(form);
+}

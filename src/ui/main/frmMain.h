@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <memory>
+
+class AnimationPage;
+class AssignmentPage;
+class C_ListInfo;
+class EditorPage;
+class EditorState;
+class IPromptService;
+class ObjectTexturePage;
+class QTabBar;
+class QtPromptService;
+class SequencePage;
+class SpriteTexturePage;
+namespace Ui {
+class frmMain;
+}
+
+// The editor's one document window: menus, the bitmap view with its
+// statistics and zoom, and the five tabbed pages over one open texture list.
+// It owns the list document from a successful New or Open until Close, the
+// next New or Open, or exit.
+class frmMain : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    // Without a prompt service the window shows real dialogs.
+    explicit frmMain(IPromptService* prompts = nullptr, QWidget* parent = nullptr);
+    ~frmMain() override;
+
+    EditorState& state() const { return *m_state; }
+    Ui::frmMain& ui() const { return *m_ui; }
+    QTabBar* tbsStrip() const { return m_tbsStrip; }
+    C_ListInfo* ListInfo() const { return m_listInfo.get(); }
+    ObjectTexturePage& objectPage() const { return *m_objectPage; }
+    AnimationPage& animationPage() const { return *m_animationPage; }
+    SpriteTexturePage& spritePage() const { return *m_spritePage; }
+    SequencePage& sequencePage() const { return *m_sequencePage; }
+    AssignmentPage& assignmentPage() const { return *m_assignmentPage; }
+
+    // Opens a list file as Open List does after its dialog (the command line's list).
+    void OpenList(const QString& name);
+
+    // Menu commands.
+    void mnuFileNewList_Click();
+    void mnuFileOpen_Click();
+    void mnuFileCloseList_Click();
+    void mnuFileSaveList_Click();
+    void mnuFileSaveAsList_Click();
+    void mnuFileExit_Click();
+    void mnuBitmapsShowTiles_Click();
+    void mnuListInser_Click();
+    void mnuHelpHelp_Click();
+    void mnuHelpAbout_Click();
+
+    // Makes the page frame of tab index (1 to 5) the one shown.
+    void ShowPage(int index);
+    void ReadLevelIntoViews();
+    void ClearAllViews();
+    // Loads the list's bitmap into the view and shows its statistics.
+    void LoadBitmap();
+    // Reloads the bitmap and, with Show Tiles, draws the tile borders.
+    void ReloadPicture();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Form_Load();
+    void ConnectMenus();
+    void CreatePages();
+    bool LoadList(bool IsNew);
+    QString GetListFileName(bool IsOpen);
+    void PromptSaveChanges();
+    void EnableListMenus(bool enabled);
+    void UpdateSaveMenu();
+    void EnableDocumentMenus(bool enabled);
+    void EnableZoom(bool enabled);
+    void FillIndexLists(qint64 textures, qint64 sprites);
+    void ShowCounters();
+    bool CanReadLevel(const QString& level);
+    bool CanReadBitmap(const QString& bitmap);
+    void TellWhatIsMissing();
+    void Status(const QString& message);
+
+    void hscrlZoom_Change(int value);
+    void ucScrollPic1_Change(int X, int Y);
+    void ucScrollPic1_MousePos(float X, float Y);
+
+    std::unique_ptr<Ui::frmMain> m_ui;
+    std::unique_ptr<QtPromptService> m_ownPrompts;
+    std::unique_ptr<EditorState> m_state;
+    std::unique_ptr<C_ListInfo> m_listInfo;
+    ObjectTexturePage* m_objectPage = nullptr;
+    AnimationPage* m_animationPage = nullptr;
+    SpriteTexturePage* m_spritePage = nullptr;
+    SequencePage* m_sequencePage = nullptr;
+    AssignmentPage* m_assignmentPage = nullptr;
+    QList<EditorPage*> m_pages;
+    QTabBar* m_tbsStrip = nullptr;
+    int m_zoom = 1;
+};

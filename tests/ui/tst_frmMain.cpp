@@ -1,0 +1,153 @@
+#include "AnimationPage.h"
+#include "EditorFixture.h"
+#include "EditorState.h"
+#include "ListView.h"
+#include "ObjectTexturePage.h"
+#include "frmMain.h"
+#include "ucScrollPic.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTest>
+
+// The main window as a user meets it: its controls at start, opening a list,
+// the pages and the index lists.
+class tst_frmMain : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void startsWithNoList();
+    void menusCarryTheirCaptions_data();
+    void menusCarryTheirCaptions();
+    void openFillsViewsIndexListsAndCounters();
+    void tabsShowOnePageAtATime();
+    void headerClicksToggleTheSortOrder();
+};
+
+void tst_frmMain::startsWithNoList()
+{
+    EditorFixture f;
+    QCOMPARE(f.window->size(), QSize(1030, 702));
+    for (const char* name : {"mnuFileCloseList", "mnuFileSaveList", "mnuFileSaveAsList", "mnuBitmapsShowTiles"})
+        QVERIFY2(!f.find<QAction>(name)->isEnabled(), name);
+    for (const char* name : {"mnuFileNewList", "mnuFileOpen", "mnuListInser", "mnuFileExit"})
+        QVERIFY2(f.find<QAction>(name)->isEnabled(), name);
+    QVERIFY(!f.find<QAction>("mnuBitmapsShowTiles")->isChecked());
+    QVERIFY(!f.find<QScrollBar>("hscrlZoom")->isEnabled());
+    QCOMPARE(f.find<QLabel>("lblZoomFactor")->text(), QStringLiteral("Zoom Factor: 1"));
+    for (const char* name : {"lblHeight", "lblWidth", "lblNbTiles", "lblTileShow", "lblMousePosX", "lblMousePosY"})
+        QCOMPARE(f.find<QLabel>(name)->text(), QStringLiteral("0"));
+    for (const char* name : {"lblListFile", "lblTextureFile", "lblLevelFile"})
+        QVERIFY(f.find<QLabel>(name)->text().isEmpty());
+    for (const char* name : {"fraList_0", "fraList_1", "fraList_2", "fraList_3", "fraList_4"})
+        QVERIFY2(f.find<QWidget>(name), name);
+    QVERIFY(!f.find<QWidget>("fraList_0")->isHidden());
+    QVERIFY(f.find<QWidget>("fraList_1")->isHidden());
+}
+
+void tst_frmMain::menusCarryTheirCaptions_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("new") << "mnuFileNewList" << "&New List... ";
+    QTest::newRow("open") << "mnuFileOpen" << "&Open List...";
+    QTest::newRow("close") << "mnuFileCloseList" << "&Close List";
+    QTest::newRow("save") << "mnuFileSaveList" << "&Save List";
+    QTest::newRow("save as") << "mnuFileSaveAsList" << "Save &As...";
+    QTest::newRow("exit") << "mnuFileExit" << "E&xit";
+    QTest::newRow("tiles") << "mnuBitmapsShowTiles" << "Show &Tiles";
+    QTest::newRow("insert") << "mnuListInser" << "&Insert List Into Level...";
+    QTest::newRow("help") << "mnuHelpHelp" << "H&elp";
+    QTest::newRow("about") << "mnuHelpAbout" << "A&bout";
+    QTest::newRow("separator 1") << "mnuFileSep1" << "-";
+    QTest::newRow("separator 2") << "mnuFileSep2" << "-";
+}
+
+void tst_frmMain::menusCarryTheirCaptions()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, caption);
+    EditorFixture f;
+    QAction* action = f.window->findChild<QAction*>(name);
+    QVERIFY(action);
+    QCOMPARE(action->text(), caption);
+    QVERIFY(action->shortcut().isEmpty());
+}
+
+void tst_frmMain::openFillsViewsIndexListsAndCounters()
+{
+    EditorFixture f;
+    f.openList(f.listPath());
+    EditorState& s = f.window->state();
+    QCOMPARE(f.prompts.fileRequests.size(), 1);
+    QCOMPARE(f.prompts.fileRequests[0].title, QStringLiteral("Open TombRaider List File"));
+    QCOMPARE(f.prompts.fileRequests[0].filter, QStringLiteral("TR Texture List (*.trt)|*.trt"));
+    QVERIFY(f.prompts.messages.isEmpty());
+
+    const int textures = s.views.lsvTextures.count();
+    QVERIFY(textures > 0);
+    QCOMPARE(s.lsvObjects.count(), textures + 2);
+    QCOMPARE(s.lsvObjects.key(0), QStringLiteral("None"));
+    QCOMPARE(s.lsvObjects.key(2), QStringLiteral("T1"));
+    QCOMPARE(s.lsvAvailTextures.count(), textures);
+    QCOMPARE(s.lsvAvailTextures.key(0), QStringLiteral("A1"));
+    QCOMPARE(s.lsvSpriteIndex.count(), s.views.lsvSprites.count() + 2);
+    QCOMPARE(f.find<QLineEdit>("txtTextureQty")->text(), QString::number(textures));
+    QCOMPARE(f.find<QLineEdit>("txtTileQty")->text(), QStringLiteral("4"));
+    QCOMPARE(f.find<QLabel>("lblNbTiles")->text(), QStringLiteral("4"));
+    QCOMPARE(f.find<QLabel>("lblHeight")->text(), QStringLiteral("1024"));
+    QCOMPARE(f.find<QLabel>("lblAnimTotal")->text(), QString::number(s.views.lsvAnims.count()));
+    QCOMPARE(f.find<QLineEdit>("txtNum")->text(), QString::number(s.views.lsvSprites.count()));
+    QCOMPARE(f.find<QLabel>("lblAvailSTextures")->text(), QString::number(s.views.lsvSprites.count()));
+    QVERIFY(s.IsListOpen && s.IsBitmapLoaded && !s.IsDirty);
+    QCOMPARE(s.ListVersion, 0x2Du);
+    QVERIFY(f.find<QAction>("mnuFileCloseList")->isEnabled());
+    QVERIFY(!f.find<QAction>("mnuFileSaveList")->isEnabled());
+    QVERIFY(f.find<QScrollBar>("hscrlZoom")->isEnabled());
+}
+
+void tst_frmMain::tabsShowOnePageAtATime()
+{
+    EditorFixture f;
+    QTabBar* tabs = f.window->tbsStrip();
+    QCOMPARE(tabs->count(), 5);
+    const QStringList captions = {"Object Textures", "...and Animations", "Sprites Textures", "... and Sequences",
+                                  "Assignation"};
+    const QStringList frames = {"Object Textures", "Object Texture Animations", "Sprite Textures",
+                                "Sprite Texture Sequence", "Texture Assignment"};
+    for (int tab = 0; tab < 5; ++tab) {
+        QCOMPARE(tabs->tabText(tab), captions[tab]);
+        tabs->setCurrentIndex(tab);
+        for (int frame = 0; frame < 5; ++frame) {
+            auto* page = f.find<QGroupBox>(qPrintable(QStringLiteral("fraList_%1").arg(frame)));
+            QCOMPARE(page->isHidden(), frame != tab);
+            QCOMPARE(page->title(), frames[frame]);
+        }
+    }
+}
+
+void tst_frmMain::headerClicksToggleTheSortOrder()
+{
+    EditorFixture f;
+    f.openList(f.listPath());
+    ListView* view = f.find<ListView>("lsvTextures");
+    ListViewModel& model = f.window->state().views.lsvTextures;
+    const int last = model.count() - 1;
+    // "Tile#" first ascending, then descending on the second click.
+    emit view->header()->sectionClicked(0);
+    QCOMPARE(model.sortKey(), 0);
+    QCOMPARE(model.sortOrder(), Qt::AscendingOrder);
+    QCOMPARE(model.text(0), QStringLiteral("00"));
+    emit view->header()->sectionClicked(0);
+    QCOMPARE(model.sortOrder(), Qt::DescendingOrder);
+    QCOMPARE(model.text(0), QString::number(last).rightJustified(2, QLatin1Char('0')));
+}
+
+QTEST_MAIN(tst_frmMain)
+#include "tst_frmMain.moc"

@@ -1,0 +1,61 @@
+#include "EditorFixture.h"
+
+#include "DemoLevel.h"
+#include "frmMain.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QDialog>
+#include <QImage>
+#include <QPainter>
+
+EditorFixture::EditorFixture()
+{
+    DemoLevel::writeInto(dir.path());
+    window = std::make_unique<frmMain>(&prompts);
+}
+
+EditorFixture::~EditorFixture()
+{
+    // Closing asks to save only when there are changes; answer No-save.
+    prompts.answers = {IPromptService::vbCancel};
+    window.reset();
+}
+
+QString EditorFixture::levelPath() const
+{
+    return DemoLevel::levelPath(dir.path());
+}
+
+QString EditorFixture::bitmapPath() const
+{
+    return DemoLevel::bitmapPath(dir.path());
+}
+
+QString EditorFixture::listPath() const
+{
+    return DemoLevel::listPath(dir.path());
+}
+
+void EditorFixture::openList(const QString& path)
+{
+    prompts.fileNames.append(path);
+    window->findChild<QAction*>(QStringLiteral("mnuFileOpen"))->trigger();
+}
+
+QString EditorFixture::writeBitmap(const QString& name, int tiles, int height) const
+{
+    QImage image(256, height < 0 ? tiles * 256 : height, QImage::Format_RGB32);
+    for (int tile = 0; tile * 256 < image.height(); ++tile) {
+        QPainter painter(&image);
+        painter.fillRect(0, tile * 256, 256, 256, QColor::fromHsv((tile * 37) % 360, 80, 200));
+    }
+    const QString path = dir.filePath(name);
+    image.save(path, "BMP");
+    return path;
+}
+
+void EditorFixture::click(QDialog& form, const char* button)
+{
+    form.findChild<QAbstractButton*>(QString::fromLatin1(button))->click();
+}

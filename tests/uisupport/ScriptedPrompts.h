@@ -1,0 +1,47 @@
+#pragma once
+
+#include "IPromptService.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+// Prompts answered from queues and recorded, so a test drives the window's
+// dialogs without ever showing one. An empty queue answers OK, a cancelled
+// file dialog, a cancelled colour dialog, and a form left as it opened.
+class ScriptedPrompts : public IPromptService
+{
+public:
+    struct Message
+    {
+        QString text;
+        int style = 0;
+        QString title;
+    };
+    using FormScript = std::function<void(QDialog&)>;
+
+    int MsgBox(const QString& text, int style, const QString& title) override;
+    QString GetFileName(const FileRequest& request) override;
+    std::optional<QColor> ChooseColor(const QColor& initial) override;
+    void Beep() override;
+    void ShowModal(QDialog& form) override;
+
+    // What to answer next.
+    QList<int> answers;
+    QStringList fileNames;
+    QList<std::optional<QColor>> colors;
+    // Each shown form is handed to the next script, which fills it in and
+    // presses its buttons as a user would.
+    QList<FormScript> formScripts;
+
+    // What the window asked.
+    QList<Message> messages;
+    QList<FileRequest> fileRequests;
+    QStringList formsShown;
+    int beeps = 0;
+
+    QStringList messageTexts() const;
+    void clearRecords();
+};
