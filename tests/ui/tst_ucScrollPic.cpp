@@ -1,0 +1,288 @@
+#include "EditorFixture.h"
+#include "EditorState.h"
+#include "frmMain.h"
+#include "ucScrollPic.h"
+#include "ucScrollPicCanvas.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QPainter>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+// The bitmap view's arithmetic: scroll maxima, reported positions, what a
+// zoom, a load or a refresh does to the drawing, and the main window's use.
+class tst_ucScrollPic : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void scrollMax_data();
+    void scrollMax();
+    void everyZoomStepFitsTheScrollBars_data();
+    void everyZoomStepFitsTheScrollBars();
+    void changeReportsTheTopLeftPixel();
+    void mouseReportsBitmapPixelsAndDrags();
+    void zoomAndRefreshWipeTheDrawing();
+    void aBadFileLeavesTheViewAsItWas();
+    void numberOfTilesRoundsHalvesToEven_data();
+    void numberOfTilesRoundsHalvesToEven();
+    void showTilesDrawsOneLinePerBorder_data();
+    void showTilesDrawsOneLinePerBorder();
+    void zoomBarSetsLabelAndView();
+    void paintingShowsSharpPixels();
+
+private:
+    static QString bitmap(ScratchDir& dir, int tiles);
+    static void moveMouse(QWidget* widget, QPoint at, Qt::MouseButtons held)
+    {
+        QMouseEvent move(QEvent::MouseMove, at, widget->mapToGlobal(QPointF(at)), Qt::NoButton, held, Qt::NoModifier);
+        QApplication::sendEvent(widget, &move);
+    }
+};
+
+QString tst_ucScrollPic::bitmap(ScratchDir& dir, int tiles)
+{
+    QImage image(256, tiles * 256, QImage::Format_RGB32);
+    image.fill(Qt::darkGreen);
+    image.setPixel(1, 0, qRgb(255, 0, 0));
+    const QString path = dir.filePath(QStringLiteral("b%1.bmp").arg(tiles));
+    image.save(path, "BMP");
+    return path;
+}
+
+void tst_ucScrollPic::scrollMax_data()
+{
+    QTest::addColumn<int>("picture");
+    QTest::addColumn<int>("viewport");
+    QTest::addColumn<int>("thickness");
+    QTest::addColumn<int>("max");
+    QTest::newRow("no other bar") << 1024 << 600 << 0 << 424;
+    QTest::newRow("other bar adds it and 5") << 1024 << 600 << 17 << 446;
+    QTest::newRow("zoom 16 of 128 tiles") << 524288 << 600 << 17 << 523710;
+}
+
+void tst_ucScrollPic::scrollMax()
+{
+    QFETCH(int, picture);
+    QFETCH(int, viewport);
+    QFETCH(int, thickness);
+    QFETCH(int, max);
+    QCOMPARE(ucScrollPic::ScrollMax(picture, viewport, thickness), max);
+}
+
+void tst_ucScrollPic::everyZoomStepFitsTheScrollBars_data()
+{
+    QTest::addColumn<int>("tiles");
+    QTest::newRow("1 tile") << 1;
+    QTest::newRow("32 tiles") << 32;
+    QTest::newRow("128 tiles") << 128;
+}
+
+void tst_ucScrollPic::everyZoomStepFitsTheScrollBars()
+{
+    QFETCH(int, tiles);
+    ScratchDir dir;
+    ucScrollPic view;
+    view.resize(817, 617);
+    QVERIFY(view.LoadOnePicture(bitmap(dir, tiles)));
+    const int viewHeight = view.Picture1()->height();
+    for (int zoom = 1; zoom <= 16; ++zoom) {
+        view.setZoomFactor(zoom);
+        QCOMPARE(view.ZoomFactor(), zoom);
+        const int height = tiles * 256 * zoom;
+        QCOMPARE(view.VScroll1()->isVisibleTo(&view), height > viewHeight);
+        if (height > viewHeight) {
+            QVERIFY(view.VScroll1()->maximum() >= height - viewHeight);
+            view.VScroll1()->setValue(view.VScroll1()->maximum());
+            QCOMPARE(view.VScroll1()->value(), view.VScroll1()->maximum());
+        }
+    }
+}
+
+void tst_ucScrollPic::changeReportsTheTopLeftPixel()
+{
+    ScratchDir dir;
+    ucScrollPic view;
+    view.resize(400, 300);
+    view.LoadOnePicture(bitmap(dir, 4));
+    view.setZoomFactor(3);
+    QSignalSpy change(&view, &ucScrollPic::Change);
+    view.VScroll1()->setValue(770);
+    QCOMPARE(change.last(), QVariantList({0, 257})); // 770 / 3 rounds to 257: tile 1
+    view.HScroll1()->setValue(100);
+    QCOMPARE(change.last(), QVariantList({33, 257}));
+    QCOMPARE(view.Picture1()->offset(), QPoint(100, 770));
+}
+
+void tst_ucScrollPic::mouseReportsBitmapPixelsAndDrags()
+{
+    ScratchDir dir;
+    ucScrollPic view;
+    view.resize(400, 300);
+    view.LoadOnePicture(bitmap(dir, 2));
+    view.setZoomFactor(2);
+    view.VScroll1()->setValue(20);
+    QSignalSpy pos(&view, &ucScrollPic::MousePos);
+    QSignalSpy select(&view, &ucScrollPic::MouseSelect);
+    QWidget* canvas = view.Picture1();
+    moveMouse(canvas, QPoint(100, 30), Qt::NoButton);
+    QCOMPARE(pos.size(), 1);
+    QCOMPARE(pos.last(), QVariantList({50.0f, 25.0f}));
+
+    QTest::mousePress(canvas, Qt::LeftButton, {}, QPoint(10, 10));
+    QCOMPARE(select.last(), QVariantList({10.0f, 30.0f, 10.0f, 30.0f}));
+    moveMouse(canvas, QPoint(60, 90), Qt::LeftButton);
+    QCOMPARE(select.last(), QVariantList({10.0f, 30.0f, 60.0f, 110.0f}));
+    QTest::mouseRelease(canvas, Qt::LeftButton, {}, QPoint(70, 95));
+    QCOMPARE(select.last(), QVariantList({10.0f, 30.0f, 70.0f, 115.0f}));
+    const int drags = select.size();
+    QTest::mouseClick(canvas, Qt::RightButton, {}, QPoint(5, 5));
+    QCOMPARE(select.size(), drags);
+}
+
+void tst_ucScrollPic::zoomAndRefreshWipeTheDrawing()
+{
+    ScratchDir dir;
+    ucScrollPic view;
+    view.resize(300, 300);
+    view.LoadOnePicture(bitmap(dir, 4));
+    view.DrawContour(0, 0, 10, 10, Qt::red);
+    view.PutText(5, 5, "7", Qt::red);
+    view.setZoomFactor(1); // the current zoom: nothing happens
+    view.setZoomFactor(0); // below 1: ignored
+    QCOMPARE(view.ShapeCount(), 2);
+    QCOMPARE(view.ZoomFactor(), 1);
+    view.VScroll1()->setValue(50);
+    view.resize(320, 280); // a resize keeps the drawing and the place
+    QCOMPARE(view.ShapeCount(), 2);
+    QCOMPARE(view.VScroll1()->value(), 50);
+    view.setZoomFactor(2);
+    QCOMPARE(view.ShapeCount(), 0);
+    QCOMPARE(view.VScroll1()->value(), 0);
+    view.DrawLine(0, 0, 5, 5, Qt::red);
+    view.VScroll1()->setValue(80);
+    view.RefreshPicture();
+    QCOMPARE(view.ShapeCount(), 0);
+    QCOMPARE(view.VScroll1()->value(), 0);
+    view.DrawLine(0, 0, 5, 5, Qt::red);
+    view.LoadOnePicture(view.FileName());
+    QCOMPARE(view.ShapeCount(), 0);
+}
+
+void tst_ucScrollPic::aBadFileLeavesTheViewAsItWas()
+{
+    ScratchDir dir;
+    ucScrollPic view;
+    const QString good = bitmap(dir, 2);
+    QVERIFY(view.LoadOnePicture(good));
+    QVERIFY(view.LoadOnePicture(QString())); // an empty name does nothing
+    const QString junk = dir.write("junk.bmp", QByteArray(600, 'x'));
+    QVERIFY(!view.LoadOnePicture(junk));
+    QVERIFY(view.ErrorString().contains(QDir::toNativeSeparators(junk)));
+    QCOMPARE(view.FileName(), good);
+    QCOMPARE(view.PictureHeight(), 512);
+    view.NoPicture();
+    QVERIFY(!view.HasPicture());
+    QVERIFY(view.FileName().isEmpty());
+}
+
+void tst_ucScrollPic::numberOfTilesRoundsHalvesToEven_data()
+{
+    QTest::addColumn<int>("height");
+    QTest::addColumn<QString>("tiles");
+    QTest::newRow("1024") << 1024 << "4";
+    QTest::newRow("640: 2.5 to even") << 640 << "2";
+    QTest::newRow("896: 3.5 to even") << 896 << "4";
+    QTest::newRow("100") << 100 << "0";
+}
+
+void tst_ucScrollPic::numberOfTilesRoundsHalvesToEven()
+{
+    QFETCH(int, height);
+    QFETCH(QString, tiles);
+    EditorFixture f;
+    const QString path = f.writeBitmap("odd.bmp", 0, height);
+    f.prompts.formScripts << [&](QDialog& form) {
+        f.prompts.fileNames << f.dir.filePath("n.trt") << path;
+        EditorFixture::click(form, "cmdList");
+        EditorFixture::click(form, "cmdBitmap");
+        EditorFixture::click(form, "cmdOK");
+    };
+    f.find<QAction>("mnuFileNewList")->trigger();
+    QCOMPARE(f.find<QLabel>("lblNbTiles")->text(), tiles);
+    QCOMPARE(f.find<QLabel>("lblHeight")->text(), QString::number(height));
+    QCOMPARE(f.window->state().NumberOfTiles, tiles.toInt());
+}
+
+void tst_ucScrollPic::showTilesDrawsOneLinePerBorder_data()
+{
+    QTest::addColumn<int>("tiles");
+    QTest::addColumn<int>("zoom");
+    QTest::newRow("one tile: no line") << 1 << 1;
+    QTest::newRow("four tiles at zoom 4") << 4 << 4;
+}
+
+void tst_ucScrollPic::showTilesDrawsOneLinePerBorder()
+{
+    QFETCH(int, tiles);
+    QFETCH(int, zoom);
+    EditorFixture f;
+    const QString path = f.writeBitmap("t.bmp", tiles);
+    f.prompts.formScripts << [&](QDialog& form) {
+        f.prompts.fileNames << f.dir.filePath("n.trt") << path;
+        EditorFixture::click(form, "cmdList");
+        EditorFixture::click(form, "cmdBitmap");
+        EditorFixture::click(form, "cmdOK");
+    };
+    f.find<QAction>("mnuFileNewList")->trigger();
+    f.find<QScrollBar>("hscrlZoom")->setValue(zoom);
+    f.find<QAction>("mnuBitmapsShowTiles")->trigger();
+    ucScrollPic* view = f.window->state().picture();
+    QCOMPARE(view->ShapeCount(), tiles - 1);
+    for (int i = 0; i < tiles - 1; ++i) {
+        const auto& line = view->Picture1()->shapes()[size_t(i)];
+        QCOMPARE(line.p1, QPoint(0, (i + 1) * 256 * zoom));
+        QCOMPARE(line.color, QColor(Qt::white));
+    }
+    f.find<QAction>("mnuBitmapsShowTiles")->trigger();
+    QCOMPARE(view->ShapeCount(), 0);
+}
+
+void tst_ucScrollPic::zoomBarSetsLabelAndView()
+{
+    EditorFixture f;
+    f.openList(f.listPath());
+    f.find<QScrollBar>("hscrlZoom")->setValue(5);
+    QCOMPARE(f.find<QLabel>("lblZoomFactor")->text(), QStringLiteral("Zoom Factor: 5"));
+    ucScrollPic* view = f.window->state().picture();
+    QCOMPARE(view->ZoomFactor(), 5);
+    view->VScroll1()->setValue(5 * 256 * 2 + 10);
+    QCOMPARE(f.find<QLabel>("lblTileShow")->text(), QStringLiteral("2"));
+}
+
+void tst_ucScrollPic::paintingShowsSharpPixels()
+{
+    ScratchDir dir;
+    ucScrollPic view;
+    view.resize(300, 300);
+    view.LoadOnePicture(bitmap(dir, 1));
+    view.setZoomFactor(4);
+    view.DrawContour(40, 40, 80, 80, Qt::yellow);
+    QImage shot(view.Picture1()->size(), QImage::Format_RGB32);
+    QPainter painter(&shot);
+    view.Picture1()->paintView(painter, shot.rect());
+    painter.end();
+    // Bitmap pixel (1, 0) is red: a 4 x 4 block at (4..7, 0..3), no blending at its edge.
+    QCOMPARE(shot.pixel(4, 0), qRgb(255, 0, 0));
+    QCOMPARE(shot.pixel(7, 3), qRgb(255, 0, 0));
+    QCOMPARE(shot.pixel(8, 0), QColor(Qt::darkGreen).rgb());
+    QCOMPARE(shot.pixel(3, 3), QColor(Qt::darkGreen).rgb());
+    QCOMPARE(shot.pixel(40, 60), QColor(Qt::yellow).rgb());
+    QCOMPARE(shot.pixel(80, 60), QColor(Qt::yellow).rgb());
+    QCOMPARE(shot.pixel(60, 60), QColor(Qt::darkGreen).rgb());
+}
+
+QTEST_MAIN(tst_ucScrollPic)
+#include "tst_ucScrollPic.moc"
