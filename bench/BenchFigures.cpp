@@ -2,7 +2,10 @@
 
 #include "InsertRatioFigure.h"
 #include "ListFigure.h"
+#include "OpenGuiFigure.h"
+#include "PaintFigure.h"
 #include "WalkRatioFigure.h"
+#include "ZoomMemoryFigure.h"
 
 std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
 {
@@ -11,5 +14,9 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Open));
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Save));
     figures.push_back(std::make_unique<InsertRatioFigure>());
+    figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Ratio));
+    figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Milliseconds));
+    figures.push_back(std::make_unique<ZoomMemoryFigure>());
+    figures.push_back(std::make_unique<OpenGuiFigure>());
     return figures;
 }

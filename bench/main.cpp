@@ -7,7 +7,7 @@
 
 #include "BenchFigures.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringList>
@@ -35,7 +35,10 @@ void printFigure(const BenchFigure& figure, double value)
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
+    // The editor's figures paint real widgets; no display is needed for that.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
     const QStringList wanted = app.arguments().mid(1);
     QStringList unknown = wanted;
     const auto figures = allBenchFigures();

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 ucScrollPicCanvas::ucScrollPicCanvas(QWidget* parent)
     : QWidget(parent)
 {
@@ -12,6 +14,7 @@ ucScrollPicCanvas::ucScrollPicCanvas(QWidget* parent)
     QFont small = font();
     small.setPointSize(8);
     setFont(small);
+    m_textAscent = fontMetrics().ascent();
 }
 
 void ucScrollPicCanvas::setOffset(QPoint offset)
@@ -36,6 +39,12 @@ void ucScrollPicCanvas::addShape(Shape shape)
     const QRect visible(m_offset, size());
     if (visible.intersects(shape.bounds))
         update(shape.bounds.translated(-m_offset));
+    const int index = int(m_shapes.size());
+    const int last = bandOf(shape.bounds.bottom());
+    if (size_t(last) >= m_bands.size())
+        m_bands.resize(size_t(last) + 1);
+    for (int band = bandOf(shape.bounds.top()); band <= last; ++band)
+        m_bands[size_t(band)].push_back(index);
     m_shapes.push_back(std::move(shape));
 }
 
@@ -44,6 +53,7 @@ void ucScrollPicCanvas::clearShapes()
     if (m_shapes.empty())
         return;
     m_shapes.clear();
+    m_bands.clear();
     update();
 }
 
@@ -84,24 +94,70 @@ void ucScrollPicCanvas::paintBitmap(QPainter& painter, const QRect& visible) con
 
 void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) const
 {
+    if (m_bands.empty())
+        return;
+    const int firstBand = bandOf(visible.top());
+    const int lastBand = qMin(bandOf(visible.bottom()), int(m_bands.size()) - 1);
+    std::vector<int> seen;
+    for (int band = firstBand; band <= lastBand; ++band) {
+        for (int index : m_bands[size_t(band)]) {
+            // A shape crossing several visible bands is drawn once, from the first.
+            if (bandOf(m_shapes[size_t(index)].bounds.top()) >= band || band == firstBand)
+                seen.push_back(index);
+        }
+    }
+    // Later shapes are drawn over earlier ones, as they were drawn.
+    std::sort(seen.begin(), seen.end());
+    seen.erase(std::unique(seen.begin(), seen.end()), seen.end());
+
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
-    for (const Shape& shape : m_shapes) {
+    QColor penColor;
+    for (int index : seen) {
+        const Shape& shape = m_shapes[size_t(index)];
         if (!visible.intersects(shape.bounds))
             continue;
-        painter.setPen(QPen(shape.color, 1));
+        if (shape.kind == Shape::Line && shape.color != penColor) {
+            penColor = shape.color;
+            painter.setPen(QPen(penColor, 0)); // cosmetic: one pixel, no stroking
+        }
         switch (shape.kind) {
-        case Shape::Contour:
-            painter.drawRect(QRect(shape.p1, shape.p2).normalized().adjusted(0, 0, -1, -1));
+        case Shape::Contour: {
+            // Four one-pixel fills: the same pixels as a stroked outline, far cheaper.
+            const QRect r = QRect(shape.p1, shape.p2).normalized();
+            painter.fillRect(r.left(), r.top(), r.width(), 1, shape.color);
+            painter.fillRect(r.left(), r.bottom(), r.width(), 1, shape.color);
+            painter.fillRect(r.left(), r.top(), 1, r.height(), shape.color);
+            painter.fillRect(r.right(), r.top(), 1, r.height(), shape.color);
             break;
+        }
         case Shape::Line:
             painter.drawLine(shape.p1, shape.p2);
             break;
         case Shape::Text:
-            painter.drawText(QRect(shape.p1, shape.bounds.size()), Qt::AlignLeft | Qt::AlignTop, shape.text);
+            painter.drawImage(shape.p1, labelImage(shape.text, shape.color));
             break;
         }
     }
+}
+
+const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& color) const
+{
+    const QString key = color.name(QColor::HexArgb) + text;
+    auto found = m_labels.constFind(key);
+    if (found != m_labels.constEnd())
+        return *found;
+    if (m_labels.size() > 20000)
+        m_labels.clear();
+    const QFontMetrics metrics = fontMetrics();
+    QImage image(metrics.boundingRect(text).size() + QSize(2, 2), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setFont(font());
+    painter.setPen(color);
+    painter.drawText(QPoint(0, m_textAscent), text);
+    painter.end();
+    return *m_labels.insert(key, image);
 }
 
 void ucScrollPicCanvas::mousePressEvent(QMouseEvent* event)

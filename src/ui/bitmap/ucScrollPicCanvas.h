@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QHash>
 #include <QImage>
 #include <QLine>
 #include <QPoint>
@@ -64,9 +65,18 @@ private:
     QPointF picturePoint(QPointF widgetPoint) const { return widgetPoint + m_offset; }
     void paintBitmap(QPainter& painter, const QRect& visible) const;
     void paintShapes(QPainter& painter, const QRect& visible) const;
+    // Shapes are filed by the horizontal bands of the picture they cross, so
+    // a paint looks only at those near the visible part.
+    static constexpr int BandHeight = 256;
+    static int bandOf(int y) { return y < 0 ? 0 : y / BandHeight; }
 
     QImage m_image;
     int m_zoom = 1;
     QPoint m_offset;
     std::vector<Shape> m_shapes;
+    std::vector<std::vector<int>> m_bands;
+    // Labels are numbers that repeat at every redraw: each is laid out once.
+    const QImage& labelImage(const QString& text, const QColor& color) const;
+    mutable QHash<QString, QImage> m_labels;
+    int m_textAscent = 0;
 };

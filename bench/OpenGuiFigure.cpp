@@ -1,0 +1,45 @@
+#include "OpenGuiFigure.h"
+
+#include "BenchBitmap.h"
+#include "BenchList.h"
+#include "BenchPrompts.h"
+#include "DurationSamples.h"
+#include "EditorState.h"
+#include "frmMain.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+std::optional<double> OpenGuiFigure::measure()
+{
+    QTemporaryDir dir;
+    if (!BenchList::write(dir, qint64(2) * 1024 * 1024, "open_gui_ms")
+        || BenchBitmap::write(dir, 16, "open_gui_ms").isEmpty())
+        return std::nullopt;
+
+    BenchPrompts prompts;
+    frmMain window(&prompts);
+    window.show();
+    QApplication::processEvents();
+    auto* open = window.findChild<QAction*>(QStringLiteral("mnuFileOpen"));
+
+    DurationSamples samples;
+    QElapsedTimer timer;
+    for (int i = 0; i < Repetitions; ++i) {
+        prompts.fileNames = {BenchList::listPath(dir)};
+        timer.start();
+        open->trigger();
+        samples.add(timer.nsecsElapsed());
+        QApplication::processEvents();
+    }
+    const EditorState& state = window.state();
+    if (prompts.messages > 0 || state.lsvObjects.count() != BenchList::ObjectTextures + 2 || !state.IsBitmapLoaded) {
+        std::fprintf(stderr, "open_gui_ms: the list did not open whole (%s)\n", qPrintable(prompts.lastMessage));
+        return std::nullopt;
+    }
+    return samples.median() / 1e6;
+}
