@@ -80,6 +80,8 @@ void frmMain::CreatePages()
          {"Object Textures", "...and Animations", "Sprites Textures", "... and Sequences", "Assignation"})
         tabs->addTab(QString::fromLatin1(caption));
     tabs->setExpanding(false);
+    // Five captions side by side in the page column at the starting size.
+    tabs->setStyleSheet(QStringLiteral("QTabBar::tab { padding: 4px 7px; }"));
     tabs->setDrawBase(true);
     connect(tabs, &QTabBar::currentChanged, this, [this](int tab) { ShowPage(tab + 1); });
 }
