@@ -6,9 +6,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 
-namespace {
-
-QMessageBox::Icon IconOf(int style)
+QMessageBox::Icon QtPromptService::IconOf(int style)
 {
     switch (style & 0x70) {
     case IPromptService::vbCritical: return QMessageBox::Critical;
@@ -19,7 +17,7 @@ QMessageBox::Icon IconOf(int style)
     }
 }
 
-QMessageBox::StandardButtons ButtonsOf(int style)
+QMessageBox::StandardButtons QtPromptService::ButtonsOf(int style)
 {
     switch (style & 0x7) {
     case IPromptService::vbOKCancel: return QMessageBox::Ok | QMessageBox::Cancel;
@@ -28,6 +26,8 @@ QMessageBox::StandardButtons ButtonsOf(int style)
     default: return QMessageBox::Ok;
     }
 }
+
+namespace {
 
 int AnswerOf(int button)
 {

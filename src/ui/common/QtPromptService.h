@@ -2,6 +2,8 @@
 
 #include "IPromptService.h"
 
+#include <QMessageBox>
+
 class QWidget;
 
 // The prompts as real Qt dialogs, over the given parent window.
@@ -18,6 +20,10 @@ public:
 
     // "A (*.a)|*.a|B|*.b" as Qt's name filters: "A (*.a)", "B (*.b)".
     static QStringList NameFilters(const QString& filter);
+    // A message box style as Qt's icon and buttons: 48 the exclamation icon,
+    // 16 the critical one, 1 OK and Cancel, so 49 is both.
+    static QMessageBox::Icon IconOf(int style);
+    static QMessageBox::StandardButtons ButtonsOf(int style);
     // "*.TRT" as the suffix a saved name gets: "trt".
     static QString DefaultSuffix(const QString& defaultExt);
 
