@@ -43,32 +43,13 @@ private slots:
 
 private:
     static void trigger(EditorFixture& f, const char* action) { f.find<QAction>(action)->trigger(); }
-    static ScriptedPrompts::FormScript fillNewList(EditorFixture& f, const QString& list, const QString& level,
-                                                   const QString& bitmap);
 };
-
-ScriptedPrompts::FormScript tst_DocumentLife::fillNewList(EditorFixture& f, const QString& list,
-                                                         const QString& level, const QString& bitmap)
-{
-    return [&f, list, level, bitmap](QDialog& form) {
-        f.prompts.fileNames << list;
-        EditorFixture::click(form, "cmdList");
-        if (!level.isEmpty()) {
-            f.prompts.fileNames << level;
-            EditorFixture::click(form, "cmdLevelFile");
-        }
-        f.prompts.fileNames << bitmap;
-        EditorFixture::click(form, "cmdBitmap");
-        EditorFixture::click(form, "cmdOK");
-    };
-}
 
 void tst_DocumentLife::newListFromLevelWritesTheLevelsTables()
 {
     EditorFixture f;
     const QString list = f.dir.filePath("new.trt");
-    f.prompts.formScripts << fillNewList(f, list, f.levelPath(), f.bitmapPath());
-    trigger(f, "mnuFileNewList");
+    f.newList(list, f.levelPath(), f.bitmapPath());
 
     // The demo list was extracted from the same level with the same names.
     QCOMPARE(ScratchDir::read(list), ScratchDir::read(f.listPath()));
@@ -102,7 +83,8 @@ void tst_DocumentLife::newStandAloneListTakesTheChosenVersion()
     EditorFixture f;
     f.openList(f.listPath());
     const QString list = f.dir.filePath("alone.trt");
-    f.prompts.formScripts << fillNewList(f, list, {}, f.bitmapPath()) << [option](QDialog& form) {
+    f.scriptNewList(list, {}, f.bitmapPath());
+    f.prompts.formScripts << [option](QDialog& form) {
         if (option >= 0)
             form.findChild<QRadioButton*>(QStringLiteral("optVersion_%1").arg(option))->click();
         EditorFixture::click(form, "cmdOK");
@@ -337,9 +319,7 @@ void tst_DocumentLife::badFilesGetOneMessageAndChangeNothing()
     else if (bad == "tr1.tr2")
         path = f.dir.write(bad, QByteArray::fromHex("20000000") + level.mid(4));
     const QString list = f.dir.filePath("new.trt");
-    f.prompts.formScripts << fillNewList(f, list, role == "level" ? path : f.levelPath(),
-                                         role == "bitmap" ? path : f.bitmapPath());
-    trigger(f, "mnuFileNewList");
+    f.newList(list, role == "level" ? path : f.levelPath(), role == "bitmap" ? path : f.bitmapPath());
 
     QCOMPARE(f.prompts.messages.size(), 1);
     QVERIFY2(f.prompts.messages[0].text.contains(QDir::toNativeSeparators(path)), qPrintable(f.prompts.messages[0].text));

@@ -204,13 +204,7 @@ void tst_ucScrollPic::numberOfTilesRoundsHalvesToEven()
     QFETCH(QString, tiles);
     EditorFixture f;
     const QString path = f.writeBitmap("odd.bmp", 0, height);
-    f.prompts.formScripts << [&](QDialog& form) {
-        f.prompts.fileNames << f.dir.filePath("n.trt") << path;
-        EditorFixture::click(form, "cmdList");
-        EditorFixture::click(form, "cmdBitmap");
-        EditorFixture::click(form, "cmdOK");
-    };
-    f.find<QAction>("mnuFileNewList")->trigger();
+    f.newList(f.dir.filePath("n.trt"), {}, path);
     QCOMPARE(f.find<QLabel>("lblNbTiles")->text(), tiles);
     QCOMPARE(f.find<QLabel>("lblHeight")->text(), QString::number(height));
     QCOMPARE(f.window->state().NumberOfTiles, tiles.toInt());
@@ -230,13 +224,7 @@ void tst_ucScrollPic::showTilesDrawsOneLinePerBorder()
     QFETCH(int, zoom);
     EditorFixture f;
     const QString path = f.writeBitmap("t.bmp", tiles);
-    f.prompts.formScripts << [&](QDialog& form) {
-        f.prompts.fileNames << f.dir.filePath("n.trt") << path;
-        EditorFixture::click(form, "cmdList");
-        EditorFixture::click(form, "cmdBitmap");
-        EditorFixture::click(form, "cmdOK");
-    };
-    f.find<QAction>("mnuFileNewList")->trigger();
+    f.newList(f.dir.filePath("n.trt"), {}, path);
     f.find<QScrollBar>("hscrlZoom")->setValue(zoom);
     f.find<QAction>("mnuBitmapsShowTiles")->trigger();
     ucScrollPic* view = f.window->state().picture();

@@ -43,6 +43,29 @@ void EditorFixture::openList(const QString& path)
     window->findChild<QAction*>(QStringLiteral("mnuFileOpen"))->trigger();
 }
 
+void EditorFixture::scriptNewList(const QString& list, const QString& level, const QString& bitmap)
+{
+    prompts.formScripts << [this, list, level, bitmap](QDialog& form) {
+        prompts.fileNames << list;
+        click(form, "cmdList");
+        if (!level.isEmpty()) {
+            prompts.fileNames << level;
+            click(form, "cmdLevelFile");
+        }
+        prompts.fileNames << bitmap;
+        click(form, "cmdBitmap");
+        click(form, "cmdOK");
+    };
+}
+
+void EditorFixture::newList(const QString& list, const QString& level, const QString& bitmap)
+{
+    scriptNewList(list, level, bitmap);
+    if (level.isEmpty())
+        prompts.formScripts << [](QDialog& version) { click(version, "cmdOK"); };
+    window->findChild<QAction*>(QStringLiteral("mnuFileNewList"))->trigger();
+}
+
 QString EditorFixture::writeBitmap(const QString& name, int tiles, int height) const
 {
     QImage image(256, height < 0 ? tiles * 256 : height, QImage::Format_RGB32);

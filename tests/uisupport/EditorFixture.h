@@ -29,6 +29,11 @@ public:
 
     // Opens a list through File, Open List as a user would.
     void openList(const QString& path);
+    // Queues the answers of File, New List: the three files chosen through
+    // the dialog's buttons (no level: a stand-alone list), then OK.
+    void scriptNewList(const QString& list, const QString& level, const QString& bitmap);
+    // File, New List with those answers; a stand-alone list is made for TR 2.
+    void newList(const QString& list, const QString& level, const QString& bitmap);
     // A bitmap of tiles x 256 pixels high, 256 wide, each tile its own grey.
     QString writeBitmap(const QString& name, int tiles, int height = -1) const;
 

@@ -4,6 +4,7 @@
 #include "C_LevelInfo.h"
 #include "C_ListInfo.h"
 #include "C_ListInserter.h"
+#include "FileRequests.h"
 #include "IPromptService.h"
 #include "m_CodeForms.h"
 #include "ui_frmInserList.h"
@@ -37,12 +38,7 @@ void frmInserList::GetLevel(const QString& name)
 {
     QString path = name;
     if (path.isEmpty()) {
-        IPromptService::FileRequest request;
-        request.title = QStringLiteral("Open TombRaider Level");
-        request.filter = QStringLiteral("TR 2 (*.tr2)|*.tr2");
-        request.defaultExt = QStringLiteral("*.TR2");
-        request.flags = IPromptService::PathMustExist | IPromptService::FileMustExist;
-        path = m_prompts.GetFileName(request);
+        path = m_prompts.GetFileName(FileRequests::OpenLevel());
         if (path.isEmpty()) {
             EnableInsert();
             return;
@@ -61,12 +57,7 @@ void frmInserList::GetLevel(const QString& name)
 
 void frmInserList::GetList()
 {
-    IPromptService::FileRequest request;
-    request.title = QStringLiteral("Open TombRaider Texture List");
-    request.filter = QStringLiteral("TR (*.trt)|*.trt");
-    request.defaultExt = QStringLiteral("*.TRT");
-    request.flags = IPromptService::PathMustExist | IPromptService::FileMustExist;
-    const QString path = m_prompts.GetFileName(request);
+    const QString path = m_prompts.GetFileName(FileRequests::OpenListForInsert());
     if (path.isEmpty()) {
         EnableInsert();
         return;

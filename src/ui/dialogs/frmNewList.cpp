@@ -1,5 +1,6 @@
 #include "frmNewList.h"
 
+#include "FileRequests.h"
 #include "IPromptService.h"
 #include "m_CodeForms.h"
 #include "ui_frmNewList.h"
@@ -47,35 +48,19 @@ void frmNewList::showEvent(QShowEvent* event)
 
 void frmNewList::cmdList_Click()
 {
-    IPromptService::FileRequest request;
-    request.save = true;
-    request.title = QStringLiteral("Create New TombRaider List File");
-    request.filter = QStringLiteral("TR Texture List (*.trt)|*.trt");
-    request.defaultExt = QStringLiteral("*.TRT");
-    request.flags = IPromptService::OverwritePrompt | IPromptService::PathMustExist;
-    m_ui->txtListFile->setText(m_prompts.GetFileName(request));
+    m_ui->txtListFile->setText(m_prompts.GetFileName(FileRequests::CreateList()));
 }
 
 void frmNewList::cmdLevelFile_Click()
 {
-    IPromptService::FileRequest request;
-    request.title = QStringLiteral("Open TombRaider Level");
-    request.filter = QStringLiteral("TR 2 (*.tr2)|*.tr2");
-    request.defaultExt = QStringLiteral("*.TR2");
-    request.flags = IPromptService::PathMustExist | IPromptService::FileMustExist;
-    const QString level = m_prompts.GetFileName(request);
+    const QString level = m_prompts.GetFileName(FileRequests::OpenLevel());
     m_ui->txtLevelFile->setText(level);
     m_dataFromLevel = !level.isEmpty();
 }
 
 void frmNewList::cmdBitmap_Click()
 {
-    IPromptService::FileRequest request;
-    request.title = QStringLiteral("Open Texture Bitmap");
-    request.filter = QStringLiteral("Bitmap (*.bmp)|*.bmp");
-    request.defaultExt = QStringLiteral("*.BMP");
-    request.flags = IPromptService::PathMustExist | IPromptService::FileMustExist;
-    m_ui->txtBitmapFile->setText(m_prompts.GetFileName(request));
+    m_ui->txtBitmapFile->setText(m_prompts.GetFileName(FileRequests::OpenBitmap()));
 }
 
 void frmNewList::cmdOK_Click()

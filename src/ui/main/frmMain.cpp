@@ -6,6 +6,7 @@
 #include "C_LevelInfo.h"
 #include "C_ListInfo.h"
 #include "EditorState.h"
+#include "FileRequests.h"
 #include "LevelTableReader.h"
 #include "ObjectTexturePage.h"
 #include "QtPromptService.h"
@@ -168,16 +169,7 @@ void frmMain::Status(const QString& message)
 
 QString frmMain::GetListFileName(bool IsOpen)
 {
-    IPromptService::FileRequest request;
-    request.save = !IsOpen;
-    request.title = IsOpen ? QStringLiteral("Open TombRaider List File")
-                           : QStringLiteral("Save List Information into New TombRaider List File");
-    request.defaultExt = QStringLiteral("*.TRT");
-    request.filter = QStringLiteral("TR Texture List (*.trt)|*.trt");
-    request.filterIndex = 1;
-    request.flags = IPromptService::OverwritePrompt | IPromptService::PathMustExist;
-    request.initDir = QCoreApplication::applicationDirPath();
-    return m_state->prompts().GetFileName(request);
+    return m_state->prompts().GetFileName(FileRequests::MainListFile(IsOpen, QCoreApplication::applicationDirPath()));
 }
 
 bool frmMain::LoadList(bool IsNew)

@@ -1,0 +1,54 @@
+#include "FileRequests.h"
+
+namespace FileRequests {
+
+namespace {
+
+IPromptService::FileRequest Request(bool save, const char* title, const char* filter, const char* defaultExt)
+{
+    IPromptService::FileRequest request;
+    request.save = save;
+    request.title = QString::fromLatin1(title);
+    request.filter = QString::fromLatin1(filter);
+    request.defaultExt = QString::fromLatin1(defaultExt);
+    request.flags = save ? IPromptService::OverwritePrompt | IPromptService::PathMustExist
+                         : IPromptService::PathMustExist | IPromptService::FileMustExist;
+    return request;
+}
+
+} // namespace
+
+IPromptService::FileRequest OpenLevel()
+{
+    return Request(false, "Open TombRaider Level", "TR 2 (*.tr2)|*.tr2", "*.TR2");
+}
+
+IPromptService::FileRequest OpenBitmap()
+{
+    return Request(false, "Open Texture Bitmap", "Bitmap (*.bmp)|*.bmp", "*.BMP");
+}
+
+IPromptService::FileRequest CreateList()
+{
+    return Request(true, "Create New TombRaider List File", "TR Texture List (*.trt)|*.trt", "*.TRT");
+}
+
+IPromptService::FileRequest OpenListForInsert()
+{
+    return Request(false, "Open TombRaider Texture List", "TR (*.trt)|*.trt", "*.TRT");
+}
+
+IPromptService::FileRequest MainListFile(bool open, const QString& initialFolder)
+{
+    IPromptService::FileRequest request =
+        Request(!open,
+                open ? "Open TombRaider List File" : "Save List Information into New TombRaider List File",
+                "TR Texture List (*.trt)|*.trt", "*.TRT");
+    // The one dialog of the main window takes both flags either way.
+    request.flags = IPromptService::OverwritePrompt | IPromptService::PathMustExist;
+    request.filterIndex = 1;
+    request.initDir = initialFolder;
+    return request;
+}
+
+} // namespace FileRequests

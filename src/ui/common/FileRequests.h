@@ -1,0 +1,16 @@
+#pragma once
+
+#include "IPromptService.h"
+
+// The file dialogs the forms show, each with its title, filter, default
+// extension and flags, written once.
+namespace FileRequests {
+
+IPromptService::FileRequest OpenLevel();         // "Open TombRaider Level"
+IPromptService::FileRequest OpenBitmap();        // "Open Texture Bitmap"
+IPromptService::FileRequest CreateList();        // "Create New TombRaider List File"
+IPromptService::FileRequest OpenListForInsert(); // "Open TombRaider Texture List"
+// The main window's list dialog: opening, or saving under a new name.
+IPromptService::FileRequest MainListFile(bool open, const QString& initialFolder);
+
+} // namespace FileRequests
