@@ -7,7 +7,9 @@
 #include <QtEndian>
 
 #include <array>
+#include <cstring>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -23,6 +25,22 @@ constexpr std::array<quint8, 32> widened = [] {
         table[size_t(c)] = quint8((c << 3) | (c >> 2));
     return table;
 }();
+
+// The bitmap's blue, green and red bytes of every 16-bit pixel, in the low
+// three bytes: one look-up per pixel instead of a branch on bit 15 that
+// random pixels mispredict half the time.
+const std::vector<quint32>& bitmapBytesOfEveryPixel()
+{
+    static const std::vector<quint32> table = [] {
+        std::vector<quint32> bytes(65536);
+        for (quint32 pixel = 0; pixel < bytes.size(); ++pixel) {
+            const QRgb colour = LevelTileBitmap::colourOf(quint16(pixel));
+            bytes[pixel] = quint32(qBlue(colour)) | quint32(qGreen(colour)) << 8 | quint32(qRed(colour)) << 16;
+        }
+        return bytes;
+    }();
+    return table;
+}
 
 template <typename T>
 void put(QByteArray& bytes, qsizetype at, T value)
@@ -116,14 +134,13 @@ bool LevelTileBitmap::writeTiles(QFileDevice& level, QFileDevice& bitmap)
 
 void LevelTileBitmap::convertTile(const char* tile16, char* bitmapTile)
 {
+    const quint32* bytesOf = bitmapBytesOfEveryPixel().data();
     for (int row = 0; row < TileSide; ++row) {
         const char* in = tile16 + qint64(row) * TileSide * 2;
         char* out = bitmapTile + (TileSide - 1 - row) * RowSize;
         for (int x = 0; x < TileSide; ++x, in += 2, out += 3) {
-            const QRgb colour = colourOf(qFromLittleEndian<quint16>(in));
-            out[0] = char(qBlue(colour));
-            out[1] = char(qGreen(colour));
-            out[2] = char(qRed(colour));
+            const quint32 bgr = qToLittleEndian(bytesOf[qFromLittleEndian<quint16>(in)]);
+            std::memcpy(out, &bgr, 3);
         }
     }
 }
