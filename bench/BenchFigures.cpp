@@ -2,6 +2,8 @@
 
 #include "InsertRatioFigure.h"
 #include "ListFigure.h"
+#include "TilesRatioFigure.h"
+#include "UsageRatioFigure.h"
 #include "WalkRatioFigure.h"
 
 std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
@@ -11,5 +13,7 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Open));
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Save));
     figures.push_back(std::make_unique<InsertRatioFigure>());
+    figures.push_back(std::make_unique<TilesRatioFigure>());
+    figures.push_back(std::make_unique<UsageRatioFigure>());
     return figures;
 }
