@@ -90,25 +90,24 @@ void readMeshes(BinaryReader& reader, const LevelWalk::Result& walk, TextureInde
     }
 }
 
-// Each sequence covers First .. First + Number - 1; the ranges are summed as
-// starts and ends first, so a table of long overlapping ranges costs one pass
-// over the sprite indices and not one per sprite of every range.
+// Each sequence covers First .. First + Number - 1, cut to the sprite
+// indices. The ranges are merged before they are inserted, so a table of long
+// overlapping ranges costs a sort, not one insertion per sprite of every range.
 void readSequences(BinaryReader& reader, const TablePosition& table, TextureIndexSet& sprites)
 {
-    std::vector<qint64> starts(size_t(TextureIndexSet::Size) + 1, 0);
+    std::vector<std::pair<qint64, qint64>> ranges;
     for (const SpriteSequence& sequence : ReadTableRecords<SpriteSequence>(reader, table)) {
         const qint64 first = qBound<qint64>(0, qint64(sequence.first), TextureIndexSet::Size);
         const qint64 end = qBound<qint64>(0, qint64(sequence.first) + sequence.number(), TextureIndexSet::Size);
-        if (first < end) {
-            ++starts[size_t(first)];
-            --starts[size_t(end)];
-        }
+        if (first < end)
+            ranges.emplace_back(first, end);
     }
-    qint64 covering = 0;
-    for (qint64 i = 0; i < TextureIndexSet::Size; ++i) {
-        covering += starts[size_t(i)];
-        if (covering > 0)
-            sprites.insert(quint16(i));
+    std::sort(ranges.begin(), ranges.end());
+    qint64 insertedTo = 0;
+    for (const auto& [first, end] : ranges) {
+        if (end > insertedTo)
+            sprites.insertRange(qMax(first, insertedTo), end);
+        insertedTo = qMax(insertedTo, end);
     }
 }
 

@@ -114,6 +114,11 @@ class tst_TextureUsage : public QObject
         row("sequences and room sprites") << sprites.build() << Indices{} << Indices{} << Indices{0, 4, 5, 6, 7, 20, 30}
                                           << Indices{};
 
+        SyntheticLevel longSequences = levelWith(game, 0, {});
+        longSequences.setSpriteSequences(sequences({{130, 2}, {60, 10}, {128, 64}, {32000, 32767}}));
+        row("long and overlapping sequences") << longSequences.build() << Indices{} << Indices{}
+                                              << range(60, 69) + range(128, 191) + range(32000, 64766) << Indices{};
+
         SyntheticLevel animated = levelWith(game, 10, {Geometry::room(3, {0}, {}, {})});
         animated.setAnimatedTextures({{{2, 3}, {8}, {0}}});
         row("animated ranges") << animated.build() << Indices{0} << Indices{} << Indices{} << Indices{1, 4, 5, 6, 7, 9};
