@@ -17,8 +17,3 @@ bool WalkedLevelFile::open(QString& error)
     error = LevelVersion::refusal(m_info.VersionString());
     return false;
 }
-
-LevelWalk::Game WalkedLevelFile::game() const
-{
-    return m_info.Game() == LevelVersion::Game::TR3 ? LevelWalk::Game::TR3 : LevelWalk::Game::TR2;
-}

@@ -20,7 +20,6 @@ public:
     QFile& file() { return m_file; }
     const C_LevelInfo& info() const { return m_info; }
     const LevelWalk::Result& walk() const { return m_info.Walk(); }
-    LevelWalk::Game game() const;
 
 private:
     QFile m_file;

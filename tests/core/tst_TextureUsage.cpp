@@ -162,7 +162,7 @@ private slots:
             << levelWith(Game::TR3, 0, {negative}).build() << Indices{4} << Indices{};
 
         QTest::newRow("vertex index past the vertices")
-            << levelWith(Game::TR2, 0, {Geometry().vertices(2, 12).rectangles({3}, 500).triangles({}).sprites({}).bytes()}).build()
+            << levelWith(Game::TR2, 0, {Geometry().vertices(2, Geometry::RoomVertexSize).rectangles({3}, 500).triangles({}).sprites({}).bytes()}).build()
             << Indices{3} << Indices{};
 
         SyntheticLevel pointers = levelWith(Game::TR3, 0, {});
