@@ -4,6 +4,8 @@
 #include "ListFigure.h"
 #include "OpenGuiFigure.h"
 #include "PaintFigure.h"
+#include "TilesRatioFigure.h"
+#include "UsageRatioFigure.h"
 #include "WalkRatioFigure.h"
 #include "ZoomMemoryFigure.h"
 
@@ -18,5 +20,7 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Milliseconds));
     figures.push_back(std::make_unique<ZoomMemoryFigure>());
     figures.push_back(std::make_unique<OpenGuiFigure>());
+    figures.push_back(std::make_unique<TilesRatioFigure>());
+    figures.push_back(std::make_unique<UsageRatioFigure>());
     return figures;
 }

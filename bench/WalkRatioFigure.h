@@ -1,26 +1,22 @@
 #pragma once
 
-#include "BenchFigure.h"
-
-#include <QString>
+#include "ReadRatioFigure.h"
 
 // How long finding the tables of a large level takes next to reading the
 // whole file into memory: the walk should cost a small part of one read.
 // The level is a 30 MiB synthetic TR2 level of 300 rooms, so the walk hops
-// over 300 rooms' bulk; both sides run against the same file, warm in the
-// page cache, interleaved, and the medians are compared.
-class WalkRatioFigure : public BenchFigure
+// over 300 rooms' bulk.
+class WalkRatioFigure : public ReadRatioFigure
 {
 public:
     QString name() const override { return QStringLiteral("walk_ratio"); }
-    QString unit() const override { return QStringLiteral("ratio"); }
-    std::optional<double> measure() override;
+
+protected:
+    const char* jobName() const override { return "walk"; }
+    bool writeLevel(const QString& path, QString* error) const override;
+    bool run(const QString& path, const QString& dir) override;
 
 private:
     static constexpr qint64 LevelBytes = qint64(30) * 1024 * 1024;
     static constexpr int Rooms = 300;
-    static constexpr int Repetitions = 25;
-
-    static bool walkCompletes(const QString& path);
-    static qint64 readAllBytes(const QString& path);
 };

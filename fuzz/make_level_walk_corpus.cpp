@@ -4,27 +4,13 @@
 // that keeps most seeds near 2 KB. Only the few with counts behind the 8 KB
 // light map are longer; they also let the fuzzer grow inputs that far.
 
+#include "CorpusWriter.h"
 #include "SyntheticLevel.h"
-
-#include <QDir>
-#include <QFile>
-
-#include <cstdio>
-#include <functional>
 
 namespace {
 
 using Game = LevelVersion::Game;
 using Field = SyntheticField;
-
-QByteArray withoutTrailingZeros(QByteArray bytes)
-{
-    qsizetype end = bytes.size();
-    while (end > 0 && bytes[end - 1] == '\0')
-        --end;
-    bytes.truncate(end);
-    return bytes;
-}
 
 SyntheticLevel tables(Game game)
 {
@@ -94,13 +80,7 @@ SyntheticLevel versioned(quint32 version)
     return level;
 }
 
-struct Seed
-{
-    const char* name;
-    QByteArray bytes;
-};
-
-QList<Seed> seeds()
+QList<CorpusWriter::Seed> seeds()
 {
     const QByteArray tr2 = tables(Game::TR2).build();
     const QByteArray tr3 = tables(Game::TR3).build();
@@ -140,22 +120,5 @@ QList<Seed> seeds()
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s CORPUS_DIR\n", argv[0]);
-        return 2;
-    }
-    const QDir dir(QString::fromLocal8Bit(argv[1]));
-    if (!dir.mkpath(QStringLiteral("."))) {
-        std::fprintf(stderr, "cannot create %s\n", argv[1]);
-        return 1;
-    }
-    for (const Seed& seed : seeds()) {
-        QFile file(dir.filePath(QLatin1String(seed.name)));
-        const QByteArray bytes = withoutTrailingZeros(seed.bytes);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size()) {
-            std::fprintf(stderr, "cannot write %s\n", qPrintable(file.fileName()));
-            return 1;
-        }
-    }
-    return 0;
+    return CorpusWriter::run(argc, argv, seeds());
 }

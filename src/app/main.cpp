@@ -20,7 +20,7 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brindle"));
     QApplication::setApplicationVersion(QStringLiteral(BRINDLE_VERSION));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/brindle.svg")));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/brindle.svg")));
 
     frmMain window;
     window.show();

@@ -5,6 +5,8 @@
 #include "ExtractCommand.h"
 #include "InfoCommand.h"
 #include "InsertCommand.h"
+#include "TilesCommand.h"
+#include "UsageCommand.h"
 
 #include <QCoreApplication>
 
@@ -27,6 +29,9 @@ QString CommandLine::usage()
         "  dump LIST [--json]                   a list's header, positions and the rows of its six views\n"
         "  insert LEVEL LIST [-o OUT]           the level with the list's tables (OUT defaults to\n"
         "                                       templevel.tr2 beside LEVEL)\n"
+        "  tiles LEVEL -o BMP                   the level's 16-bit texture tiles as a 24-bit bitmap\n"
+        "  usage LEVEL [--json]                 the object and sprite textures the level's rooms, meshes,\n"
+        "                                       sequences and animations use, and the unused ones\n"
         "  demo DIR                             writes a synthetic demo level, bitmap and list into DIR\n"
         "\n"
         "Options:\n"
@@ -78,6 +83,10 @@ int CommandLine::run(const QStringList& arguments)
         return DumpCommand(*this).run(rest);
     if (command == QLatin1String("insert"))
         return InsertCommand(*this).run(rest);
+    if (command == QLatin1String("tiles"))
+        return TilesCommand(*this).run(rest);
+    if (command == QLatin1String("usage"))
+        return UsageCommand(*this).run(rest);
     if (command == QLatin1String("demo"))
         return DemoCommand(*this).run(rest);
     return usageError(QStringLiteral("unknown command '%1'").arg(command));

@@ -1,5 +1,21 @@
 #include "AnimatedTextureBlock.h"
 
+#include "ReadTableRecords.h"
+
+#include <QtEndian>
+
+namespace {
+
+// One word of the block, read like the other tables' records.
+struct BlockWord
+{
+    static constexpr int Size = 2;
+    quint16 value;
+    static BlockWord fromBytes(const char* data) { return {qFromLittleEndian<quint16>(data)}; }
+};
+
+} // namespace
+
 AnimatedTextureBlock AnimatedTextureBlock::fromWords(const quint16* words, qsizetype count)
 {
     AnimatedTextureBlock block;
@@ -25,4 +41,14 @@ QList<quint16> AnimatedTextureBlock::toWords() const
         words.append(range);
     }
     return words;
+}
+
+AnimatedTextureBlock AnimatedTextureBlock::fromTable(BinaryReader& file, const TablePosition& table)
+{
+    const QList<BlockWord> read = ReadTableRecords<BlockWord>(file, table);
+    QList<quint16> words;
+    words.reserve(read.size());
+    for (const BlockWord& word : read)
+        words.append(word.value);
+    return fromWords(words.constData(), words.size());
 }

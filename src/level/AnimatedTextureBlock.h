@@ -3,6 +3,9 @@
 #include <QList>
 #include <QtGlobal>
 
+class BinaryReader;
+struct TablePosition;
+
 // The animated texture block: after its 32-bit word count, word 0 holds the
 // number of ranges R; then, per range, its texture count minus one followed by
 // that many object texture indices.
@@ -14,6 +17,9 @@ struct AnimatedTextureBlock
     // Reads the words that follow the count field. A block that claims more
     // than its words hold yields the ranges and textures actually present.
     static AnimatedTextureBlock fromWords(const quint16* words, qsizetype count);
+
+    // The block a walk found in a file: the words lying inside the file.
+    static AnimatedTextureBlock fromTable(BinaryReader& file, const TablePosition& table);
 
     // R, then n - 1 and the n indices of every range.
     QList<quint16> toWords() const;

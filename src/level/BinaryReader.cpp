@@ -44,19 +44,23 @@ void BinaryReader::read(qint64 pos, char* out, qint64 n)
 {
     if (n <= 0)
         return;
-    std::memset(out, 0, size_t(n));
-    const qint64 present = qMin(n, available(pos));
-    if (present <= 0)
-        return;
-    if (present > m_windowSize) {
-        readDirect(pos, out, present);
-        return;
-    }
-    if (!windowCovers(pos, present))
+    const qint64 got = qMax<qint64>(0, readPresent(pos, out, qMin(n, available(pos))));
+    std::memset(out + got, 0, size_t(n - got)); // only what the device did not fill
+}
+
+// Up to n bytes the device holds at pos into out; how many it gave.
+qint64 BinaryReader::readPresent(qint64 pos, char* out, qint64 n)
+{
+    if (n <= 0)
+        return 0;
+    if (n > m_windowSize)
+        return readDirect(pos, out, n);
+    if (!windowCovers(pos, n))
         loadWindow(pos);
-    const qint64 inWindow = qMin(present, m_windowPos + m_window.size() - pos);
+    const qint64 inWindow = qBound<qint64>(0, m_windowPos + m_window.size() - pos, n);
     if (inWindow > 0)
         std::memcpy(out, m_window.constData() + (pos - m_windowPos), size_t(inWindow));
+    return inWindow;
 }
 
 quint8 BinaryReader::u8(qint64 pos)

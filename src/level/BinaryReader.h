@@ -36,6 +36,7 @@ public:
 private:
     bool windowCovers(qint64 pos, qint64 n) const;
     void loadWindow(qint64 pos);
+    qint64 readPresent(qint64 pos, char* out, qint64 n);
     qint64 readDirect(qint64 pos, char* out, qint64 n);
 
     QIODevice& m_device;

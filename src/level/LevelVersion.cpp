@@ -38,4 +38,14 @@ QString gameName(Game game)
     return QStringLiteral("unknown");
 }
 
+bool hasTextureTables(Game game)
+{
+    return game == Game::TR2 || game == Game::TR3;
+}
+
+QString refusal(const QString& versionString)
+{
+    return QStringLiteral("not a TR2 or TR3 level (version %1)").arg(versionString);
+}
+
 } // namespace LevelVersion

@@ -21,4 +21,10 @@ Game gameOf(const QString& versionString);
 Game gameOf(quint32 version);
 QString gameName(Game game); // "TR1", "TR2", "TR3" or "unknown"
 
+// TR2 and TR3 levels are the ones whose tables, tiles and geometry Brindle reads.
+bool hasTextureTables(Game game);
+
+// Why a level of another version is refused: "not a TR2 or TR3 level (version ...)".
+QString refusal(const QString& versionString);
+
 } // namespace LevelVersion

@@ -120,8 +120,8 @@ void LevelWalk::run()
         walkRoom();
 
     skipLongTable(2);  // floor data
-    skipLongTable(2);  // mesh data
-    skipLongTable(4);  // mesh pointers
+    readLongTable(2, m_result.meshData);
+    readLongTable(4, m_result.meshPointers);
     skipLongTable(32); // animations
     m_result.stateChangePosition = m_p;
     skipLongTable(6);  // state changes
@@ -167,8 +167,7 @@ void LevelWalk::run()
 void LevelWalk::walkRoom()
 {
     advance(RoomHeaderSize);
-    const quint32 dataWords = readLong(m_p);
-    advance(4 + longProduct(dataWords, 2));
+    readLongTable(2, m_result.roomData.emplaceBack());
 
     const qint16 portals = readShort(m_p);
     advance(2 + shortProduct(32, portals));

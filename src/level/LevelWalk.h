@@ -2,6 +2,8 @@
 
 #include "TablePosition.h"
 
+#include <QList>
+
 class BinaryReader;
 
 // The block-by-block walk through a TR2 or TR3 level that finds its texture
@@ -36,6 +38,12 @@ public:
         qint64 roomCountPosition = 0;
         int roomCount = 0;
         qint64 stateChangePosition = 0;
+
+        // The geometry's word blocks, for what reads faces: the data words of
+        // every room walked, the mesh data and the mesh pointers.
+        QList<TablePosition> roomData;
+        TablePosition meshData;
+        TablePosition meshPointers;
 
         // True when the walk went through every block to the sample indices.
         bool complete = false;

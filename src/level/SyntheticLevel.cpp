@@ -163,6 +163,13 @@ void SyntheticLevel::clearOverride(Field field)
     m_overrides[size_t(field)].reset();
 }
 
+void SyntheticLevel::setBlock(Field field, const QByteArray& bytes)
+{
+    const qint64 size = recordSize(field);
+    setCount(field, size > 0 ? (bytes.size() + size - 1) / size : 0);
+    m_blocks[size_t(field)] = bytes;
+}
+
 QByteArray SyntheticLevel::build() const
 {
     QByteArray data;
@@ -239,10 +246,7 @@ void SyntheticLevel::layTiles(SyntheticSink& sink) const
 {
     layCount(sink, Field::TileCount);
     sink.zeros(m_tileCount * Tile8Size);
-    const qint64 size16 = m_tileCount * Tile16Size;
-    const QByteArray pixels = m_tiles16.left(size16);
-    sink.bytes(pixels);
-    sink.zeros(size16 - pixels.size());
+    sink.padded(m_tiles16, m_tileCount * Tile16Size);
     sink.u32(0); // the unused word after the tiles
 }
 
@@ -263,7 +267,8 @@ void SyntheticLevel::layRoom(SyntheticSink& sink, const SyntheticRoom& room) con
     sink.markRoom();
     sink.zeros(SyntheticRoom::HeaderSize);
     sink.u32(room.dataWords);
-    bulk(room.dataWords, SyntheticRoom::DataWordSize);
+    if (!room.countsOnly)
+        sink.padded(room.data, announced(room.dataWords, SyntheticRoom::DataWordSize));
     sink.u16(quint16(room.portals));
     bulk(room.portals, SyntheticRoom::PortalSize);
     sink.u16(quint16(room.sectorsZ));
@@ -327,7 +332,7 @@ void SyntheticLevel::layTail(SyntheticSink& sink) const
 void SyntheticLevel::layZeroBlock(SyntheticSink& sink, Field field) const
 {
     layCount(sink, field);
-    sink.zeros(announced(count(field), recordSize(field)));
+    sink.padded(m_blocks[size_t(field)], announced(count(field), recordSize(field)));
 }
 
 void SyntheticLevel::layRecords(SyntheticSink& sink, Field field, const QByteArray& records) const

@@ -69,6 +69,11 @@ public:
     void overrideCount(Field field, quint32 raw);
     void clearOverride(Field field);
 
+    // A block of a setCount field that holds bytes instead of zeros: its
+    // count becomes the records bytes fill, the last padded with zeros. How
+    // the mesh data and the mesh pointers are chosen (see SyntheticMeshSet).
+    void setBlock(Field field, const QByteArray& bytes);
+
     void setObjectTextures(const QList<ObjectTexture>& records) { m_objectTextures = records; }
     void setSpriteTextures(const QList<SpriteTexture>& records) { m_spriteTextures = records; }
     void setSpriteSequences(const QList<SpriteSequence>& records) { m_spriteSequences = records; }
@@ -117,6 +122,7 @@ private:
     QList<SyntheticRoom> m_rooms;
     std::array<qint64, SyntheticFieldCount> m_counts{};
     std::array<std::optional<quint32>, SyntheticFieldCount> m_overrides{};
+    std::array<QByteArray, SyntheticFieldCount> m_blocks{};
     QList<ObjectTexture> m_objectTextures;
     QList<SpriteTexture> m_spriteTextures;
     QList<SpriteSequence> m_spriteSequences;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QtGlobal>
 
 // One room of a synthetic level: only the counts the walk reads are chosen;
@@ -10,6 +11,9 @@
 // bytes. With countsOnly set the room writes its count fields and nothing
 // they announce, so a count can claim what the file does not hold: a data
 // word count of 0xFFFFFFFF, or 64 x 64 sectors, costs six bytes.
+//
+// The data words begin with data (its vertices, faces and sprites; see
+// SyntheticGeometry): cut to the words counted, the rest zeros.
 struct SyntheticRoom
 {
     quint32 dataWords = 0;
@@ -19,6 +23,16 @@ struct SyntheticRoom
     qint16 lights = 0;
     qint16 staticMeshes = 0;
     bool countsOnly = false;
+    QByteArray data = {};
+
+    // A room whose data words are data, padded to a whole word.
+    static SyntheticRoom holding(const QByteArray& data)
+    {
+        SyntheticRoom room;
+        room.dataWords = quint32((data.size() + 1) / DataWordSize);
+        room.data = data;
+        return room;
+    }
 
     static constexpr qint64 HeaderSize = 16;
     static constexpr qint64 DataWordSize = 2;

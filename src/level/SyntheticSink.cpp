@@ -55,6 +55,13 @@ void SyntheticSink::bytes(const QByteArray& data)
     put(data.constData(), data.size());
 }
 
+void SyntheticSink::padded(const QByteArray& data, qint64 n)
+{
+    const qint64 taken = qBound<qint64>(0, data.size(), n);
+    put(data.constData(), taken);
+    zeros(n - taken);
+}
+
 void SyntheticSink::zeros(qint64 n)
 {
     if (!m_device) {

@@ -26,6 +26,8 @@ public:
     void u16(quint16 value);
     void u32(quint32 value);
     void bytes(const QByteArray& data);
+    // n bytes: data cut to n, or followed by zeros up to n.
+    void padded(const QByteArray& data, qint64 n);
     void zeros(qint64 n);
 
     bool ok() const { return m_error.isEmpty(); }

@@ -22,11 +22,8 @@ LevelListExtractor::Result LevelListExtractor::Extract(const QString& levelPath,
     level.Init(levelPath);
     if (!level.IsOpened())
         return failure(Status::LevelUnreadable, levelPath, level.ErrorString());
-    const LevelVersion::Game game = level.Game();
-    if (game != LevelVersion::Game::TR2 && game != LevelVersion::Game::TR3) {
-        return failure(Status::LevelNotTR2OrTR3, levelPath,
-                       QStringLiteral("not a TR2 or TR3 level (version %1)").arg(level.VersionString()));
-    }
+    if (!LevelVersion::hasTextureTables(level.Game()))
+        return failure(Status::LevelNotTR2OrTR3, levelPath, LevelVersion::refusal(level.VersionString()));
     if (!level.AreTablesInsideFile()) {
         return failure(Status::LevelNotWalked, levelPath,
                        QStringLiteral("the level's blocks could not be followed to its end"));

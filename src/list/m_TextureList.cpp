@@ -4,23 +4,10 @@
 #include "TableRecords.h"
 
 #include <QHash>
-#include <QtEndian>
 
 #include <vector>
 
 namespace m_TextureList {
-
-namespace {
-
-// One word of the animated texture block, read like the other tables' records.
-struct BlockWord
-{
-    static constexpr int Size = 2;
-    quint16 value;
-    static BlockWord fromBytes(const char* data) { return {qFromLittleEndian<quint16>(data)}; }
-};
-
-} // namespace
 
 ListViewModel::Row RowOfObjectTexture(const ObjectTexture& record, qint64 index, int width)
 {
@@ -68,12 +55,7 @@ void FillAnimations(const AnimatedTextureBlock& block, ListViewModel& lsvAnims, 
 void FillAnimations(BinaryReader& file, const TablePosition& table, ListViewModel& lsvAnims,
                     ListViewModel& lsvAnimDetails)
 {
-    const QList<BlockWord> read = ReadTableRecords<BlockWord>(file, table);
-    QList<quint16> words;
-    words.reserve(read.size());
-    for (const BlockWord& word : read)
-        words.append(word.value);
-    FillAnimations(AnimatedTextureBlock::fromWords(words.constData(), words.size()), lsvAnims, lsvAnimDetails);
+    FillAnimations(AnimatedTextureBlock::fromTable(file, table), lsvAnims, lsvAnimDetails);
 }
 
 QList<quint16> AnimatedTextureWords(const ListViewModel& lsvAnims, const ListViewModel& lsvAnimDetails)

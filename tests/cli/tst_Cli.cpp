@@ -3,7 +3,9 @@
 #include "ListFixture.h"
 #include "ListViewSet.h"
 #include "ScratchDir.h"
+#include "SyntheticGeometry.h"
 #include "SyntheticLevel.h"
+#include "SyntheticMeshSet.h"
 
 #include <QFileInfo>
 #include <QImage>
@@ -57,6 +59,25 @@ class tst_Cli : public QObject
         return m_dir.write(name, level.build());
     }
 
+    // Two tiles (a white pixel at the top left of the second) and geometry
+    // using textures 1, 2, 3, 5 and 6 of eight; sprites 0 and 4.
+    static SyntheticLevel tiledLevel()
+    {
+        SyntheticLevel level(LevelVersion::Game::TR3);
+        QByteArray tiles(2 * SyntheticLevel::Tile16Size, '\0');
+        tiles[SyntheticLevel::Tile16Size] = '\xFF';
+        tiles[SyntheticLevel::Tile16Size + 1] = '\xFF';
+        level.setTileCount(2, tiles);
+        level.setRooms({SyntheticRoom::holding(SyntheticGeometry::room(4, {1, 2}, {3}, {4}))});
+        SyntheticMeshSet meshes;
+        meshes.addPointed(SyntheticGeometry::mesh(3, -3, {5}, {SyntheticGeometry::DoubleSided | 6}));
+        meshes.applyTo(level);
+        level.setObjectTextures(QList<ObjectTexture>(8));
+        level.setSpriteTextures(QList<SpriteTexture>(5));
+        level.setSpriteSequences({{7, -1, 0}});
+        return level;
+    }
+
 private slots:
     void initTestCase()
     {
@@ -71,6 +92,7 @@ private slots:
         m_dir.write(QStringLiteral("unknown.tr2"), QByteArray::fromHex("01020304"));
         m_dir.write(QStringLiteral("empty.tr2"), QByteArray());
         m_dir.write(QStringLiteral("text.bmp"), "plain text");
+        m_dir.write(QStringLiteral("cut-tiles.tr2"), tiledLevel().build().left(100000));
         m_dir.write(QStringLiteral("hostile.trt"), QByteArray::fromHex("2d000000" "0000" "ffff") + QByteArray(40, 'x'));
         ListViewSet views;
         QCOMPARE(m_tables.write(views, m_dir.filePath(QStringLiteral("list.trt")), m_level), C_ListInfo::Success);
@@ -106,6 +128,19 @@ private slots:
         QTest::newRow("extract with no bitmap")
             << QStringList{"extract", level, "--bitmap", "{dir}/text.bmp", "-o", "{dir}/refused.trt"} << 2
             << "refused.trt";
+        QTest::newRow("tiles without -o") << QStringList{"tiles", level} << 1 << "";
+        QTest::newRow("tiles onto the level") << QStringList{"tiles", level, "-o", level} << 1 << "";
+        QTest::newRow("tiles missing level")
+            << QStringList{"tiles", "/nonexistent/l.tr2", "-o", "{dir}/refused.bmp"} << 2 << "refused.bmp";
+        QTest::newRow("tiles TR1 level") << QStringList{"tiles", "{dir}/tr1.tr2", "-o", "{dir}/refused.bmp"} << 2
+                                         << "refused.bmp";
+        QTest::newRow("tiles level without tiles") << QStringList{"tiles", level, "-o", "{dir}/refused.bmp"} << 2
+                                                   << "refused.bmp";
+        QTest::newRow("tiles cut in the tiles")
+            << QStringList{"tiles", "{dir}/cut-tiles.tr2", "-o", "{dir}/refused.bmp"} << 2 << "refused.bmp";
+        QTest::newRow("usage without level") << QStringList{"usage", "--json"} << 1 << "";
+        QTest::newRow("usage missing") << QStringList{"usage", "/nonexistent/l.tr2"} << 2 << "";
+        QTest::newRow("usage unknown version") << QStringList{"usage", "{dir}/unknown.tr2"} << 2 << "";
         QTest::newRow("insert another game's list") << QStringList{"insert", level, "{dir}/tr3.trt"} << 3
                                                     << "templevel.tr2";
     }
@@ -199,6 +234,34 @@ private slots:
         const Run text = cli({"dump", list});
         QCOMPARE(text.exitCode, 0);
         QVERIFY(text.out.contains("lsvSequenceDetails (2 rows)"));
+    }
+
+    // The bitmap is written where -o says and its path printed; the usage
+    // lists are the same in JSON and in text.
+    void tilesAndUsage()
+    {
+        const QString level = m_dir.write(QStringLiteral("tiled.tr2"), tiledLevel().build());
+        const QString bitmap = m_dir.filePath(QStringLiteral("tiled.bmp"));
+        const Run tiles = cli({"tiles", level, "-o", bitmap});
+        QCOMPARE(tiles.exitCode, 0);
+        QCOMPARE(tiles.out.trimmed(), QFile::encodeName(bitmap));
+        const QImage image(bitmap);
+        QCOMPARE(image.size(), QSize(256, 512));
+        QCOMPARE(image.pixel(0, 256), qRgb(255, 255, 255));
+
+        const Run json = cli({"usage", level, "--json"});
+        QCOMPARE(json.exitCode, 0);
+        const QJsonObject lists = json.json();
+        QCOMPARE(lists.keys(), (QStringList{"objects", "polygons", "sprites", "unused"}));
+        QCOMPARE(lists.value(QStringLiteral("polygons")).toArray(), (QJsonArray{1, 2, 3}));
+        QCOMPARE(lists.value(QStringLiteral("objects")).toArray(), (QJsonArray{5, 6}));
+        QCOMPARE(lists.value(QStringLiteral("sprites")).toArray(), (QJsonArray{0, 4}));
+        QCOMPARE(lists.value(QStringLiteral("unused")).toArray(), (QJsonArray{0, 4, 7}));
+        QVERIFY(json.out.indexOf("polygons") < json.out.indexOf("objects"));
+
+        const Run text = cli({"usage", level});
+        QCOMPARE(text.exitCode, 0);
+        QCOMPARE(text.out, QByteArray("polygons (3): 1-3\nobjects (2): 5-6\nsprites (2): 0, 4\nunused (3): 0, 4, 7\n"));
     }
 
     // An extracted list put back gives the level again, beside it or where -o says.

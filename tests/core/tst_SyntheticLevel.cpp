@@ -26,6 +26,23 @@ private slots:
         QCOMPARE(qint64(bytes.size()), SyntheticLevel(Game::TR2).layout().length + 3 * SyntheticLevel::Tile8Size);
     }
 
+    // Chosen room data is cut to the words counted and padded with zeros;
+    // a chosen block counts the records its bytes fill.
+    void chosenBytes()
+    {
+        SyntheticLevel level(Game::TR3);
+        SyntheticRoom cut = SyntheticRoom::holding("abcdef");
+        cut.dataWords = 2;
+        level.setRooms({SyntheticRoom::holding("xyz"), cut});
+        level.setBlock(SyntheticField::MeshPointers, "12345");
+        const QByteArray bytes = level.build();
+        const SyntheticLevel::Layout layout = level.layout();
+        QCOMPARE(bytes.mid(layout.rooms[0] + 16, 10), QByteArray("\x02\0\0\0xyz\0", 8) + QByteArray(2, '\0'));
+        QCOMPARE(bytes.mid(layout.rooms[1] + 16, 10), QByteArray("\x02\0\0\0abcd\0\0", 10));
+        const qint64 pointers = layout.at(SyntheticField::MeshPointers);
+        QCOMPARE(bytes.mid(pointers, 12), QByteArray("\x02\0\0\0" "12345\0\0\0", 12));
+    }
+
     // A negative count is written as asked and announces no byte.
     void negativeCountsAddNoBytes()
     {

@@ -1,0 +1,50 @@
+#include "ReadRatioFigure.h"
+
+#include "DurationSamples.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+std::optional<double> ReadRatioFigure::measure()
+{
+    const QByteArray figure = name().toLatin1();
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("level.tr2"));
+    QString error;
+    if (!dir.isValid() || !writeLevel(path, &error)) {
+        std::fprintf(stderr, "%s: cannot write the level: %s\n", figure.constData(), qPrintable(error));
+        return std::nullopt;
+    }
+    // Once untimed: the job must succeed, and both sides start warm.
+    if (!run(path, dir.path()) || readAllBytes(path) != QFileInfo(path).size()) {
+        std::fprintf(stderr, "%s: the synthetic level does not %s or read whole\n", figure.constData(), jobName());
+        return std::nullopt;
+    }
+
+    DurationSamples jobs;
+    DurationSamples reads;
+    QElapsedTimer timer;
+    for (int i = 0; i < Repetitions; ++i) {
+        timer.start();
+        run(path, dir.path());
+        jobs.add(timer.nsecsElapsed());
+        timer.start();
+        readAllBytes(path);
+        reads.add(timer.nsecsElapsed());
+    }
+    std::fprintf(stderr, "%s: %s %.3f ms, read %.3f ms (medians of %d)\n", figure.constData(), jobName(),
+                 jobs.median() / 1e6, reads.median() / 1e6, Repetitions);
+    return jobs.median() / reads.median();
+}
+
+qint64 ReadRatioFigure::readAllBytes(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    return file.readAll().size();
+}

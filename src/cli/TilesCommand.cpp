@@ -1,0 +1,29 @@
+#include "TilesCommand.h"
+
+#include "CommandArguments.h"
+#include "CommandLine.h"
+#include "LevelTileBitmap.h"
+
+#include <QFileInfo>
+
+int TilesCommand::run(const QStringList& words)
+{
+    const QString outputOption = QStringLiteral("-o");
+    CommandArguments args(words, {outputOption}, {});
+    if (!args.expectPositionals(1, QStringLiteral("one LEVEL")))
+        return m_cli.usageError(args.error());
+    if (!args.hasValue(outputOption))
+        return m_cli.usageError(QStringLiteral("tiles needs -o BMP"));
+
+    const QString levelPath = QFileInfo(args.positionals().first()).absoluteFilePath();
+    const QString bitmapPath = QFileInfo(args.value(outputOption)).absoluteFilePath();
+    if (bitmapPath == levelPath)
+        return m_cli.usageError(QStringLiteral("the bitmap would replace the level"));
+
+    QString cause;
+    QString file;
+    if (!LevelTileBitmap::write(levelPath, bitmapPath, &cause, &file))
+        return m_cli.fail(CommandLine::InputUnreadable, file, cause);
+    m_cli.out() << bitmapPath << Qt::endl;
+    return CommandLine::Done;
+}

@@ -1,0 +1,77 @@
+#include "UsageCommand.h"
+
+#include "CommandArguments.h"
+#include "CommandLine.h"
+#include "TextureUsage.h"
+
+#include <QList>
+#include <QPair>
+
+namespace {
+
+// The four lists under their names, in the order they are printed.
+QList<QPair<QString, QList<int>>> namedLists(const TextureUsage& usage)
+{
+    return {{QStringLiteral("polygons"), usage.polygons},
+            {QStringLiteral("objects"), usage.objects},
+            {QStringLiteral("sprites"), usage.sprites},
+            {QStringLiteral("unused"), usage.unused}};
+}
+
+QString joined(const QStringList& parts)
+{
+    return parts.join(QStringLiteral(", "));
+}
+
+QString jsonArray(const QList<int>& indices)
+{
+    QStringList numbers;
+    numbers.reserve(indices.size());
+    for (int index : indices)
+        numbers.append(QString::number(index));
+    return QLatin1Char('[') + joined(numbers) + QLatin1Char(']');
+}
+
+// Ascending indices as runs: "0-3, 7, 9-12"; "none" for no index.
+QString runs(const QList<int>& indices)
+{
+    QStringList parts;
+    for (qsizetype i = 0; i < indices.size();) {
+        qsizetype last = i;
+        while (last + 1 < indices.size() && indices[last + 1] == indices[last] + 1)
+            ++last;
+        parts.append(last == i ? QString::number(indices[i])
+                               : QStringLiteral("%1-%2").arg(indices[i]).arg(indices[last]));
+        i = last + 1;
+    }
+    return parts.isEmpty() ? QStringLiteral("none") : joined(parts);
+}
+
+} // namespace
+
+int UsageCommand::run(const QStringList& words)
+{
+    CommandArguments args(words, {}, {QStringLiteral("--json")});
+    if (!args.expectPositionals(1, QStringLiteral("one LEVEL")))
+        return m_cli.usageError(args.error());
+
+    const QString path = args.positionals().first();
+    QString cause;
+    const std::optional<TextureUsage> usage = TextureUsage::ofLevel(path, &cause);
+    if (!usage)
+        return m_cli.fail(CommandLine::InputUnreadable, path, cause);
+
+    QTextStream& out = m_cli.out();
+    const auto lists = namedLists(*usage);
+    if (args.hasFlag(QStringLiteral("--json"))) {
+        QStringList members;
+        for (const auto& [name, indices] : lists)
+            members.append(QStringLiteral("    \"%1\": %2").arg(name, jsonArray(indices)));
+        out << "{\n" << members.join(QStringLiteral(",\n")) << "\n}\n";
+    } else {
+        for (const auto& [name, indices] : lists)
+            out << name << " (" << indices.size() << "): " << runs(indices) << '\n';
+    }
+    out.flush();
+    return CommandLine::Done;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QtGlobal>
+
+#include <limits>
+
+class TextureIndexSet;
+
+// Reads the lists of a room's data words or of one mesh: each list is a
+// 16-bit count and its records. Only the bytes given are ever read, so a list
+// ends where they end whatever its count says; a negative count holds no
+// records. Past the end every count reads 0.
+class GeometryCursor
+{
+public:
+    static constexpr int RoomVertexSize = 12;
+    static constexpr int MeshVertexSize = 6;
+    static constexpr int MeshHeaderSize = 10; // centre and collision radius
+    static constexpr int NormalSize = 6;
+    static constexpr int LightSize = 2;
+    static constexpr int RectangleSize = 10; // four vertex indices, then the texture
+    static constexpr int TriangleSize = 8;   // three vertex indices, then the texture
+    static constexpr int SpriteSize = 4;     // a vertex index, then the sprite texture
+    static constexpr quint16 FaceTextureMask = 0x7FFF; // the top bit marks a double-sided face
+    static constexpr quint16 SpriteTextureMask = 0xFFFF;
+
+    GeometryCursor(QByteArrayView bytes, qint64 position = 0);
+
+    qint16 count();
+    void skip(qint64 bytes);
+    void skipList(int recordSize);
+
+    // A list whose records end with a texture field: inserts each texture
+    // (masked) into textures, at most `limit` records of them, and returns
+    // how many it read.
+    qint64 readTextures(int recordSize, quint16 mask, TextureIndexSet& textures,
+                        qint64 limit = std::numeric_limits<qint64>::max());
+
+private:
+    QByteArrayView m_bytes;
+    qint64 m_position;
+};

@@ -1,0 +1,173 @@
+#include "TextureUsage.h"
+
+#include "AnimatedTextureBlock.h"
+#include "BinaryReader.h"
+#include "GeometryCursor.h"
+#include "ObjectTexture.h"
+#include "ReadTableRecords.h"
+#include "SpriteSequence.h"
+#include "TextureIndexSet.h"
+#include "WalkedLevelFile.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+// Room data and mesh data are read a block at a time; the window only serves
+// the small tables.
+constexpr qint64 ReadWindow = 1 << 16;
+constexpr int MeshPointerSize = 4;
+
+// The words of a block the walk found, as far as the file holds them.
+QByteArray blockBytes(BinaryReader& reader, const TablePosition& block)
+{
+    if (block.offset <= 0 || block.size <= 0)
+        return {};
+    return reader.bytes(block.offset + 4, block.size);
+}
+
+void readRooms(BinaryReader& reader, const QList<TablePosition>& rooms, TextureIndexSet& polygons,
+               TextureIndexSet& sprites)
+{
+    for (const TablePosition& room : rooms) {
+        const QByteArray data = blockBytes(reader, room);
+        GeometryCursor cursor(data);
+        cursor.skipList(GeometryCursor::RoomVertexSize);
+        cursor.readTextures(GeometryCursor::RectangleSize, GeometryCursor::FaceTextureMask, polygons);
+        cursor.readTextures(GeometryCursor::TriangleSize, GeometryCursor::FaceTextureMask, polygons);
+        cursor.readTextures(GeometryCursor::SpriteSize, GeometryCursor::SpriteTextureMask, sprites);
+    }
+}
+
+// The distinct offsets the pointers name inside the mesh data, ascending.
+std::vector<quint32> meshOffsets(const QByteArray& pointers, qint64 meshBytes)
+{
+    std::vector<quint32> offsets;
+    offsets.reserve(size_t(pointers.size() / MeshPointerSize));
+    for (qsizetype at = 0; at + MeshPointerSize <= pointers.size(); at += MeshPointerSize) {
+        const quint32 offset = qFromLittleEndian<quint32>(pointers.constData() + at);
+        if (offset < meshBytes)
+            offsets.push_back(offset);
+    }
+    std::sort(offsets.begin(), offsets.end());
+    offsets.erase(std::unique(offsets.begin(), offsets.end()), offsets.end());
+    return offsets;
+}
+
+// One mesh's textured faces, at most limit of them; returns how many it read.
+qint64 readMesh(const QByteArray& meshData, quint32 offset, TextureIndexSet& objects, qint64 limit)
+{
+    GeometryCursor cursor(meshData, offset);
+    cursor.skip(GeometryCursor::MeshHeaderSize);
+    cursor.skipList(GeometryCursor::MeshVertexSize);
+    const qint16 normals = cursor.count();
+    cursor.skip(normals > 0 ? qint64(normals) * GeometryCursor::NormalSize
+                            : -qint64(normals) * GeometryCursor::LightSize);
+    const qint64 rectangles =
+        cursor.readTextures(GeometryCursor::RectangleSize, GeometryCursor::FaceTextureMask, objects, limit);
+    return rectangles
+         + cursor.readTextures(GeometryCursor::TriangleSize, GeometryCursor::FaceTextureMask, objects,
+                               limit - rectangles);
+}
+
+// Meshes lie side by side in a real level, so their faces together cannot
+// outnumber what the mesh data holds at the smallest face size. Pointers into
+// the middle of other meshes could make every face be read again and again;
+// the reading stops at that bound instead.
+void readMeshes(BinaryReader& reader, const LevelWalk::Result& walk, TextureIndexSet& objects)
+{
+    const QByteArray meshData = blockBytes(reader, walk.meshData);
+    if (meshData.isEmpty())
+        return;
+    qint64 faceBudget = meshData.size() / GeometryCursor::TriangleSize + 1;
+    for (quint32 offset : meshOffsets(blockBytes(reader, walk.meshPointers), meshData.size())) {
+        faceBudget -= readMesh(meshData, offset, objects, faceBudget);
+        if (faceBudget <= 0)
+            return;
+    }
+}
+
+// Each sequence covers First .. First + Number - 1, cut to the sprite
+// indices. The ranges are merged before they are inserted, so a table of long
+// overlapping ranges costs a sort, not one insertion per sprite of every range.
+void readSequences(BinaryReader& reader, const TablePosition& table, TextureIndexSet& sprites)
+{
+    std::vector<std::pair<qint64, qint64>> ranges;
+    for (const SpriteSequence& sequence : ReadTableRecords<SpriteSequence>(reader, table)) {
+        const qint64 first = qBound<qint64>(0, qint64(sequence.first), TextureIndexSet::Size);
+        const qint64 end = qBound<qint64>(0, qint64(sequence.first) + sequence.number(), TextureIndexSet::Size);
+        if (first < end)
+            ranges.emplace_back(first, end);
+    }
+    std::sort(ranges.begin(), ranges.end());
+    qint64 insertedTo = 0;
+    for (const auto& [first, end] : ranges) {
+        if (end > insertedTo)
+            sprites.insertRange(qMax(first, insertedTo), end);
+        insertedTo = qMax(insertedTo, end);
+    }
+}
+
+TextureIndexSet animatedTextures(BinaryReader& reader, const TablePosition& table)
+{
+    TextureIndexSet animated;
+    for (const AnimatedTextureBlock::Range& range : AnimatedTextureBlock::fromTable(reader, table).ranges) {
+        for (quint16 texture : range)
+            animated.insert(texture);
+    }
+    return animated;
+}
+
+QList<int> unusedTextures(BinaryReader& reader, const TablePosition& table,
+                          std::initializer_list<const TextureIndexSet*> used)
+{
+    const qint64 count = PresentRecordCount(reader, table, ObjectTexture::Size);
+    QList<int> unused;
+    for (qint64 i = 0; i < count; ++i) {
+        if (std::none_of(used.begin(), used.end(), [i](const TextureIndexSet* set) { return set->contains(i); }))
+            unused.append(int(i));
+    }
+    return unused;
+}
+
+} // namespace
+
+std::optional<TextureUsage> TextureUsage::ofLevel(const QString& levelPath, QString* error)
+{
+    WalkedLevelFile level(levelPath);
+    QString cause;
+    if (!level.open(cause)) {
+        if (error)
+            *error = cause;
+        return std::nullopt;
+    }
+    return ofWalk(level.file(), level.walk());
+}
+
+TextureUsage TextureUsage::ofDevice(QIODevice& device, LevelWalk::Game game)
+{
+    BinaryReader reader(device, 512);
+    return ofWalk(device, LevelWalk::walk(reader, game));
+}
+
+TextureUsage TextureUsage::ofWalk(QIODevice& device, const LevelWalk::Result& walk)
+{
+    BinaryReader reader(device, ReadWindow);
+    TextureIndexSet polygons;
+    TextureIndexSet objects;
+    TextureIndexSet sprites;
+    readRooms(reader, walk.roomData, polygons, sprites);
+    readMeshes(reader, walk, objects);
+    readSequences(reader, walk.spriteSequence, sprites);
+    const TextureIndexSet animated = animatedTextures(reader, walk.animatedTexture);
+
+    TextureUsage usage;
+    usage.polygons = polygons.toList();
+    usage.objects = objects.toList();
+    usage.sprites = sprites.toList();
+    usage.unused = unusedTextures(reader, walk.objectTexture, {&polygons, &objects, &animated});
+    return usage;
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "LevelWalk.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class QIODevice;
+
+// Which textures a level's geometry uses, read by the level's public layout:
+// the faces and sprites of its rooms, the faces of its meshes (each once,
+// however many pointers share it), its sprite sequences and its animated
+// texture ranges. Every list is ascending, each index once.
+//
+// A truncated or hostile level yields what its bytes hold: a room's lists are
+// read inside its data words only, a mesh inside the mesh data only, and no
+// count sizes an allocation or a loop beyond the bytes present.
+class TextureUsage
+{
+public:
+    QList<int> polygons; // object textures a room face uses
+    QList<int> objects;  // object textures a textured mesh face uses
+    QList<int> sprites;  // sprite textures a room sprite or a sprite sequence uses
+    QList<int> unused;   // object textures 0 .. NumberObjectTexture - 1 that no face and no animated range uses
+
+    // The usage of the level at levelPath, which is only read; nothing, with
+    // a one-line cause in error, when it cannot be read or is not TR2 or TR3.
+    static std::optional<TextureUsage> ofLevel(const QString& levelPath, QString* error = nullptr);
+
+    // The usage of the level on device, walked as game whatever its version says.
+    static TextureUsage ofDevice(QIODevice& device, LevelWalk::Game game);
+
+    friend bool operator==(const TextureUsage&, const TextureUsage&) = default;
+
+private:
+    static TextureUsage ofWalk(QIODevice& device, const LevelWalk::Result& walk);
+};

@@ -1,0 +1,19 @@
+#include "WalkedLevelFile.h"
+
+#include "ReadOnlyFile.h"
+
+WalkedLevelFile::WalkedLevelFile(const QString& path)
+    : m_file(path)
+{
+}
+
+bool WalkedLevelFile::open(QString& error)
+{
+    if (!ReadOnlyFile::open(m_file, error, QIODevice::Unbuffered))
+        return false;
+    m_info.WalkDevice(m_file);
+    if (LevelVersion::hasTextureTables(m_info.Game()))
+        return true;
+    error = LevelVersion::refusal(m_info.VersionString());
+    return false;
+}

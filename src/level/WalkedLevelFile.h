@@ -1,0 +1,27 @@
+#pragma once
+
+#include "C_LevelInfo.h"
+
+#include <QFile>
+#include <QString>
+
+// A TR2 or TR3 level the user chose, opened read-only and walked once: where
+// reading more of it than its tables begins (its tiles, its geometry). The
+// file stays open for those reads while this lives.
+class WalkedLevelFile
+{
+public:
+    explicit WalkedLevelFile(const QString& path);
+
+    // False with a one-line cause when the file cannot be read or is not a
+    // TR2 or TR3 level.
+    bool open(QString& error);
+
+    QFile& file() { return m_file; }
+    const C_LevelInfo& info() const { return m_info; }
+    const LevelWalk::Result& walk() const { return m_info.Walk(); }
+
+private:
+    QFile m_file;
+    C_LevelInfo m_info;
+};
