@@ -259,7 +259,7 @@ void frmMain::mnuFileNewList_Click()
     }
     if (!LoadList(true))
         return;
-    FillIndexLists(s.views.lsvTextures.count(), s.views.lsvSprites.count());
+    FillIndexLists();
     ShowCounters();
     if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
         s.prompts().MsgBox(tr("The list %1 could not be written: %2")
@@ -326,17 +326,16 @@ void frmMain::OpenList(const QString& name)
     {
         BusyCursor busy;
         LoadList(false);
-        FillIndexLists(s.views.lsvTextures.count(), s.views.lsvSprites.count());
+        FillIndexLists();
         ShowCounters();
     }
     TellWhatIsMissing();
 }
 
-void frmMain::FillIndexLists(qint64 textures, qint64 sprites)
+void frmMain::FillIndexLists()
 {
-    m_IndexList::FillIndexList(textures, m_state->lsvObjects, QStringLiteral("T"), true);
-    m_IndexList::FillIndexList(m_state->lsvObjects.count() - 2, m_state->lsvAvailTextures, QStringLiteral("A"), false);
-    m_IndexList::FillIndexList(sprites, m_state->lsvSpriteIndex, QStringLiteral("S"), true);
+    m_state->FillTextureIndexLists();
+    m_state->FillSpriteIndexList();
 }
 
 void frmMain::ShowCounters()
