@@ -103,12 +103,12 @@ void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color
 
 void ucScrollPic::DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Color)
 {
-    m_canvas->setSelection(QRect(QPoint(X1, Y1), QPoint(X2, Y2)), Color);
+    m_canvas->setSelection(QPoint(X1, Y1), QPoint(X2, Y2), Color);
 }
 
 void ucScrollPic::ClearSelection()
 {
-    m_canvas->setSelection(QRect(), QColor());
+    m_canvas->clearSelection();
 }
 
 int ucScrollPic::ScrollMax(int pictureExtent, int viewportExtent, int otherBarThickness)

@@ -30,7 +30,7 @@ void ucScrollPicCanvas::addShape(Shape shape)
     switch (shape.kind) {
     case Shape::Contour:
     case Shape::Line:
-        shape.bounds = QRect(shape.p1, shape.p2).normalized().adjusted(-1, -1, 1, 1);
+        shape.bounds = Spanning(shape.p1, shape.p2).adjusted(-1, -1, 1, 1);
         break;
     case Shape::Text:
         shape.bounds = QRect(shape.p1, fontMetrics().boundingRect(shape.text).size()).adjusted(-2, -2, 2, 2);
@@ -58,15 +58,30 @@ void ucScrollPicCanvas::clearShapes()
     update();
 }
 
-void ucScrollPicCanvas::setSelection(const QRect& rectangle, const QColor& color)
+QRect ucScrollPicCanvas::Spanning(QPoint a, QPoint b)
+{
+    // QRect(a, b).normalized() would lose a pixel on each side where b lies
+    // left of or above a: both corners are pixels of the outline.
+    return QRect(QPoint(qMin(a.x(), b.x()), qMin(a.y(), b.y())), QPoint(qMax(a.x(), b.x()), qMax(a.y(), b.y())));
+}
+
+void ucScrollPicCanvas::setSelection(QPoint corner, QPoint opposite, const QColor& color)
 {
     const QRect before = m_selection;
-    m_selection = rectangle.normalized();
+    m_selection = Spanning(corner, opposite);
     m_selectionColor = color;
     for (const QRect& changed : {before, m_selection}) {
         if (!changed.isNull())
             update(changed.adjusted(-1, -1, 1, 1).translated(-m_offset));
     }
+}
+
+void ucScrollPicCanvas::clearSelection()
+{
+    if (m_selection.isNull())
+        return;
+    update(m_selection.adjusted(-1, -1, 1, 1).translated(-m_offset));
+    m_selection = QRect();
 }
 
 void ucScrollPicCanvas::paintEvent(QPaintEvent* event)
@@ -137,7 +152,7 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
         }
         switch (shape.kind) {
         case Shape::Contour:
-            paintContour(painter, QRect(shape.p1, shape.p2).normalized(), shape.color);
+            paintContour(painter, Spanning(shape.p1, shape.p2), shape.color);
             break;
         case Shape::Line:
             painter.drawLine(shape.p1, shape.p2);

@@ -45,9 +45,13 @@ public:
     // Clears the shapes and the selection rectangle with them.
     void clearShapes();
     // The one rectangle being picked with the mouse, drawn over the shapes;
-    // each call replaces the last. An empty rectangle removes it.
-    void setSelection(const QRect& rectangle, const QColor& color);
+    // each call replaces the last.
+    void setSelection(QPoint corner, QPoint opposite, const QColor& color);
+    void clearSelection();
+    // The rectangle whose outline runs through both corner pixels.
+    static QRect Spanning(QPoint a, QPoint b);
     QRect selection() const { return m_selection; }
+    QColor selectionColor() const { return m_selectionColor; }
     const std::vector<Shape>& shapes() const { return m_shapes; }
 
     // Paints the viewport onto painter (the widget's own paint uses it too).
