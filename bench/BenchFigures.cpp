@@ -1,5 +1,6 @@
 #include "BenchFigures.h"
 
+#include "DrawAllFigure.h"
 #include "InsertRatioFigure.h"
 #include "ListFigure.h"
 #include "OpenGuiFigure.h"
@@ -22,5 +23,7 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<OpenGuiFigure>());
     figures.push_back(std::make_unique<TilesRatioFigure>());
     figures.push_back(std::make_unique<UsageRatioFigure>());
+    figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::Milliseconds));
+    figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::Ratio));
     return figures;
 }

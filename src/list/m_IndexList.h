@@ -10,7 +10,8 @@ namespace m_IndexList {
 
 // Empties listView, then adds "None" and "All" (keys as texts) when asked,
 // then rows 1 to count with key prefix and the number (T1, T2, ...) and the
-// number as text. A count of 0 or less adds no numbered rows.
+// number as text. A count of 0 or less adds no numbered rows. A list with
+// "None" and "All" is a checklist and comes with every row ticked.
 void FillIndexList(qint64 count, ListViewModel& listView, const QString& prefix, bool withNoneAll);
 
 } // namespace m_IndexList

@@ -38,6 +38,8 @@ private slots:
         for (int i = 0; i < view.count(); ++i) {
             gotKeys.append(view.key(i));
             gotTexts.append(view.text(i));
+            // Checklists start all ticked; the plain index lists unticked.
+            QCOMPARE(view.checkState(i), withNoneAll ? Qt::Checked : Qt::Unchecked);
         }
         QCOMPARE(gotKeys, keys);
         QCOMPARE(gotTexts, texts);

@@ -101,6 +101,16 @@ void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color
     m_canvas->addShape({ucScrollPicCanvas::Shape::Text, {X, Y}, {X, Y}, Color, Text, {}});
 }
 
+void ucScrollPic::DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Color)
+{
+    m_canvas->setSelection(QPoint(X1, Y1), QPoint(X2, Y2), Color);
+}
+
+void ucScrollPic::ClearSelection()
+{
+    m_canvas->clearSelection();
+}
+
 int ucScrollPic::ScrollMax(int pictureExtent, int viewportExtent, int otherBarThickness)
 {
     const int beyond = pictureExtent - viewportExtent;

@@ -42,6 +42,11 @@ public:
     void DrawContour(int lngX1, int lngY1, int lngX2, int lngY2, const QColor& lngColor);
     void DrawLine(int X1, int Y1, int X2, int Y2, const QColor& Color);
     void PutText(int X, int Y, const QString& Text, const QColor& Color);
+    // The rectangle being picked with the mouse, outlined like DrawContour;
+    // each call replaces the one before, so a drag leaves one outline. A
+    // load, zoom or refresh wipes it with the rest.
+    void DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Color);
+    void ClearSelection();
 
     // A scroll bar's maximum: what the picture exceeds the viewport by, plus
     // the other bar's thickness and a margin of 5 when that bar is there.

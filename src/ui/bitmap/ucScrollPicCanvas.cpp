@@ -30,7 +30,7 @@ void ucScrollPicCanvas::addShape(Shape shape)
     switch (shape.kind) {
     case Shape::Contour:
     case Shape::Line:
-        shape.bounds = QRect(shape.p1, shape.p2).normalized().adjusted(-1, -1, 1, 1);
+        shape.bounds = Spanning(shape.p1, shape.p2).adjusted(-1, -1, 1, 1);
         break;
     case Shape::Text:
         shape.bounds = QRect(shape.p1, fontMetrics().boundingRect(shape.text).size()).adjusted(-2, -2, 2, 2);
@@ -50,11 +50,38 @@ void ucScrollPicCanvas::addShape(Shape shape)
 
 void ucScrollPicCanvas::clearShapes()
 {
-    if (m_shapes.empty())
+    if (m_shapes.empty() && m_selection.isNull())
         return;
     m_shapes.clear();
     m_bands.clear();
+    m_selection = QRect();
     update();
+}
+
+QRect ucScrollPicCanvas::Spanning(QPoint a, QPoint b)
+{
+    // QRect(a, b).normalized() would lose a pixel on each side where b lies
+    // left of or above a: both corners are pixels of the outline.
+    return QRect(QPoint(qMin(a.x(), b.x()), qMin(a.y(), b.y())), QPoint(qMax(a.x(), b.x()), qMax(a.y(), b.y())));
+}
+
+void ucScrollPicCanvas::setSelection(QPoint corner, QPoint opposite, const QColor& color)
+{
+    const QRect before = m_selection;
+    m_selection = Spanning(corner, opposite);
+    m_selectionColor = color;
+    for (const QRect& changed : {before, m_selection}) {
+        if (!changed.isNull())
+            update(changed.adjusted(-1, -1, 1, 1).translated(-m_offset));
+    }
+}
+
+void ucScrollPicCanvas::clearSelection()
+{
+    if (m_selection.isNull())
+        return;
+    update(m_selection.adjusted(-1, -1, 1, 1).translated(-m_offset));
+    m_selection = QRect();
 }
 
 void ucScrollPicCanvas::paintEvent(QPaintEvent* event)
@@ -75,6 +102,8 @@ void ucScrollPicCanvas::paintView(QPainter& painter, const QRect& area) const
     painter.translate(-m_offset);
     paintBitmap(painter, visible);
     paintShapes(painter, visible);
+    if (!m_selection.isNull() && visible.intersects(m_selection.adjusted(-1, -1, 1, 1)))
+        paintContour(painter, m_selection, m_selectionColor);
     painter.restore();
 }
 
@@ -122,15 +151,9 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
             painter.setPen(QPen(penColor, 0)); // cosmetic: one pixel, no stroking
         }
         switch (shape.kind) {
-        case Shape::Contour: {
-            // Four one-pixel fills: the same pixels as a stroked outline, far cheaper.
-            const QRect r = QRect(shape.p1, shape.p2).normalized();
-            painter.fillRect(r.left(), r.top(), r.width(), 1, shape.color);
-            painter.fillRect(r.left(), r.bottom(), r.width(), 1, shape.color);
-            painter.fillRect(r.left(), r.top(), 1, r.height(), shape.color);
-            painter.fillRect(r.right(), r.top(), 1, r.height(), shape.color);
+        case Shape::Contour:
+            paintContour(painter, Spanning(shape.p1, shape.p2), shape.color);
             break;
-        }
         case Shape::Line:
             painter.drawLine(shape.p1, shape.p2);
             break;
@@ -139,6 +162,15 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
             break;
         }
     }
+}
+
+void ucScrollPicCanvas::paintContour(QPainter& painter, const QRect& r, const QColor& color)
+{
+    // Four one-pixel fills: the same pixels as a stroked outline, far cheaper.
+    painter.fillRect(r.left(), r.top(), r.width(), 1, color);
+    painter.fillRect(r.left(), r.bottom(), r.width(), 1, color);
+    painter.fillRect(r.left(), r.top(), 1, r.height(), color);
+    painter.fillRect(r.right(), r.top(), 1, r.height(), color);
 }
 
 const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& color) const

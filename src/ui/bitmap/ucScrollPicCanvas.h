@@ -42,7 +42,16 @@ public:
     QSize pictureSize() const { return m_image.size() * m_zoom; }
 
     void addShape(Shape shape);
+    // Clears the shapes and the selection rectangle with them.
     void clearShapes();
+    // The one rectangle being picked with the mouse, drawn over the shapes;
+    // each call replaces the last.
+    void setSelection(QPoint corner, QPoint opposite, const QColor& color);
+    void clearSelection();
+    // The rectangle whose outline runs through both corner pixels.
+    static QRect Spanning(QPoint a, QPoint b);
+    QRect selection() const { return m_selection; }
+    QColor selectionColor() const { return m_selectionColor; }
     const std::vector<Shape>& shapes() const { return m_shapes; }
 
     // Paints the viewport onto painter (the widget's own paint uses it too).
@@ -65,6 +74,7 @@ private:
     QPointF picturePoint(QPointF widgetPoint) const { return widgetPoint + m_offset; }
     void paintBitmap(QPainter& painter, const QRect& visible) const;
     void paintShapes(QPainter& painter, const QRect& visible) const;
+    static void paintContour(QPainter& painter, const QRect& rectangle, const QColor& color);
     // Shapes are filed by the horizontal bands of the picture they cross, so
     // a paint looks only at those near the visible part.
     static constexpr int BandHeight = 256;
@@ -75,6 +85,8 @@ private:
     QPoint m_offset;
     std::vector<Shape> m_shapes;
     std::vector<std::vector<int>> m_bands;
+    QRect m_selection;
+    QColor m_selectionColor;
     // Labels are numbers that repeat at every redraw: each is laid out once.
     const QImage& labelImage(const QString& text, const QColor& color) const;
     mutable QHash<QString, QImage> m_labels;

@@ -1,5 +1,7 @@
 #include "EditorState.h"
 
+#include "IPromptService.h"
+#include "m_IndexList.h"
 #include "ucScrollPic.h"
 
 namespace {
@@ -70,4 +72,22 @@ void EditorState::DrawOutlineRow(const ListViewModel& drawList, int row, int zoo
 void EditorState::ShowStatus(const QString& message)
 {
     emit statusMessage(message);
+}
+
+void EditorState::FillTextureIndexLists()
+{
+    m_IndexList::FillIndexList(views.lsvTextures.count(), lsvObjects, QStringLiteral("T"), true);
+    m_IndexList::FillIndexList(lsvObjects.count() - 2, lsvAvailTextures, QStringLiteral("A"), false);
+}
+
+void EditorState::FillSpriteIndexList()
+{
+    m_IndexList::FillIndexList(views.lsvSprites.count(), lsvSpriteIndex, QStringLiteral("S"), true);
+    emit spriteCountChanged(views.lsvSprites.count());
+}
+
+void EditorState::ChooseOutlineColor()
+{
+    if (const std::optional<QColor> chosen = m_prompts->ChooseColor(OutlineColor))
+        OutlineColor = *chosen;
 }

@@ -72,8 +72,22 @@ public:
     // A line in the window's status bar: what a silent failure did.
     void ShowStatus(const QString& message);
 
+    // The object texture checklist and the textures an animation can take,
+    // filled anew for the rows of lsvTextures.
+    void FillTextureIndexLists();
+    // The sprite checklist filled anew for the rows of lsvSprites; tells
+    // spriteCountChanged.
+    void FillSpriteIndexList();
+
+    // Either colour button: the colour dialog, and on OK the new outline
+    // colour. Outlines already drawn keep theirs until the next Draw.
+    void ChooseOutlineColor();
+
 signals:
     void dirtyChanged(bool dirty);
+    // The sprite rows were counted anew (added, deleted, or a list filled):
+    // what the sequence page shows as the available sprite textures.
+    void spriteCountChanged(int count);
     void reloadPictureRequested();
     void statusMessage(const QString& message);
 

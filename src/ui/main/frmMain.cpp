@@ -2,6 +2,7 @@
 
 #include "AnimationPage.h"
 #include "AssignmentPage.h"
+#include "BitmapSelection.h"
 #include "BusyCursor.h"
 #include "C_LevelInfo.h"
 #include "C_ListInfo.h"
@@ -16,7 +17,6 @@
 #include "frmInserList.h"
 #include "frmNewList.h"
 #include "frmVersion.h"
-#include "m_IndexList.h"
 #include "ucScrollPic.h"
 #include "ui_frmMain.h"
 
@@ -56,6 +56,12 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
     connect(m_ui->hscrlZoom, &QScrollBar::valueChanged, this, &frmMain::hscrlZoom_Change);
     connect(m_ui->ucScrollPic1, &ucScrollPic::Change, this, &frmMain::ucScrollPic1_Change);
     connect(m_ui->ucScrollPic1, &ucScrollPic::MousePos, this, &frmMain::ucScrollPic1_MousePos);
+    connect(m_ui->ucScrollPic1, &ucScrollPic::MouseSelect, this, &frmMain::ucScrollPic1_MouseSelect);
+    // The sequence page shows how many sprite textures there are to choose from.
+    connect(m_state.get(), &EditorState::spriteCountChanged, this, [this](int count) {
+        if (auto* label = m_sequencePage->findChild<QLabel*>(QStringLiteral("lblAvailSTextures")))
+            label->setText(QString::number(count));
+    });
     Form_Load();
 }
 
@@ -251,7 +257,7 @@ void frmMain::mnuFileNewList_Click()
     }
     if (!LoadList(true))
         return;
-    FillIndexLists(s.views.lsvTextures.count(), s.views.lsvSprites.count());
+    FillIndexLists();
     ShowCounters();
     if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
         s.prompts().MsgBox(tr("The list %1 could not be written: %2")
@@ -318,17 +324,16 @@ void frmMain::OpenList(const QString& name)
     {
         BusyCursor busy;
         LoadList(false);
-        FillIndexLists(s.views.lsvTextures.count(), s.views.lsvSprites.count());
+        FillIndexLists();
         ShowCounters();
     }
     TellWhatIsMissing();
 }
 
-void frmMain::FillIndexLists(qint64 textures, qint64 sprites)
+void frmMain::FillIndexLists()
 {
-    m_IndexList::FillIndexList(textures, m_state->lsvObjects, QStringLiteral("T"), true);
-    m_IndexList::FillIndexList(m_state->lsvObjects.count() - 2, m_state->lsvAvailTextures, QStringLiteral("A"), false);
-    m_IndexList::FillIndexList(sprites, m_state->lsvSpriteIndex, QStringLiteral("S"), true);
+    m_state->FillTextureIndexLists();
+    m_state->FillSpriteIndexList();
 }
 
 void frmMain::ShowCounters()
@@ -551,6 +556,19 @@ void frmMain::ucScrollPic1_MousePos(float X, float Y)
 {
     m_ui->lblMousePosX->setText(QString::number(int(std::floor(X))));
     m_ui->lblMousePosY->setText(QString::number(int(std::floor(Y))));
+}
+
+void frmMain::ucScrollPic1_MouseSelect(float X1, float Y1, float X2, float Y2)
+{
+    const BitmapSelection pick = BitmapSelection::FromView(X1, Y1, X2, Y2, m_zoom);
+    const bool made = m_objectPage->TakeSelection(pick.tile, pick.x1, pick.y1, pick.x2, pick.y2);
+    ucScrollPic& view = *m_ui->ucScrollPic1;
+    if (made)
+        view.DrawSelection(pick.x1 * m_zoom, pick.y1 * m_zoom, pick.x2 * m_zoom, pick.y2 * m_zoom,
+                           m_state->OutlineColor);
+    else
+        view.ClearSelection();
+    m_spritePage->TakeSelection(made, pick.tile, pick.x1, pick.y1, pick.x2, pick.y2);
 }
 
 void frmMain::mnuBitmapsShowTiles_Click()

@@ -80,7 +80,7 @@ private:
     void UpdateSaveMenu();
     void EnableDocumentMenus(bool enabled);
     void EnableZoom(bool enabled);
-    void FillIndexLists(qint64 textures, qint64 sprites);
+    void FillIndexLists();
     void ShowCounters();
     bool CanReadLevel(const QString& level);
     bool CanReadBitmap(const QString& bitmap);
@@ -90,6 +90,8 @@ private:
     void hscrlZoom_Change(int value);
     void ucScrollPic1_Change(int X, int Y);
     void ucScrollPic1_MousePos(float X, float Y);
+    // A rectangle picked on the bitmap goes to the object and sprite corners.
+    void ucScrollPic1_MouseSelect(float X1, float Y1, float X2, float Y2);
 
     std::unique_ptr<Ui::frmMain> m_ui;
     std::unique_ptr<QtPromptService> m_ownPrompts;

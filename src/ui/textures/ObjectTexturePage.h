@@ -1,15 +1,22 @@
 #pragma once
 
 #include "EditorPage.h"
+#include "TextureGeometry.h"
 
 #include <memory>
 
+class CornerBoxes;
+class DrawChecklist;
 namespace Ui {
 class ObjectTexturePage;
 }
 
 // The "Object Textures" page: the checklist of textures to outline, the
-// complete texture list and the texture being edited.
+// complete texture list and the "Texture Edition" frame, where one texture
+// is added or changed by typing the two diagonal corners of its rectangle.
+// The frame is viewing (Add and Edit, corners locked), adding (Add reads
+// "Accept") or editing (Edit reads "Accept"); Accept stores the frame into
+// the complete list and returns to viewing.
 class ObjectTexturePage : public EditorPage
 {
     Q_OBJECT
@@ -20,13 +27,74 @@ public:
 
     void ResetPage() override;
     void ClearPage() override;
+    void ListLoaded() override;
+    void ListClosed() override;
 
     // The counters beside the edition frame: textures of the list, tiles of the bitmap.
     void SetTextureQty(const QString& text);
     void SetTileQty(const QString& text);
 
+    // A rectangle picked on the bitmap, in whole-bitmap pixels, with the
+    // tile it starts in: the tile and the corners that differ go into the
+    // boxes. True when both X and Y differ; otherwise the markers and the
+    // two typed corners are emptied and the corners locked.
+    bool TakeSelection(int tile, int x1, int y1, int x2, int y2);
+
+    // Locks the corner boxes; with openLoHi the Lo and Hi corners are then
+    // open for typing. A triangle's fourth corner is shown unused.
+    void LockCornerBoxes(bool openLoHi);
+
+    int Sides() const { return m_sides; }
+    int Attribute() const { return m_attribute; }
+    TextureGeometry::Flips Flips() const { return m_flips; }
+
     Ui::ObjectTexturePage& ui() const { return *m_ui; }
 
 private:
+    void ConnectControls();
+    CornerBoxes& Corners() const { return *m_corners; }
+
+    void cmdAdd_Click();
+    void cmdEdit_Click();
+    void cmdDel_Click();
+    void cmdCancel_Click();
+    void cmdAttrib_Click();
+    void cmdSides_Click();
+    void cmdFlipHor_Click();
+    void cmdFlipVert_Click();
+    void cmdDraw_Click();
+    void lsvTextures_ItemClick(int row);
+
+    void BeginAdding();
+    void AcceptAdding();
+    void AcceptEditing();
+    void ShowViewing();
+    void ShowTextureNumber();
+
+    // The frame's texture written into the complete list: a new row for an
+    // empty key, else the row with that key. False when nothing was stored.
+    bool StoreEditedTexture(const QString& key);
+    int StoreRow(const QString& key);
+    void WarnOfBytesOutOfRange(const QString& number, const QList<int>& values);
+
+    void LoadTextureRow(int row);
+    void ShowAttribute(int value);
+    void ShowSides(int sides);
+    void SetFlipState(int loRow);
+    void SetFlipCaptions();
+    void SetCornerLabels();
+    void CompleteFourthCorner();
+    void ClearTextureEdition();
+    void ResetTextureEdition(bool enabled);
+    void EnableFlips(bool enabled);
+    void EnableTileBox(bool enabled);
+    void Flip(bool horizontal);
+    bool SetCornersFromSelection(int x1, int y1, int x2, int y2);
+
     std::unique_ptr<Ui::ObjectTexturePage> m_ui;
+    std::unique_ptr<CornerBoxes> m_corners;
+    DrawChecklist* m_checklist = nullptr;
+    int m_sides = 4;
+    int m_attribute = 0;
+    TextureGeometry::Flips m_flips;
 };

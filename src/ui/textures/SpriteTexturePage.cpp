@@ -1,7 +1,55 @@
 #include "SpriteTexturePage.h"
 
+#include "ButtonCaption.h"
+#include "DrawChecklist.h"
+#include "EditBoxLook.h"
 #include "EditorState.h"
+#include "IPromptService.h"
+#include "NumberText.h"
+#include "RowKeyNumber.h"
+#include "SpriteTextureRow.h"
+#include "TextureGeometry.h"
 #include "ui_SpriteTexturePage.h"
+
+#include <vector>
+
+namespace {
+
+const QString Add = QStringLiteral("Add");
+const QString Edit = QStringLiteral("Edit");
+const QString Accept = QStringLiteral("Accept");
+constexpr QChar KeyPrefix = QLatin1Char('S');
+constexpr int OkCancelExclamation = IPromptService::vbOKCancel | IPromptService::vbExclamation;
+
+struct FaultMessage
+{
+    SpriteEntry::Fault fault;
+    const char* title;
+    const char* text;
+};
+
+// What each fault tells the user; the first lines ending in a colon list
+// nothing after them, as the frame has always said it.
+constexpr FaultMessage FaultMessages[] = {
+    {SpriteEntry::Fault::Blank, "Missing Coordinate",
+     "Some values have been left blank:\r\nAll edit boxes must have values."},
+    {SpriteEntry::Fault::NotNumeric, "Wrong Value Type",
+     "Some values are not numerical:\r\nAll entries must be numerical values."},
+    {SpriteEntry::Fault::OutOfRange, "Wrong Value Type",
+     "Some values are over the limit of possible coordinates:\r\nAll entries must be between -32768 and 32767."},
+    {SpriteEntry::Fault::NegativeCorner, "Wrong Coordinate Values", "All X and Y coordinates must be positive."},
+    {SpriteEntry::Fault::XOrder, "Wrong Coordinate Values", "X1 must be smaller than X2"},
+    {SpriteEntry::Fault::YOrder, "Wrong Coordinate Values", "Y1 must be smaller than Y2"},
+    {SpriteEntry::Fault::TopOrder, "Wrong Offset Values", "Top must be smaller than Bottom"},
+    {SpriteEntry::Fault::LeftOrder, "Wrong Offset Values", "Left must be smaller than Right"},
+};
+
+int TileOf(const QString& text)
+{
+    return int(qBound(qint64(0), NumberText::valueOf(text), qint64(0xFFFF)));
+}
+
+} // namespace
 
 SpriteTexturePage::SpriteTexturePage(EditorState& state, QWidget* parent)
     : EditorPage(state, parent)
@@ -11,9 +59,43 @@ SpriteTexturePage::SpriteTexturePage(EditorState& state, QWidget* parent)
     m_ui->lsvSpriteIndex->setListModel(&m_state.lsvSpriteIndex);
     m_ui->lsvSprites->setListModel(&m_state.views.lsvSprites);
     m_ui->lsvSpriteDrawLisr->setListModel(&m_state.lsvSpriteDrawLisr);
+    m_checklist = new DrawChecklist(*m_ui->lsvSpriteIndex, m_state.lsvSpriteIndex, this);
+    // The key of the row being edited is the page's own business.
+    m_ui->lblKey->setVisible(false);
+    ConnectControls();
 }
 
 SpriteTexturePage::~SpriteTexturePage() = default;
+
+void SpriteTexturePage::ConnectControls()
+{
+    const Ui::SpriteTexturePage& u = *m_ui;
+    connect(u.cmdSpriteAdd, &QPushButton::clicked, this, &SpriteTexturePage::cmdSpriteAdd_Click);
+    connect(u.cmdSpriteEdit, &QPushButton::clicked, this, &SpriteTexturePage::cmdSpriteEdit_Click);
+    connect(u.cmdSpriteDelete, &QPushButton::clicked, this, &SpriteTexturePage::cmdSpriteDelete_Click);
+    connect(u.cmdSpriteCancel, &QPushButton::clicked, this, &SpriteTexturePage::CancelSpriteEdition);
+    connect(u.cmdDrawSprite, &QPushButton::clicked, this, &SpriteTexturePage::cmdDrawSprite_Click);
+    connect(u.cmdSpriteColor, &QPushButton::clicked, this, [this] { m_state.ChooseOutlineColor(); });
+    connect(u.lsvSprites, &ListView::ItemClick, this, &SpriteTexturePage::lsvSprites_ItemClick);
+}
+
+QLineEdit* SpriteTexturePage::Box(SpriteEntry::Box box) const
+{
+    const Ui::SpriteTexturePage& u = *m_ui;
+    const std::array<QLineEdit*, SpriteEntry::BoxCount> boxes{u.txtS_X_0, u.txtS_X_1, u.txtS_Y_0, u.txtS_Y_1,
+                                                             u.txtTop,   u.txtBottom, u.txtLeft, u.txtRight};
+    return boxes[size_t(box)];
+}
+
+QList<QLineEdit*> SpriteTexturePage::InputBoxes() const
+{
+    QList<QLineEdit*> boxes{m_ui->txtTileSNo};
+    for (int box = 0; box < SpriteEntry::BoxCount; ++box)
+        boxes.append(Box(SpriteEntry::Box(box)));
+    return boxes;
+}
+
+// --- The page's life with the window ---
 
 void SpriteTexturePage::ResetPage()
 {
@@ -40,8 +122,264 @@ void SpriteTexturePage::ListClosed()
     m_ui->txtNum->clear();
 }
 
+// --- The edition frame ---
+
+void SpriteTexturePage::ClearSpriteEdition()
+{
+    for (QLineEdit* box : InputBoxes())
+        box->clear();
+    m_ui->txtNo->clear();
+}
+
+void SpriteTexturePage::EnableSpriteBoxes(bool enabled)
+{
+    for (QLineEdit* box : InputBoxes())
+        EditBoxLook::Enable(*box, enabled);
+}
+
+void SpriteTexturePage::ResetSpriteEdition(bool enabled)
+{
+    m_ui->cmdSpriteAdd->setText(Add);
+    m_ui->cmdSpriteEdit->setText(Edit);
+    m_ui->cmdSpriteEdit->setEnabled(enabled);
+    m_ui->cmdSpriteDelete->setEnabled(enabled);
+}
+
 void SpriteTexturePage::CancelSpriteEdition()
 {
-    m_ui->txtNo->clear();
+    ClearSpriteEdition();
+    EnableSpriteBoxes(false);
+    ResetSpriteEdition(false);
     m_ui->lblKey->clear();
+}
+
+void SpriteTexturePage::TakeSelection(bool made, int tile, int x1, int y1, int x2, int y2)
+{
+    ClearSpriteEdition();
+    if (!made)
+        return;
+    m_ui->txtS_X_0->setText(QString::number(qMin(x1, x2)));
+    m_ui->txtS_Y_0->setText(QString::number(qMin(y1, y2)));
+    m_ui->txtS_X_1->setText(QString::number(qMax(x1, x2)));
+    m_ui->txtS_Y_1->setText(QString::number(qMax(y1, y2)));
+    // The tile goes with the corners, or Y would be stored against tile 0.
+    m_ui->txtTileSNo->setText(QString::number(tile));
+}
+
+// --- Add, Edit, Delete ---
+
+void SpriteTexturePage::cmdSpriteAdd_Click()
+{
+    if (!ButtonCaption::Is(*m_ui->cmdSpriteAdd, Add)) {
+        AcceptAdding();
+        return;
+    }
+    if (!m_state.IsListOpen)
+        return;
+    ClearSpriteEdition();
+    EnableSpriteBoxes(true);
+    m_ui->cmdSpriteAdd->setText(Accept);
+    // The number the new sprite will get.
+    const ListViewModel& sprites = m_state.views.lsvSprites;
+    const qint64 number = RowKeyNumber::FirstFree(sprites, KeyPrefix, sprites.count());
+    m_ui->txtNo->setText(RowKeyNumber::RowText(number, sprites.count()));
+}
+
+void SpriteTexturePage::AcceptAdding()
+{
+    if (!ValidateSpriteEdition())
+        return;
+    if (!StoreEditedSprite(true, *m_entry))
+        return;
+    CancelSpriteEdition();
+    m_state.FillSpriteIndexList();
+    m_state.MarkDirty();
+}
+
+void SpriteTexturePage::cmdSpriteEdit_Click()
+{
+    if (ButtonCaption::Is(*m_ui->cmdSpriteEdit, Edit)) {
+        EnableSpriteBoxes(true);
+        m_ui->cmdSpriteEdit->setText(Accept);
+        return;
+    }
+    AcceptEditing();
+}
+
+void SpriteTexturePage::AcceptEditing()
+{
+    if (!ValidateSpriteEdition())
+        return;
+    const bool stored = StoreEditedSprite(false, *m_entry);
+    CancelSpriteEdition();
+    if (stored)
+        m_state.MarkDirty();
+}
+
+void SpriteTexturePage::cmdSpriteDelete_Click()
+{
+    ListViewModel& sprites = m_state.views.lsvSprites;
+    if (sprites.count() == 0 || !ConfirmDeletion())
+        return;
+    // No renumbering: the sequences name sprites by number, and the user was
+    // told to mend them.
+    const int row = sprites.findKey(m_ui->lblKey->text());
+    if (!sprites.removeAt(row)) {
+        m_state.ShowStatus(tr("Nothing was deleted: choose the sprite to delete in the list first."));
+        return;
+    }
+    m_ui->txtNum->setText(QString::number(NumberText::valueOf(m_ui->txtNum->text()) - 1));
+    CancelSpriteEdition();
+    m_state.FillSpriteIndexList();
+    m_state.MarkDirty();
+}
+
+bool SpriteTexturePage::ConfirmDeletion()
+{
+    const QString text = QStringLiteral("Deleting any sprite texture will make the Sprite Sequence List ")
+                         + QStringLiteral("useless. ") + QStringLiteral("\r\n")
+                         + QStringLiteral("Make very sure to remove in the Sequence List the textures that ")
+                         + QStringLiteral("no longer exists!");
+    return m_state.prompts().MsgBox(text, OkCancelExclamation, QStringLiteral("Delicate Deletion"))
+           == IPromptService::vbOK;
+}
+
+// --- Checking and storing ---
+
+bool SpriteTexturePage::ValidateSpriteEdition()
+{
+    std::array<QString, SpriteEntry::BoxCount> texts;
+    for (int box = 0; box < SpriteEntry::BoxCount; ++box)
+        texts[size_t(box)] = Box(SpriteEntry::Box(box))->text();
+    m_entry.emplace(texts);
+    const SpriteEntry::Check check = m_entry->Validate();
+    if (check.fault == SpriteEntry::Fault::None)
+        return true;
+    ReportFault(check);
+    return false;
+}
+
+void SpriteTexturePage::ReportFault(const SpriteEntry::Check& check)
+{
+    for (const FaultMessage& message : FaultMessages) {
+        if (message.fault != check.fault)
+            continue;
+        m_state.prompts().MsgBox(QString::fromLatin1(message.text), OkCancelExclamation,
+                                 QString::fromLatin1(message.title));
+        break;
+    }
+    // The caret goes back to the box at fault.
+    QLineEdit* box = Box(check.box);
+    box->setFocus();
+    box->selectAll();
+}
+
+bool SpriteTexturePage::StoreEditedSprite(bool isNew, const SpriteEntry& entry)
+{
+    const int row = StoreRow(isNew);
+    if (row < 0)
+        return false;
+    using E = SpriteEntry;
+    const int tile = TileOf(m_ui->txtTileSNo->text());
+    const int x = entry.Value(E::X1);
+    const int y = entry.Value(E::Y1) - tile * TextureGeometry::TileSize;
+    const int width = SpriteTextureRow::SizeOf(entry.Value(E::X2) - entry.Value(E::X1));
+    const int height = SpriteTextureRow::SizeOf(entry.Value(E::Y2) - entry.Value(E::Y1));
+    const QList<std::pair<int, int>> cells{
+        {SpriteTextureRow::TileColumn, tile},           {SpriteTextureRow::XColumn, x},
+        {SpriteTextureRow::YColumn, y},                 {SpriteTextureRow::WidthColumn, width},
+        {SpriteTextureRow::HeightColumn, height},       {SpriteTextureRow::LeftColumn, entry.Value(E::Left)},
+        {SpriteTextureRow::TopColumn, entry.Value(E::Top)}, {SpriteTextureRow::RightColumn, entry.Value(E::Right)},
+        {SpriteTextureRow::BottomColumn, entry.Value(E::Bottom)}};
+    ListViewModel& sprites = m_state.views.lsvSprites;
+    for (const auto& [column, value] : cells)
+        sprites.setSubItem(row, column, QString::number(value));
+    WarnOfFieldsOutOfRange(sprites.text(row), x, y, width, height);
+    return true;
+}
+
+int SpriteTexturePage::StoreRow(bool isNew)
+{
+    ListViewModel& sprites = m_state.views.lsvSprites;
+    if (!isNew) {
+        const int row = sprites.findKey(m_ui->lblKey->text());
+        if (row < 0)
+            m_state.ShowStatus(tr("Nothing was stored: the sprite being edited is no longer in the list."));
+        return row;
+    }
+    const qint64 count = sprites.count();
+    const qint64 number = RowKeyNumber::FirstFree(sprites, KeyPrefix, count);
+    if (number != count)
+        m_state.ShowStatus(
+            tr("Sprite number %1 is still in use after a deletion: the new sprite is number %2.").arg(count).arg(number));
+    const QString text = m_ui->txtNo->text().isEmpty() ? RowKeyNumber::RowText(number, count) : m_ui->txtNo->text();
+    const int row = sprites.addRow(RowKeyNumber::Key(KeyPrefix, number), text);
+    // The count the new key was formed from, taken before the addition.
+    m_ui->txtNum->setText(QString::number(count));
+    return row;
+}
+
+void SpriteTexturePage::WarnOfFieldsOutOfRange(const QString& number, int x, int y, int width, int height)
+{
+    const bool bytesFit = x >= 0 && x <= 255 && y >= 0 && y <= 255;
+    const bool sizesFit = width <= 0xFFFF && height <= 0xFFFF;
+    if (bytesFit && sizesFit)
+        return;
+    m_state.ShowStatus(tr("Sprite %1 was stored, but a list file keeps X and Y within the tile (0 to 255) and "
+                          "sprites up to 256 pixels across: check its tile and corners.")
+                           .arg(number));
+}
+
+// --- Loading a row ---
+
+void SpriteTexturePage::lsvSprites_ItemClick(int row)
+{
+    const ListViewModel& sprites = m_state.views.lsvSprites;
+    if (row < 0 || row >= sprites.count())
+        return;
+    LoadSprite(sprites.key(row), sprites.text(row));
+    ResetSpriteEdition(true);
+    EnableSpriteBoxes(false);
+}
+
+void SpriteTexturePage::LoadSprite(const QString& key, const QString& text)
+{
+    const ListViewModel& sprites = m_state.views.lsvSprites;
+    const int row = sprites.findKey(key);
+    if (row < 0)
+        return;
+    const SpriteTextureRow sprite = SpriteTextureRow::Read(sprites, row);
+    m_ui->lblKey->setText(key);
+    m_ui->txtTileSNo->setText(QString::number(sprite.tile));
+    m_ui->txtNo->setText(text);
+    const QPoint first = sprite.FirstCorner();
+    const QPoint second = sprite.SecondCorner();
+    m_ui->txtS_X_0->setText(QString::number(first.x()));
+    m_ui->txtS_Y_0->setText(QString::number(first.y()));
+    m_ui->txtS_X_1->setText(QString::number(second.x()));
+    m_ui->txtS_Y_1->setText(QString::number(second.y()));
+    m_ui->txtLeft->setText(QString::number(sprite.left));
+    m_ui->txtTop->setText(QString::number(sprite.top));
+    m_ui->txtRight->setText(QString::number(sprite.right));
+    m_ui->txtBottom->setText(QString::number(sprite.bottom));
+}
+
+// --- Drawing ---
+
+void SpriteTexturePage::cmdDrawSprite_Click()
+{
+    m_state.lsvSpriteDrawLisr.clear();
+    const ListViewModel& sprites = m_state.views.lsvSprites;
+    if (m_state.lsvSpriteIndex.count() >= 3 && m_state.IsBitmapLoaded) {
+        std::vector<ListViewModel::Row> rows;
+        for (const QString& key : m_checklist->TickedKeys()) {
+            const int row = sprites.findKey(key);
+            if (row < 0)
+                continue;
+            rows.push_back(
+                {QString(), sprites.text(row), SpriteTextureRow::Read(sprites, row).DrawColumns(), Qt::Unchecked});
+        }
+        m_state.lsvSpriteDrawLisr.appendRows(std::move(rows));
+    }
+    m_state.RedrawOutlines();
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+class QAbstractButton;
+
+// Two-state buttons carry their state in their caption ("Add" becomes
+// "Accept" while a record is entered); handlers ask the caption, without
+// regard to case.
+class ButtonCaption
+{
+public:
+    static bool Is(const QAbstractButton& button, const QString& caption);
+};

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "TextureGeometry.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <array>
+
+class QLineEdit;
+
+// The four corner rows of the texture edition frame: per row the corner's
+// label (txtCorner), its X and Y boxes and its Lo/Hi marker (txtHiLo). Two
+// rows on a diagonal carry the markers; only their X and Y are typed, and
+// the other two rows follow them so the rectangle stays closed. While the
+// rows are being rewritten as a whole (a load, a flip) they are held, and
+// the boxes' changes then move nothing.
+class CornerBoxes : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Row
+    {
+        QLineEdit* corner;
+        QLineEdit* x;
+        QLineEdit* y;
+        QLineEdit* hiLo;
+    };
+
+    // Holds the rows for as long as it lives.
+    class Hold
+    {
+    public:
+        explicit Hold(CornerBoxes& boxes);
+        ~Hold();
+        Hold(const Hold&) = delete;
+        Hold& operator=(const Hold&) = delete;
+
+    private:
+        CornerBoxes& m_boxes;
+        bool m_wasHeld;
+    };
+
+    CornerBoxes(const std::array<Row, 4>& rows, QObject* parent = nullptr);
+
+    const Row& row(int i) const { return m_rows[size_t(i)]; }
+    bool IsHeld() const { return m_held; }
+
+    // Row 0 to 3 whose marker reads "Lo" (or "Hi"); -1 when none does.
+    int FindLoCorner() const;
+    int FindHiCorner() const;
+
+    // Locks the eight X and Y boxes; with openLoHi the Lo and Hi rows are
+    // then opened for typing; a triangle's fourth row is shown unused.
+    void LockCornerBoxes(bool openLoHi, bool triangle);
+    // The fourth row in use (a quad) or not (a triangle).
+    void ShowFourthCornerInUse(bool inUse);
+
+    void SetCornerLabels(TextureGeometry::Flips flips);
+    void SetMarkers(const QStringList& markers);
+    // Row 3 closes the rectangle: its X from row 0, its Y from row 2.
+    void CompleteFourthCorner();
+    // Swaps two rows' marker, X and Y (a flip moves whole rows).
+    void ExchangeRows(int a, int b);
+    // Empties marker, X, Y and label of every row.
+    void Clear();
+
+private:
+    void Follow(int changedRow, bool isX);
+
+    std::array<Row, 4> m_rows;
+    bool m_held = false;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QPoint>
+#include <QStringList>
+
+#include <array>
+
+class ListViewModel;
+
+// One row of the complete texture list read as numbers: "Tile#", "Trans",
+// the four corners (pixel within the tile) and their sub-pixel bytes. Any
+// text a cell holds reads as its leading number, so no row can upset the
+// editor. Also the row's outline in whole-bitmap pixels for the draw list.
+class ObjectTextureRow
+{
+public:
+    static ObjectTextureRow Read(const ListViewModel& textures, int row);
+
+    int tile = 0;
+    int trans = 0;
+    // "X1": what a loaded row takes as its attribute.
+    int firstX = 0;
+    std::array<QPoint, 4> corners{};  // pixels within the tile
+    std::array<QPoint, 4> subPixels{}; // X byte in x(), Y byte in y()
+
+    // A fourth corner of nothing but zeros makes a triangle.
+    bool IsTriangle() const;
+    // Corner i with the tile's offset added to Y: whole-bitmap pixels.
+    QPoint BitmapCorner(int i) const;
+    // The draw list's "NumSide" and corner columns: a quad's two opposite
+    // corners (1 and 3), or a triangle's three corners.
+    QStringList DrawColumns() const;
+
+    // Sub-item numbers of the complete texture list.
+    static constexpr int TileColumn = 1;
+    static constexpr int TransColumn = 2;
+    static int XColumn(int corner) { return 3 + 2 * corner; }
+    static int YColumn(int corner) { return 4 + 2 * corner; }
+    static int XHiColumn(int corner) { return 11 + 2 * corner; }
+    static int YHiColumn(int corner) { return 12 + 2 * corner; }
+    static constexpr int ColumnCount = 18;
+};

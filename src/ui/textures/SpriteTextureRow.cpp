@@ -1,0 +1,49 @@
+#include "SpriteTextureRow.h"
+
+#include "ListViewModel.h"
+#include "NumberText.h"
+#include "TextureGeometry.h"
+
+namespace {
+
+int Cell(const ListViewModel& sprites, int row, int column, int lowest, int highest)
+{
+    return int(qBound(qint64(lowest), NumberText::valueOf(sprites.subItem(row, column)), qint64(highest)));
+}
+
+} // namespace
+
+SpriteTextureRow SpriteTextureRow::Read(const ListViewModel& sprites, int row)
+{
+    // The bounds are those of the record's fields, so any cell text reads
+    // as something a level could hold.
+    SpriteTextureRow read;
+    read.tile = Cell(sprites, row, TileColumn, 0, 0xFFFF);
+    read.x = Cell(sprites, row, XColumn, -0x8000, 0xFFFF);
+    read.y = Cell(sprites, row, YColumn, -0x8000, 0xFFFF);
+    read.width = Cell(sprites, row, WidthColumn, 0, 0xFFFFFF);
+    read.height = Cell(sprites, row, HeightColumn, 0, 0xFFFFFF);
+    read.left = Cell(sprites, row, LeftColumn, -0x8000, 0xFFFF);
+    read.top = Cell(sprites, row, TopColumn, -0x8000, 0xFFFF);
+    read.right = Cell(sprites, row, RightColumn, -0x8000, 0xFFFF);
+    read.bottom = Cell(sprites, row, BottomColumn, -0x8000, 0xFFFF);
+    return read;
+}
+
+QPoint SpriteTextureRow::FirstCorner() const
+{
+    return {x, y + tile * TextureGeometry::TileSize};
+}
+
+QPoint SpriteTextureRow::SecondCorner() const
+{
+    return FirstCorner() + QPoint(SpanOf(width), SpanOf(height));
+}
+
+QStringList SpriteTextureRow::DrawColumns() const
+{
+    const QPoint first = FirstCorner();
+    const QPoint second = SecondCorner();
+    return {QStringLiteral("4"), QString::number(first.x()), QString::number(first.y()), QString::number(second.x()),
+            QString::number(second.y())};
+}

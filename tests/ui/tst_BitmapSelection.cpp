@@ -1,0 +1,179 @@
+#include "EditorFixture.h"
+#include "EditorState.h"
+#include "ListView.h"
+#include "UserActions.h"
+#include "frmMain.h"
+#include "ucScrollPic.h"
+#include "ucScrollPicCanvas.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QTest>
+
+using Cells = QStringList;
+
+// Dragging a rectangle on the bitmap view of the demo list (four tiles,
+// 1024 pixels high): the object corner boxes, the sprite boxes and the
+// rectangle outlined on the view.
+class tst_BitmapSelection : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void dragPicksARectangle_data();
+    void dragPicksARectangle();
+    void aDragLeavesOneOutline();
+    void aDragOverALoadedTextureLeavesNoMarkers();
+    void spriteAddedFromADrag();
+
+private:
+    struct Window
+    {
+        EditorFixture f;
+        Window();
+        ucScrollPic* view() const { return f.find<ucScrollPic>("ucScrollPic1"); }
+        void zoom(int factor) const { f.find<QScrollBar>("hscrlZoom")->setValue(factor); }
+        void drag(QPoint from, QPoint to) const { UserActions::Drag(view()->Picture1(), from, to); }
+        Cells texts(const QStringList& names) const;
+        void click(const char* name) const { QTest::mouseClick(f.find<QPushButton>(name), Qt::LeftButton); }
+    };
+};
+
+tst_BitmapSelection::Window::Window()
+{
+    f.openList(f.listPath());
+    f.window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
+}
+
+Cells tst_BitmapSelection::Window::texts(const QStringList& names) const
+{
+    Cells texts;
+    for (const QString& name : names)
+        texts << f.window->findChild<QLineEdit*>(name)->text();
+    return texts;
+}
+
+namespace {
+
+const QStringList ObjectBoxes{"txtTileNo", "txtX_0", "txtY_0", "txtX_2", "txtY_2"};
+const QStringList SpriteBoxes{"txtTileSNo", "txtS_X_0", "txtS_Y_0", "txtS_X_1", "txtS_Y_1"};
+
+} // namespace
+
+void tst_BitmapSelection::dragPicksARectangle_data()
+{
+    QTest::addColumn<int>("zoom");
+    QTest::addColumn<int>("scroll"); // of the vertical bar, in zoomed pixels
+    QTest::addColumn<QPoint>("from"); // in the viewport
+    QTest::addColumn<QPoint>("to");
+    QTest::addColumn<Cells>("corners"); // tile, X1, Y1, X2, Y2 as the boxes show them
+    QTest::addColumn<QRect>("outline"); // zoomed picture coordinates; null for none
+
+    QTest::newRow("end held in the start tile") << 1 << 0 << QPoint(10, 300) << QPoint(60, 600)
+                                                << Cells{"1", "10", "300", "60", "512"}
+                                                << QRect(QPoint(10, 300), QPoint(60, 512));
+    QTest::newRow("zoom 3 across a tile border") << 3 << 600 << QPoint(30, 150) << QPoint(300, 300)
+                                                 << Cells{"0", "10", "250", "100", "256"}
+                                                 << QRect(QPoint(30, 750), QPoint(300, 768));
+    QTest::newRow("zoom 3, fractions cut down") << 3 << 0 << QPoint(32, 8) << QPoint(35, 14)
+                                                << Cells{"0", "10", "2", "11", "4"}
+                                                << QRect(QPoint(30, 6), QPoint(33, 12));
+    QTest::newRow("zoom 2, up and left, scrolled") << 2 << 400 << QPoint(200, 300) << QPoint(40, 140)
+                                                   << Cells{"1", "20", "270", "100", "350"}
+                                                   << QRect(QPoint(40, 540), QPoint(200, 700));
+    QTest::newRow("past the right edge") << 1 << 0 << QPoint(250, 10) << QPoint(400, 50)
+                                         << Cells{"0", "250", "10", "256", "50"}
+                                         << QRect(QPoint(250, 10), QPoint(256, 50));
+    QTest::newRow("above the picture, from tile 1") << 1 << 100 << QPoint(10, 200) << QPoint(60, -140)
+                                                    << Cells{"1", "10", "256", "60", "300"}
+                                                    << QRect(QPoint(10, 256), QPoint(60, 300));
+    QTest::newRow("no width") << 1 << 0 << QPoint(10, 300) << QPoint(10, 400) << Cells{"1", "", "", "", ""}
+                              << QRect();
+    QTest::newRow("no height") << 2 << 0 << QPoint(10, 300) << QPoint(90, 301) << Cells{"0", "", "", "", ""}
+                               << QRect();
+}
+
+void tst_BitmapSelection::dragPicksARectangle()
+{
+    QFETCH(int, zoom);
+    QFETCH(int, scroll);
+    QFETCH(QPoint, from);
+    QFETCH(QPoint, to);
+    QFETCH(Cells, corners);
+    QFETCH(QRect, outline);
+    Window w;
+    w.zoom(zoom);
+    w.view()->VScroll1()->setValue(scroll);
+    w.drag(from, to);
+
+    QCOMPARE(w.texts(ObjectBoxes), corners);
+    const bool made = !outline.isNull();
+    // The sprite boxes take the same corners and tile, or are emptied.
+    QCOMPARE(w.texts(SpriteBoxes), made ? corners : Cells(5));
+    QCOMPARE(w.view()->Picture1()->selection(), outline);
+    if (made)
+        QCOMPARE(w.view()->Picture1()->selectionColor(), w.f.window->state().OutlineColor);
+    // No markers are left after the press, so every corner is locked.
+    QCOMPARE(w.texts({"txtHiLo_0", "txtHiLo_1", "txtHiLo_2", "txtHiLo_3"}), Cells(4));
+    QVERIFY(w.f.find<QLineEdit>("txtX_0")->isReadOnly());
+}
+
+void tst_BitmapSelection::aDragLeavesOneOutline()
+{
+    Window w;
+    w.zoom(2);
+    w.click("cmdDraw");
+    const int outlines = w.view()->ShapeCount();
+    QVERIFY(outlines > 0);
+    ucScrollPicCanvas* canvas = w.view()->Picture1();
+    QTest::mousePress(canvas, Qt::LeftButton, {}, QPoint(10, 10));
+    for (int step = 1; step <= 5; ++step) {
+        const QPoint at(10 + 20 * step, 10 + 10 * step);
+        QMouseEvent move(QEvent::MouseMove, QPointF(at), canvas->mapToGlobal(QPointF(at)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(canvas, &move);
+        QCOMPARE(canvas->selection(), QRect(QPoint(10, 10), QPoint(at.x() / 2 * 2, at.y() / 2 * 2)));
+    }
+    QTest::mouseRelease(canvas, Qt::LeftButton, {}, QPoint(110, 60));
+    QCOMPARE(w.view()->ShapeCount(), outlines);
+    // The next Draw wipes the picked rectangle with the old outlines.
+    w.click("cmdDraw");
+    QVERIFY(canvas->selection().isNull());
+}
+
+void tst_BitmapSelection::aDragOverALoadedTextureLeavesNoMarkers()
+{
+    Window w;
+    UserActions::ClickRow(w.f.find<ListView>("lsvTextures"), 5);
+    QCOMPARE(w.texts({"txtHiLo_0", "txtHiLo_2"}), (Cells{"Lo", "Hi"}));
+    w.drag({20, 20}, {40, 50});
+    QCOMPARE(w.texts({"txtX_0", "txtX_1", "txtX_2", "txtY_0", "txtY_2"}), (Cells{"20", "127", "40", "20", "50"}));
+    // Accept finds no Lo and Hi corner, stores nothing and says why.
+    const Cells before = w.f.window->state().views.lsvTextures.row(5).subItems;
+    w.click("cmdEdit");
+    w.click("cmdEdit");
+    QCOMPARE(w.f.window->state().views.lsvTextures.row(5).subItems, before);
+    QVERIFY(w.f.window->statusBar()->currentMessage().startsWith(QLatin1String("Nothing was stored")));
+    QVERIFY(!w.f.window->state().IsDirty);
+}
+
+void tst_BitmapSelection::spriteAddedFromADrag()
+{
+    Window w;
+    w.f.window->ShowPage(3);
+    w.click("cmdSpriteAdd");
+    w.drag({10, 300}, {60, 340});
+    for (const auto& [name, value] : QList<std::pair<const char*, const char*>>{
+             {"txtTop", "-20"}, {"txtBottom", "20"}, {"txtLeft", "-25"}, {"txtRight", "25"}})
+        UserActions::TypeInto(w.f.find<QLineEdit>(name), QString::fromLatin1(value));
+    w.click("cmdSpriteAdd");
+    const ListViewModel& sprites = w.f.window->state().views.lsvSprites;
+    QCOMPARE(sprites.count(), 30);
+    QCOMPARE(sprites.row(29).subItems, (Cells{"1", "10", "44", "13055", "10495", "-25", "-20", "25", "20"}));
+}
+
+QTEST_MAIN(tst_BitmapSelection)
+#include "tst_BitmapSelection.moc"

@@ -1,0 +1,329 @@
+#include "EditorFixture.h"
+#include "EditorState.h"
+#include "ListView.h"
+#include "UserActions.h"
+#include "frmMain.h"
+#include "ucScrollPic.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+
+using Cells = QStringList;
+
+// The "Sprites Textures" page driven as a user would, over the demo list
+// (29 sprites, S0 to S28, in tiles 2 and 3).
+class tst_SpriteTexturePage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void startsViewing();
+    void validationNamesTheFirstFault_data();
+    void validationNamesTheFirstFault();
+    void spriteStoredInTile3LoadsAgain();
+    void editChangesOnlyTheLoadedRow();
+    void deletionAsksFirst_data();
+    void deletionAsksFirst();
+    void addAfterDeletionTakesAFreeNumber();
+    void drawOutlinesTickedSprites();
+    void editsSurviveSaveAndReopen();
+
+private:
+    struct Page
+    {
+        EditorFixture f;
+        Page();
+        EditorState& state() const { return f.window->state(); }
+        ListViewModel& sprites() const { return state().views.lsvSprites; }
+        QLineEdit* box(const char* name) const { return f.find<QLineEdit>(name); }
+        QPushButton* button(const char* name) const { return f.find<QPushButton>(name); }
+        void click(const char* name) const { QTest::mouseClick(button(name), Qt::LeftButton); }
+        void type(const char* name, const QString& text) const { UserActions::TypeInto(box(name), text); }
+        void load(int row) const { UserActions::ClickRow(f.find<ListView>("lsvSprites"), row); }
+        // Tile, X1, Y1, X2, Y2, Top, Bottom, Left, Right into their boxes.
+        void fill(const Cells& values) const;
+        Cells boxes() const;
+    };
+};
+
+namespace {
+
+const char* const FrameBoxes[] = {"txtTileSNo", "txtS_X_0", "txtS_Y_0", "txtS_X_1", "txtS_Y_1",
+                                  "txtTop",     "txtBottom", "txtLeft", "txtRight"};
+constexpr int OkCancelExclamation = 49;
+
+} // namespace
+
+tst_SpriteTexturePage::Page::Page()
+{
+    f.openList(f.listPath());
+    f.window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
+    f.window->ShowPage(3);
+}
+
+void tst_SpriteTexturePage::Page::fill(const Cells& values) const
+{
+    for (int i = 0; i < values.size(); ++i)
+        type(FrameBoxes[i], values[i]);
+}
+
+Cells tst_SpriteTexturePage::Page::boxes() const
+{
+    Cells texts;
+    for (const char* name : FrameBoxes)
+        texts << box(name)->text();
+    return texts;
+}
+
+void tst_SpriteTexturePage::startsViewing()
+{
+    Page p;
+    for (const auto& [name, caption] : QList<std::pair<const char*, const char*>>{
+             {"cmdSpriteAdd", "Add"}, {"cmdSpriteEdit", "Edit"}, {"cmdSpriteDelete", "Delete"},
+             {"cmdSpriteCancel", "Cancel"}, {"cmdDrawSprite", "Draw"}, {"cmdSpriteColor", "Color"}})
+        QCOMPARE(p.button(name)->text(), QString::fromLatin1(caption));
+    QVERIFY(!p.button("cmdSpriteEdit")->isEnabled() && !p.button("cmdSpriteDelete")->isEnabled());
+    for (const char* name : FrameBoxes) {
+        QVERIFY2(!p.box(name)->isEnabled(), name);
+        QCOMPARE(p.box(name)->palette().color(QPalette::Base), QColor(0xE0, 0xE0, 0xE0));
+    }
+    QCOMPARE(p.box("txtNum")->text(), QStringLiteral("29"));
+    QVERIFY(p.f.find<QLabel>("lblKey")->isHidden());
+
+    p.click("cmdSpriteAdd");
+    QCOMPARE(p.button("cmdSpriteAdd")->text(), QStringLiteral("Accept"));
+    for (const char* name : FrameBoxes)
+        QVERIFY2(p.box(name)->isEnabled(), name);
+    QCOMPARE(p.box("txtNo")->text(), QStringLiteral("29"));
+    p.click("cmdSpriteCancel");
+    QCOMPARE(p.button("cmdSpriteAdd")->text(), QStringLiteral("Add"));
+    QVERIFY(!p.box("txtTop")->isEnabled());
+    QCOMPARE(p.sprites().count(), 29);
+}
+
+void tst_SpriteTexturePage::validationNamesTheFirstFault_data()
+{
+    QTest::addColumn<Cells>("values"); // tile, X1, Y1, X2, Y2, Top, Bottom, Left, Right
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("caret");
+
+    const Cells good{"0", "10", "20", "42", "52", "-10", "10", "-5", "5"};
+    auto with = [&good](int at, const QString& value, int at2 = -1, const QString& value2 = {}) {
+        Cells values = good;
+        values[at] = value;
+        if (at2 >= 0)
+            values[at2] = value2;
+        return values;
+    };
+    const QString blank = QStringLiteral("Some values have been left blank:\r\nAll edit boxes must have values.");
+    const QString notNumber = QStringLiteral("Some values are not numerical:\r\nAll entries must be numerical values.");
+    const QString range = QStringLiteral("Some values are over the limit of possible coordinates:\r\n"
+                                         "All entries must be between -32768 and 32767.");
+    QTest::newRow("blank before a letter") << with(8, "", 2, "abc") << "Missing Coordinate" << blank << "txtRight";
+    QTest::newRow("not a number") << with(7, "5px") << "Wrong Value Type" << notNumber << "txtLeft";
+    QTest::newRow("beyond 16 bits") << with(6, "40000") << "Wrong Value Type" << range << "txtBottom";
+    QTest::newRow("just beyond, once rounded") << with(3, "32767.5") << "Wrong Value Type" << range << "txtS_X_1";
+    QTest::newRow("negative corner") << with(2, "-1") << "Wrong Coordinate Values"
+                                     << "All X and Y coordinates must be positive." << "txtS_Y_0";
+    QTest::newRow("X1 = X2") << with(3, "10") << "Wrong Coordinate Values" << "X1 must be smaller than X2"
+                             << "txtS_X_0";
+    QTest::newRow("Y1 = Y2") << with(4, "20") << "Wrong Coordinate Values" << "Y1 must be smaller than Y2"
+                             << "txtS_Y_0";
+    QTest::newRow("Top = Bottom") << with(5, "10") << "Wrong Offset Values" << "Top must be smaller than Bottom"
+                                  << "txtTop";
+    QTest::newRow("Left > Right") << with(7, "6") << "Wrong Offset Values" << "Left must be smaller than Right"
+                                  << "txtLeft";
+    // The tile is not checked; negative offsets are fine.
+    QTest::newRow("valid, tile not a number") << with(0, "x") << "" << "" << "";
+}
+
+void tst_SpriteTexturePage::validationNamesTheFirstFault()
+{
+    QFETCH(Cells, values);
+    QFETCH(QString, title);
+    QFETCH(QString, text);
+    QFETCH(QString, caret);
+    Page p;
+    p.click("cmdSpriteAdd");
+    p.fill(values);
+    p.click("cmdSpriteAdd");
+    if (title.isEmpty()) {
+        QVERIFY(p.f.prompts.messages.isEmpty());
+        QCOMPARE(p.sprites().count(), 30);
+        QCOMPARE(p.button("cmdSpriteAdd")->text(), QStringLiteral("Add"));
+        return;
+    }
+    QCOMPARE(p.f.prompts.messages.size(), 1);
+    QCOMPARE(p.f.prompts.messages[0].title, title);
+    QCOMPARE(p.f.prompts.messages[0].text, text);
+    QCOMPARE(p.f.prompts.messages[0].style, OkCancelExclamation);
+    QCOMPARE(QApplication::focusWidget()->objectName(), caret);
+    // Nothing stored; the frame stays as typed, still adding.
+    QCOMPARE(p.sprites().count(), 29);
+    QCOMPARE(p.button("cmdSpriteAdd")->text(), QStringLiteral("Accept"));
+    QCOMPARE(p.boxes(), values);
+    QVERIFY(!p.state().IsDirty);
+}
+
+void tst_SpriteTexturePage::spriteStoredInTile3LoadsAgain()
+{
+    Page p;
+    p.click("cmdSpriteAdd");
+    p.fill({"3", "10", "800", "42", "830", "-16", "16", "-8", "8"});
+    p.click("cmdSpriteAdd");
+
+    const ListViewModel& sprites = p.sprites();
+    QCOMPARE(sprites.count(), 30);
+    QCOMPARE(sprites.key(29), QStringLiteral("S29"));
+    QCOMPARE(sprites.text(29), QStringLiteral("29"));
+    // Y within the tile; the spans as n x 256 + 255.
+    QCOMPARE(sprites.row(29).subItems, (Cells{"3", "10", "32", "8447", "7935", "-8", "-16", "8", "16"}));
+    // The count the key was made from, as the frame has always shown it.
+    QCOMPARE(p.box("txtNum")->text(), QStringLiteral("29"));
+    QCOMPARE(p.state().lsvSpriteIndex.count(), 32);
+    QCOMPARE(p.state().lsvSpriteIndex.checkState(31), Qt::Checked);
+    QCOMPARE(p.f.find<QLabel>("lblAvailSTextures")->text(), QStringLiteral("30"));
+    QVERIFY(p.state().IsDirty && p.f.find<QAction>("mnuFileSaveList")->isEnabled());
+    QCOMPARE(p.boxes(), Cells(9));
+
+    p.load(29);
+    QCOMPARE(p.boxes(), (Cells{"3", "10", "800", "42", "830", "-16", "16", "-8", "8"}));
+    QCOMPARE(p.box("txtNo")->text(), QStringLiteral("29"));
+    QVERIFY(p.button("cmdSpriteEdit")->isEnabled() && p.button("cmdSpriteDelete")->isEnabled());
+    QVERIFY(!p.box("txtS_X_0")->isEnabled());
+}
+
+void tst_SpriteTexturePage::editChangesOnlyTheLoadedRow()
+{
+    Page p;
+    const Cells before = p.sprites().row(5).subItems;
+    p.load(4);
+    // S4: tile 2, X 3, Y 75, corners 25 pixels apart ((6655 - 255) / 256).
+    QCOMPARE(p.boxes(), (Cells{"2", "3", "587", "28", "612", "-104", "0", "-52", "52"}));
+    p.click("cmdSpriteEdit");
+    QCOMPARE(p.button("cmdSpriteEdit")->text(), QStringLiteral("Accept"));
+    p.type("txtRight", "60");
+    p.type("txtS_X_1", "3");
+    p.click("cmdSpriteEdit");
+    QCOMPARE(p.f.prompts.messages.value(0).text, QStringLiteral("X1 must be smaller than X2"));
+    QCOMPARE(p.button("cmdSpriteEdit")->text(), QStringLiteral("Accept"));
+    p.type("txtS_X_1", "30");
+    p.click("cmdSpriteEdit");
+    QCOMPARE(p.sprites().row(4).subItems, (Cells{"2", "3", "75", "7167", "6655", "-52", "-104", "60", "0"}));
+    QCOMPARE(p.sprites().row(5).subItems, before);
+    QCOMPARE(p.sprites().count(), 29);
+    QCOMPARE(p.button("cmdSpriteEdit")->text(), QStringLiteral("Edit"));
+    QVERIFY(!p.button("cmdSpriteEdit")->isEnabled());
+    QVERIFY(p.state().IsDirty);
+}
+
+void tst_SpriteTexturePage::deletionAsksFirst_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<Cells>("keys"); // the first six after the answer
+    QTest::newRow("OK") << 1 << Cells{"S0", "S1", "S2", "S4", "S5", "S6"};
+    QTest::newRow("Cancel") << 2 << Cells{"S0", "S1", "S2", "S3", "S4", "S5"};
+}
+
+void tst_SpriteTexturePage::deletionAsksFirst()
+{
+    QFETCH(int, answer);
+    QFETCH(Cells, keys);
+    Page p;
+    p.load(3);
+    p.f.prompts.answers = {answer};
+    p.click("cmdSpriteDelete");
+    QCOMPARE(p.f.prompts.messages.size(), 1);
+    QCOMPARE(p.f.prompts.messages[0].title, QStringLiteral("Delicate Deletion"));
+    QCOMPARE(p.f.prompts.messages[0].text,
+             QStringLiteral("Deleting any sprite texture will make the Sprite Sequence List useless. \r\n"
+                            "Make very sure to remove in the Sequence List the textures that no longer exists!"));
+    QCOMPARE(p.f.prompts.messages[0].style, OkCancelExclamation);
+    Cells got;
+    for (int row = 0; row < 6; ++row)
+        got << p.sprites().key(row);
+    QCOMPARE(got, keys);
+    const bool deleted = answer == 1;
+    // Remaining rows keep their numbers.
+    QCOMPARE(p.sprites().text(3), deleted ? QStringLiteral("04") : QStringLiteral("03"));
+    QCOMPARE(p.box("txtNum")->text(), deleted ? QStringLiteral("28") : QStringLiteral("29"));
+    QCOMPARE(p.state().lsvSpriteIndex.count(), deleted ? 30 : 31);
+    QCOMPARE(p.f.find<QLabel>("lblAvailSTextures")->text(), deleted ? QStringLiteral("28") : QStringLiteral("29"));
+    QCOMPARE(p.state().IsDirty, deleted);
+}
+
+void tst_SpriteTexturePage::addAfterDeletionTakesAFreeNumber()
+{
+    Page p;
+    p.load(3);
+    p.click("cmdSpriteDelete");
+    // 28 rows, but S28 is still in the list: the new sprite is S29.
+    p.click("cmdSpriteAdd");
+    QCOMPARE(p.box("txtNo")->text(), QStringLiteral("29"));
+    p.fill({"2", "0", "512", "8", "520", "-1", "1", "-1", "1"});
+    p.click("cmdSpriteAdd");
+    QCOMPARE(p.sprites().count(), 29);
+    QCOMPARE(p.sprites().key(27), QStringLiteral("S28"));
+    QCOMPARE(p.sprites().key(28), QStringLiteral("S29"));
+    QCOMPARE(p.sprites().row(27).subItems[1], QStringLiteral("225"));
+    QVERIFY(p.f.window->statusBar()->currentMessage().contains(QLatin1String("number 29")));
+}
+
+void tst_SpriteTexturePage::drawOutlinesTickedSprites()
+{
+    Page p;
+    const ListViewModel& drawn = p.state().lsvSpriteDrawLisr;
+    UserActions::ClickCheckBox(p.f.find<ListView>("lsvSpriteIndex"), 3);
+    p.click("cmdDrawSprite");
+    // Rows S1 to S28 minus the unticked S2; S29 does not exist.
+    QCOMPARE(drawn.count(), 27);
+    QCOMPARE(drawn.text(0), QStringLiteral("01"));
+    // S1: tile 2, X 74, Y 4, 43 x 56 pixels.
+    QCOMPARE(drawn.row(0).subItems, (Cells{"4", "74", "516", "117", "572"}));
+    QCOMPARE(drawn.text(1), QStringLiteral("03"));
+    QCOMPARE(p.state().lsvSpriteIndex.checkState(1), Qt::Unchecked);
+
+    // The object outlines drawn before stay with the sprites at every redraw.
+    p.f.window->ShowPage(1);
+    QTest::mouseClick(p.button("cmdDraw"), Qt::LeftButton);
+    const int shapes = p.state().picture()->ShapeCount();
+    p.f.window->ShowPage(3);
+    p.f.prompts.colors = {QColor(Qt::cyan)};
+    p.click("cmdSpriteColor");
+    QCOMPARE(p.state().OutlineColor, QColor(Qt::cyan));
+    p.click("cmdDrawSprite");
+    QCOMPARE(p.state().picture()->ShapeCount(), shapes);
+}
+
+void tst_SpriteTexturePage::editsSurviveSaveAndReopen()
+{
+    Page p;
+    p.click("cmdSpriteAdd");
+    p.fill({"3", "100", "900", "164", "964", "-32", "32", "-30", "30"});
+    p.click("cmdSpriteAdd");
+    p.load(10);
+    p.click("cmdSpriteEdit");
+    p.type("txtTop", "-200");
+    p.click("cmdSpriteEdit");
+    p.load(0);
+    p.click("cmdSpriteDelete");
+    QList<Cells> made;
+    for (int row = 0; row < p.sprites().count(); ++row)
+        made << p.sprites().row(row).subItems;
+
+    p.f.find<QAction>("mnuFileSaveList")->trigger();
+    p.f.openList(p.f.listPath());
+    QCOMPARE(p.sprites().count(), made.size());
+    for (int row = 0; row < made.size(); ++row)
+        QCOMPARE(p.sprites().row(row).subItems, made[row]);
+}
+
+QTEST_MAIN(tst_SpriteTexturePage)
+#include "tst_SpriteTexturePage.moc"
