@@ -1,9 +1,14 @@
 #include "frmNewList.h"
 
 #include "FileRequests.h"
+#include "BusyCursor.h"
 #include "IPromptService.h"
+#include "LevelTileBitmap.h"
 #include "m_CodeForms.h"
 #include "ui_frmNewList.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 frmNewList::frmNewList(IPromptService& prompts, QWidget* parent)
     : QDialog(parent)
@@ -14,6 +19,7 @@ frmNewList::frmNewList(IPromptService& prompts, QWidget* parent)
     connect(m_ui->cmdList, &QPushButton::clicked, this, &frmNewList::cmdList_Click);
     connect(m_ui->cmdLevelFile, &QPushButton::clicked, this, &frmNewList::cmdLevelFile_Click);
     connect(m_ui->cmdBitmap, &QPushButton::clicked, this, &frmNewList::cmdBitmap_Click);
+    connect(m_ui->cmdBitmapFromLevel, &QPushButton::clicked, this, &frmNewList::cmdBitmapFromLevel_Click);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmNewList::cmdOK_Click);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmNewList::cmdCancel_Click);
 }
@@ -56,11 +62,43 @@ void frmNewList::cmdLevelFile_Click()
     const QString level = m_prompts.GetFileName(FileRequests::OpenLevel());
     m_ui->txtLevelFile->setText(level);
     m_dataFromLevel = !level.isEmpty();
+    m_ui->cmdBitmapFromLevel->setEnabled(m_dataFromLevel);
 }
 
 void frmNewList::cmdBitmap_Click()
 {
     m_ui->txtBitmapFile->setText(m_prompts.GetFileName(FileRequests::OpenBitmap()));
+}
+
+void frmNewList::cmdBitmapFromLevel_Click()
+{
+    const QString level = m_ui->txtLevelFile->text();
+    if (level.isEmpty())
+        return;
+    const QFileInfo info(level);
+    IPromptService::FileRequest request = FileRequests::OpenBitmap();
+    request.save = true;
+    request.title = QStringLiteral("Save Level Textures as Bitmap");
+    request.flags = IPromptService::OverwritePrompt | IPromptService::PathMustExist;
+    request.initDir = info.absolutePath();
+    request.fileName = info.completeBaseName() + QStringLiteral(".bmp");
+    const QString bitmap = m_prompts.GetFileName(request);
+    if (bitmap.isEmpty())
+        return;
+    QString error;
+    QString file;
+    bool written = false;
+    {
+        BusyCursor busy;
+        written = LevelTileBitmap::write(level, bitmap, &error, &file);
+    }
+    if (!written) {
+        m_prompts.MsgBox(tr("The level's textures could not be saved as a bitmap: %1: %2")
+                             .arg(QDir::toNativeSeparators(file.isEmpty() ? level : file), error),
+                         IPromptService::vbCritical);
+        return;
+    }
+    m_ui->txtBitmapFile->setText(bitmap);
 }
 
 void frmNewList::cmdOK_Click()

@@ -39,6 +39,8 @@ private:
     void cmdList_Click();
     void cmdLevelFile_Click();
     void cmdBitmap_Click();
+    // Writes the chosen level's own tiles as the bitmap, where the user says.
+    void cmdBitmapFromLevel_Click();
     void cmdOK_Click();
     void cmdCancel_Click();
 

@@ -1,6 +1,15 @@
 #include "AssignmentPage.h"
 
+#include "BusyCursor.h"
+#include "EditorState.h"
+#include "ListView.h"
+#include "ObjectTextureRow.h"
+#include "SpriteTextureRow.h"
+#include "TextureUsage.h"
 #include "ui_AssignmentPage.h"
+
+#include <QDir>
+#include <QItemSelectionModel>
 
 AssignmentPage::AssignmentPage(EditorState& state, QWidget* parent)
     : EditorPage(state, parent)
@@ -11,10 +20,128 @@ AssignmentPage::AssignmentPage(EditorState& state, QWidget* parent)
     , m_lsvNotAssign({QStringLiteral("Texture #")})
 {
     m_ui->setupUi(this);
-    m_ui->lsvPolygons->setListModel(&m_lsvPolygons);
-    m_ui->lsvMesh->setListModel(&m_lsvMesh);
-    m_ui->lsvSprite->setListModel(&m_lsvSprite);
-    m_ui->lsvNotAssign->setListModel(&m_lsvNotAssign);
+    const QList<std::pair<ListView*, ListViewModel*>> lists = {{m_ui->lsvPolygons, &m_lsvPolygons},
+                                                               {m_ui->lsvMesh, &m_lsvMesh},
+                                                               {m_ui->lsvSprite, &m_lsvSprite},
+                                                               {m_ui->lsvNotAssign, &m_lsvNotAssign}};
+    for (const auto& [view, model] : lists) {
+        view->setListModel(model);
+        // Several numbers are drawn at once.
+        view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+        // Choosing in one list clears the choice in the others: Draw outlines one kind.
+        connect(view, &ListView::ItemClick, this, [this, view = view, lists] {
+            for (const auto& other : lists) {
+                if (other.first != view)
+                    other.first->clearSelection();
+            }
+        });
+    }
+    connect(m_ui->cmdAssign, &QPushButton::clicked, this, &AssignmentPage::FindUsage);
+    connect(m_ui->cmdAssignDraw, &QPushButton::clicked, this, &AssignmentPage::DrawChosen);
 }
 
 AssignmentPage::~AssignmentPage() = default;
+
+void AssignmentPage::ClearPage()
+{
+    ClearUsage();
+}
+
+void AssignmentPage::ListLoaded()
+{
+    // The usage belongs to the level of the list it was found for.
+    ClearUsage();
+}
+
+void AssignmentPage::ClearUsage()
+{
+    for (ListViewModel* list : {&m_lsvPolygons, &m_lsvMesh, &m_lsvSprite, &m_lsvNotAssign})
+        list->clear();
+}
+
+void AssignmentPage::FindUsage()
+{
+    ClearUsage();
+    const QString level = m_state.LevelFileName;
+    if (level.isEmpty()) {
+        m_state.ShowStatus(tr("This list belongs to no level: there is no usage to find."));
+        return;
+    }
+    QString error;
+    std::optional<TextureUsage> usage;
+    {
+        BusyCursor busy;
+        usage = TextureUsage::ofLevel(level, &error);
+    }
+    if (!usage) {
+        m_state.ShowStatus(tr("No usage found: %1").arg(error));
+        return;
+    }
+    Fill(m_lsvPolygons, usage->polygons, QStringLiteral("P"));
+    Fill(m_lsvMesh, usage->objects, QStringLiteral("M"));
+    Fill(m_lsvSprite, usage->sprites, QStringLiteral("S"));
+    Fill(m_lsvNotAssign, usage->unused, QStringLiteral("N"));
+    m_state.ShowStatus(tr("Usage of %1: %2 textures on polygons, %3 on objects, %4 sprites, %5 not assigned.")
+                           .arg(QDir::toNativeSeparators(level))
+                           .arg(usage->polygons.size())
+                           .arg(usage->objects.size())
+                           .arg(usage->sprites.size())
+                           .arg(usage->unused.size()));
+}
+
+void AssignmentPage::Fill(ListViewModel& list, const QList<int>& numbers, const QString& prefix)
+{
+    std::vector<ListViewModel::Row> rows;
+    rows.reserve(size_t(numbers.size()));
+    for (int number : numbers)
+        rows.push_back({prefix + QString::number(number), QString::number(number), {}, Qt::Unchecked});
+    list.appendRows(std::move(rows));
+}
+
+QList<int> AssignmentPage::ChosenNumbers(const ListView& view)
+{
+    QList<int> numbers;
+    const QModelIndexList chosen = view.selectionModel()->selectedRows();
+    for (const QModelIndex& index : chosen)
+        numbers << view.listModel()->text(index.row()).toInt();
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
+
+void AssignmentPage::DrawChosen()
+{
+    m_state.lsvDrawList.clear();
+    m_state.lsvSpriteDrawLisr.clear();
+    if (m_state.IsBitmapLoaded) {
+        DrawTextures(ChosenNumbers(*m_ui->lsvPolygons) + ChosenNumbers(*m_ui->lsvMesh)
+                     + ChosenNumbers(*m_ui->lsvNotAssign));
+        DrawSprites(ChosenNumbers(*m_ui->lsvSprite));
+    }
+    m_state.RedrawOutlines();
+}
+
+void AssignmentPage::DrawTextures(const QList<int>& numbers)
+{
+    const ListViewModel& textures = m_state.views.lsvTextures;
+    std::vector<ListViewModel::Row> rows;
+    for (int number : numbers) {
+        const int row = textures.findKey(QStringLiteral("T") + QString::number(number));
+        if (row >= 0)
+            rows.push_back({QString(), textures.text(row), ObjectTextureRow::Read(textures, row).DrawColumns(),
+                            Qt::Unchecked});
+    }
+    m_state.lsvDrawList.appendRows(std::move(rows));
+}
+
+void AssignmentPage::DrawSprites(const QList<int>& numbers)
+{
+    const ListViewModel& sprites = m_state.views.lsvSprites;
+    std::vector<ListViewModel::Row> rows;
+    for (int number : numbers) {
+        const int row = sprites.findKey(QStringLiteral("S") + QString::number(number));
+        if (row >= 0)
+            rows.push_back({QString(), sprites.text(row), SpriteTextureRow::Read(sprites, row).DrawColumns(),
+                            Qt::Unchecked});
+    }
+    m_state.lsvSpriteDrawLisr.appendRows(std::move(rows));
+}

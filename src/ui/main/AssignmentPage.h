@@ -5,12 +5,15 @@
 
 #include <memory>
 
+class ListView;
 namespace Ui {
 class AssignmentPage;
 }
 
-// The "Assignation" page: which textures the level's polygons, objects and
-// sprites use, and which nothing uses. Its lists stay empty until asked.
+// The "Assignation" page: which textures the level's room polygons, object
+// meshes and sprites use, and which object textures nothing uses. The lists
+// stay empty until the user asks (Find Usage); numbers chosen in one of them
+// are outlined on the bitmap by Draw.
 class AssignmentPage : public EditorPage
 {
     Q_OBJECT
@@ -19,6 +22,14 @@ public:
     explicit AssignmentPage(EditorState& state, QWidget* parent = nullptr);
     ~AssignmentPage() override;
 
+    void ClearPage() override;
+    void ListLoaded() override;
+
+    // Reads the usage from the level of the open list into the four lists.
+    void FindUsage();
+    // Outlines the numbers chosen in the list that has a choice.
+    void DrawChosen();
+
     ListViewModel& lsvPolygons() { return m_lsvPolygons; }
     ListViewModel& lsvMesh() { return m_lsvMesh; }
     ListViewModel& lsvSprite() { return m_lsvSprite; }
@@ -26,6 +37,13 @@ public:
     Ui::AssignmentPage& ui() const { return *m_ui; }
 
 private:
+    void ClearUsage();
+    static void Fill(ListViewModel& list, const QList<int>& numbers, const QString& prefix);
+    // The numbers chosen in view, in list order.
+    static QList<int> ChosenNumbers(const ListView& view);
+    void DrawTextures(const QList<int>& numbers);
+    void DrawSprites(const QList<int>& numbers);
+
     std::unique_ptr<Ui::AssignmentPage> m_ui;
     ListViewModel m_lsvPolygons;
     ListViewModel m_lsvMesh;

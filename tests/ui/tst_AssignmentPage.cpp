@@ -1,0 +1,183 @@
+#include "AssignmentPage.h"
+#include "EditorFixture.h"
+#include "EditorState.h"
+#include "ListView.h"
+#include "frmMain.h"
+#include "ucScrollPic.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QFile>
+#include <QImage>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+
+// The "Assignation" page's usage lists and their drawing, and the level's own
+// tiles as the bitmap of a new list.
+class tst_AssignmentPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void findUsageFillsTheListsOnlyWhenAsked();
+    void findUsageWithoutAUsableLevelSaysWhy_data();
+    void findUsageWithoutAUsableLevelSaysWhy();
+    void drawOutlinesTheChosenNumbers();
+    void newListTakesTheLevelsTilesAsItsBitmap();
+    void tilesOfABadLevelGetOneMessage();
+
+private:
+    static void choose(ListView* view, const QList<int>& rows);
+    static void click(EditorFixture& f, const char* button) { f.find<QPushButton>(button)->click(); }
+};
+
+void tst_AssignmentPage::choose(ListView* view, const QList<int>& rows)
+{
+    view->clearSelection();
+    for (int row : rows)
+        view->selectionModel()->select(view->model()->index(row, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+void tst_AssignmentPage::findUsageFillsTheListsOnlyWhenAsked()
+{
+    EditorFixture f;
+    f.openList(f.listPath());
+    AssignmentPage& page = f.window->assignmentPage();
+    for (ListViewModel* list : {&page.lsvPolygons(), &page.lsvMesh(), &page.lsvSprite(), &page.lsvNotAssign()})
+        QCOMPARE(list->count(), 0);
+
+    click(f, "cmdAssign");
+    // The demo level has no geometry: its sequences use every sprite, and
+    // only the animated ranges' textures count as used.
+    QCOMPARE(page.lsvPolygons().count(), 0);
+    QCOMPARE(page.lsvMesh().count(), 0);
+    QCOMPARE(page.lsvSprite().count(), 29);
+    QCOMPARE(page.lsvSprite().text(28), QStringLiteral("28"));
+    QCOMPARE(page.lsvNotAssign().count(), 23);
+    QCOMPARE(page.lsvNotAssign().text(16), QStringLiteral("23"));
+    QCOMPARE(page.lsvNotAssign().columns(), QStringList("Texture #"));
+    QVERIFY(f.window->statusBar()->currentMessage().contains("23 not assigned"));
+
+    // Opening a list again leaves them empty until asked.
+    f.openList(f.listPath());
+    QCOMPARE(page.lsvSprite().count(), 0);
+    QCOMPARE(page.lsvNotAssign().count(), 0);
+}
+
+void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy_data()
+{
+    QTest::addColumn<QString>("level");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("no level") << "" << "belongs to no level";
+    QTest::newRow("level gone") << "gone.tr2" << "No usage found";
+}
+
+void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy()
+{
+    QFETCH(QString, level);
+    QFETCH(QString, said);
+    EditorFixture f;
+    if (level.isEmpty()) {
+        f.newList(f.dir.filePath("alone.trt"), {}, f.bitmapPath());
+    } else {
+        f.openList(f.listPath());
+        f.window->state().LevelFileName = f.dir.filePath(level);
+    }
+    click(f, "cmdAssign");
+    QVERIFY2(f.window->statusBar()->currentMessage().contains(said),
+             qPrintable(f.window->statusBar()->currentMessage()));
+    QCOMPARE(f.window->assignmentPage().lsvNotAssign().count(), 0);
+    QVERIFY(f.prompts.messages.isEmpty());
+}
+
+void tst_AssignmentPage::drawOutlinesTheChosenNumbers()
+{
+    EditorFixture f;
+    f.openList(f.listPath());
+    click(f, "cmdAssign");
+    EditorState& s = f.window->state();
+
+    choose(f.find<ListView>("lsvNotAssign"), {0, 16}); // textures 0 and 23
+    click(f, "cmdAssignDraw");
+    QCOMPARE(s.lsvDrawList.count(), 2);
+    QCOMPARE(s.lsvDrawList.text(0), QStringLiteral("00"));
+    QCOMPARE(s.lsvDrawList.text(1), QStringLiteral("23"));
+    QCOMPARE(s.lsvSpriteDrawLisr.count(), 0);
+    QVERIFY(s.picture()->ShapeCount() >= 4);
+
+    // Sprites are outlined from the sprite list; the textures' outlines go.
+    f.find<ListView>("lsvNotAssign")->clearSelection();
+    choose(f.find<ListView>("lsvSprite"), {3});
+    click(f, "cmdAssignDraw");
+    QCOMPARE(s.lsvDrawList.count(), 0);
+    QCOMPARE(s.lsvSpriteDrawLisr.count(), 1);
+    QCOMPARE(s.lsvSpriteDrawLisr.subItem(0, 1), QStringLiteral("4"));
+}
+
+void tst_AssignmentPage::newListTakesTheLevelsTilesAsItsBitmap()
+{
+    EditorFixture f;
+    const QString list = f.dir.filePath("fromlevel.trt");
+    const QString bitmap = f.dir.filePath("tiles/level.bmp");
+    QDir().mkpath(f.dir.filePath("tiles"));
+    f.prompts.formScripts << [&](QDialog& form) {
+        auto* fromLevel = form.findChild<QPushButton*>(QStringLiteral("cmdBitmapFromLevel"));
+        QCOMPARE(fromLevel->text(), QStringLiteral("From Level..."));
+        QVERIFY(!fromLevel->isEnabled());
+        f.prompts.fileNames << list << f.levelPath() << bitmap;
+        EditorFixture::click(form, "cmdList");
+        EditorFixture::click(form, "cmdLevelFile");
+        QVERIFY(fromLevel->isEnabled());
+        fromLevel->click();
+        QCOMPARE(form.findChild<QLineEdit*>(QStringLiteral("txtBitmapFile"))->text(), bitmap);
+        EditorFixture::click(form, "cmdOK");
+    };
+    f.find<QAction>("mnuFileNewList")->trigger();
+
+    const IPromptService::FileRequest& request = f.prompts.fileRequests.last();
+    QCOMPARE(request.title, QStringLiteral("Save Level Textures as Bitmap"));
+    QCOMPARE(request.filter, QStringLiteral("Bitmap (*.bmp)|*.bmp"));
+    QCOMPARE(request.initDir, f.dir.path());
+    QCOMPARE(request.fileName, QStringLiteral("demo.bmp"));
+    QVERIFY(request.save);
+
+    // The level's 16-bit tiles come back as the demo's pixels, each channel
+    // within what five bits keep.
+    const QImage tiles(bitmap), drawn(f.bitmapPath());
+    QCOMPARE(tiles.size(), drawn.size());
+    for (const QPoint p : {QPoint(10, 10), QPoint(200, 300), QPoint(77, 700), QPoint(255, 1023)}) {
+        const QColor a = tiles.pixelColor(p), b = drawn.pixelColor(p);
+        QVERIFY(qAbs(a.red() - b.red()) <= 8 && qAbs(a.green() - b.green()) <= 8 && qAbs(a.blue() - b.blue()) <= 8);
+    }
+    QVERIFY(f.window->state().IsListOpen);
+    QCOMPARE(f.find<QLabel>("lblNbTiles")->text(), QStringLiteral("4"));
+    QCOMPARE(f.window->state().views.lsvTextures.count(), 30);
+}
+
+void tst_AssignmentPage::tilesOfABadLevelGetOneMessage()
+{
+    EditorFixture f;
+    const QByteArray level = ScratchDir::read(f.levelPath());
+    const QString cut = f.dir.write("cut.tr2", level.left(5000));
+    const QString bitmap = f.dir.filePath("cut.bmp");
+    f.prompts.formScripts << [&](QDialog& form) {
+        f.prompts.fileNames << cut << bitmap;
+        EditorFixture::click(form, "cmdLevelFile");
+        EditorFixture::click(form, "cmdBitmapFromLevel");
+        QVERIFY(form.findChild<QLineEdit*>(QStringLiteral("txtBitmapFile"))->text().isEmpty());
+        EditorFixture::click(form, "cmdCancel");
+    };
+    f.find<QAction>("mnuFileNewList")->trigger();
+    QCOMPARE(f.prompts.messages.size(), 1);
+    QVERIFY(f.prompts.messages[0].text.contains("cut.tr2"));
+    QVERIFY(!QFile::exists(bitmap));
+    QCOMPARE(ScratchDir::read(cut).size(), 5000);
+}
+
+QTEST_MAIN(tst_AssignmentPage)
+#include "tst_AssignmentPage.moc"
