@@ -2,6 +2,7 @@
 
 #include "InsertRatioFigure.h"
 #include "ListFigure.h"
+#include "OpenListRatioFigure.h"
 #include "WalkRatioFigure.h"
 
 std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
@@ -10,6 +11,7 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<WalkRatioFigure>());
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Open));
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Save));
+    figures.push_back(std::make_unique<OpenListRatioFigure>());
     figures.push_back(std::make_unique<InsertRatioFigure>());
     return figures;
 }
