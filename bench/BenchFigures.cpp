@@ -7,6 +7,7 @@
 #include "PaintFigure.h"
 #include "TilesRatioFigure.h"
 #include "UsageRatioFigure.h"
+#include "OpenListRatioFigure.h"
 #include "WalkRatioFigure.h"
 #include "ZoomMemoryFigure.h"
 
@@ -16,6 +17,7 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<WalkRatioFigure>());
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Open));
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Save));
+    figures.push_back(std::make_unique<OpenListRatioFigure>());
     figures.push_back(std::make_unique<InsertRatioFigure>());
     figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Ratio));
     figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Milliseconds));

@@ -1,7 +1,8 @@
 // Walks arbitrary bytes as a level. Besides crashes and sanitizer reports it
-// aborts on a walk that breaks what the editor relies on: positions within 32
-// bits, tables back to back after a complete walk, and the same answer
-// whatever the reader's window size.
+// aborts on a walk that breaks what the editor relies on: numbers and sizes
+// within Long range, positions never negative, a number's sign its size's,
+// tables back to back after a complete walk, and the same answer whatever the
+// reader's window size.
 
 #include "BinaryReader.h"
 #include "C_LevelInfo.h"
@@ -13,10 +14,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <limits>
 
 namespace {
-
-constexpr qint64 LongLimit = 0xFFFFFFFF;
 
 void require(bool condition)
 {
@@ -26,12 +26,19 @@ void require(bool condition)
 
 bool fitsLong(qint64 value)
 {
-    return value >= 0 && value <= LongLimit;
+    return value >= std::numeric_limits<qint32>::min() && value <= std::numeric_limits<qint32>::max();
+}
+
+// A position is recorded only where its count was read, never below 0.
+bool isPosition(qint64 value)
+{
+    return value >= 0 && fitsLong(value);
 }
 
 void requireTableInRange(const TablePosition& table)
 {
-    require(fitsLong(table.offset) && fitsLong(table.number) && fitsLong(table.size));
+    require(isPosition(table.offset) && fitsLong(table.number) && fitsLong(table.size));
+    require((table.number < 0) == (table.size < 0));
 }
 
 void requireInRange(const LevelWalk::Result& walk)
@@ -40,7 +47,7 @@ void requireInRange(const LevelWalk::Result& walk)
     requireTableInRange(walk.spriteTexture);
     requireTableInRange(walk.spriteSequence);
     requireTableInRange(walk.animatedTexture);
-    require(fitsLong(walk.offsetCameras) && fitsLong(walk.offsetItems));
+    require(isPosition(walk.offsetCameras) && isPosition(walk.offsetItems));
 }
 
 void requireBackToBack(const LevelWalk::Result& walk, LevelWalk::Game game)
@@ -49,7 +56,6 @@ void requireBackToBack(const LevelWalk::Result& walk, LevelWalk::Game game)
         return;
     require(walk.spriteSequence.offset == walk.spriteTexture.end());
     require(walk.offsetCameras == walk.spriteSequence.end());
-    require(walk.animatedTexture.offset > walk.offsetCameras);
     if (game == LevelWalk::Game::TR2) {
         require(walk.spriteTexture.offset == walk.objectTexture.end());
         require(walk.offsetItems == walk.animatedTexture.end());

@@ -52,10 +52,12 @@ SyntheticLevel everyBlock(Game game)
     return level;
 }
 
-SyntheticLevel claiming(Game game, Field field, quint32 raw)
+// The count field holds value as the level's signed 32 bits (its low 16 for
+// a 16-bit field), with nothing behind it.
+SyntheticLevel claiming(Game game, Field field, qint64 value)
 {
     SyntheticLevel level = tables(game);
-    level.overrideCount(field, raw);
+    level.overrideCount(field, quint32(value));
     return level;
 }
 
@@ -97,14 +99,22 @@ QList<CorpusWriter::Seed> seeds()
         {"tr3_every_block", everyBlock(Game::TR3).build()},
         {"tr2_room_64x64_sectors", withRoom(Game::TR2, {0, 0, 64, 64, 0, 0, true}).build()},
         {"tr3_room_negative_portals", withRoom(Game::TR3, {0, -3, 0, 0, 0, 0, true}).build()},
-        {"tr2_room_data_ffffffff", withRoom(Game::TR2, {0xFFFFFFFF, 0, 0, 0, 0, 0, true}).build()},
+        {"tr2_room_data_words_-1", withRoom(Game::TR2, {0xFFFFFFFF, 0, 0, 0, 0, 0, true}).build()},
+        {"tr3_room_data_words_2147483647", withRoom(Game::TR3, {0x7FFFFFFF, 0, 0, 0, 0, 0, true}).build()},
         {"tr3_room_1365_lights", withRoom(Game::TR3, {0, 0, 0, 0, 1365, 0, true}).build()},
         {"tr2_room_count_8000", claiming(Game::TR2, Field::RoomCount, 0x8000).build()},
-        {"tr2_object_textures_ffffffff", claiming(Game::TR2, Field::ObjectTextures, 0xFFFFFFFF).build()},
-        {"tr3_object_textures_ffffffff", claiming(Game::TR3, Field::ObjectTextures, 0xFFFFFFFF).build()},
-        {"tr2_tiles_ffffffff", claiming(Game::TR2, Field::TileCount, 0xFFFFFFFF).build()},
-        {"tr3_tiles_21845", claiming(Game::TR3, Field::TileCount, 21845).build()},
+        {"tr2_object_textures_-1", claiming(Game::TR2, Field::ObjectTextures, -1).build()},
+        {"tr3_object_textures_-1", claiming(Game::TR3, Field::ObjectTextures, -1).build()},
+        {"tr2_sprite_textures_-100", claiming(Game::TR2, Field::SpriteTextures, -100).build()},
+        {"tr3_animated_textures_-2147483648", claiming(Game::TR3, Field::AnimatedTextures, -2147483648).build()},
+        {"tr2_floor_data_-900", claiming(Game::TR2, Field::FloorData, -900).build()},
+        {"tr3_mesh_data_-1000", claiming(Game::TR3, Field::MeshData, -1000).build()},
+        {"tr2_tiles_-1", claiming(Game::TR2, Field::TileCount, -1).build()},
+        {"tr2_tiles_10922", claiming(Game::TR2, Field::TileCount, 10922).build()},
+        {"tr2_tiles_10923", claiming(Game::TR2, Field::TileCount, 10923).build()},
+        {"tr3_tiles_16384", claiming(Game::TR3, Field::TileCount, 16384).build()},
         {"tr3_boxes_10000000", claiming(Game::TR3, Field::Boxes, 0x10000000).build()},
+        {"tr2_boxes_-1", claiming(Game::TR2, Field::Boxes, -1).build()},
         {"tr3_sound_details_ffff0000", claiming(Game::TR3, Field::SoundDetails, 0xFFFF0000).build()},
         {"tr2_cinematic_frames_-2048", withCount(Game::TR2, Field::CinematicFrames, -2048).build()},
         {"tr3_demo_data_-8000", withCount(Game::TR3, Field::DemoData, -8000).build()},

@@ -57,6 +57,8 @@ int InfoCommand::run(const QStringList& words)
     if (level.Game() == LevelVersion::Game::TR2 || level.Game() == LevelVersion::Game::TR3) {
         if (!level.IsWalkComplete())
             out << "Note: the walk stopped before the end of the level; later positions are 0.\n";
+        else if (const QString cause = level.TablesUnusableCause(); !cause.isEmpty())
+            out << "Note: " << cause << "; its tables cannot be taken.\n";
     } else if (level.Game() == LevelVersion::Game::TR1) {
         out << "Note: TR1 levels are recognised but not walked.\n";
     } else {

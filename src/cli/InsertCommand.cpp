@@ -23,7 +23,7 @@ int InsertCommand::run(const QStringList& words)
     case C_ListInserter::Status::OutputIsInput:
         return m_cli.usageError(result.error);
     case C_ListInserter::Status::LevelUnreadable:
-    case C_ListInserter::Status::LevelNotWalked:
+    case C_ListInserter::Status::LevelUnusable:
     case C_ListInserter::Status::ListUnreadable:
     case C_ListInserter::Status::ListTruncated:
     case C_ListInserter::Status::WriteFailed:

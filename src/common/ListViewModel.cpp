@@ -1,6 +1,7 @@
 #include "ListViewModel.h"
 
 #include <algorithm>
+#include <numeric>
 
 ListViewModel::ListViewModel(const QStringList& columns, QObject* parent)
     : QAbstractTableModel(parent)
@@ -15,48 +16,100 @@ void ListViewModel::setColumns(const QStringList& headers)
     endResetModel();
 }
 
-QString ListViewModel::cell(const Row& row, int column) const
+bool ListViewModel::rowLess(const StoredRow& a, const StoredRow& b) const
 {
-    if (column == 0)
-        return row.text;
-    return row.subItems.value(column - 1);
-}
-
-bool ListViewModel::rowLess(const Row& a, const Row& b) const
-{
-    const int c = cell(a, m_sortKey).compare(cell(b, m_sortKey), Qt::CaseInsensitive);
+    ListCell::Buffer bufferA;
+    ListCell::Buffer bufferB;
+    const QStringView textA = m_store.cellOf(a, m_sortKey).view(bufferA);
+    const int c = textA.compare(m_store.cellOf(b, m_sortKey).view(bufferB), Qt::CaseInsensitive);
     return m_sortOrder == Qt::AscendingOrder ? c < 0 : c > 0;
 }
 
-int ListViewModel::sortedInsertPosition(const Row& row) const
+int ListViewModel::sortedInsertPosition(const StoredRow& row) const
 {
-    const auto at = std::upper_bound(m_rows.begin(), m_rows.end(), row,
-                                     [this](const Row& a, const Row& b) { return rowLess(a, b); });
-    return int(at - m_rows.begin());
+    const std::vector<StoredRow>& rows = m_store.rows();
+    const auto at = std::upper_bound(rows.begin(), rows.end(), row,
+                                     [this](const StoredRow& a, const StoredRow& b) { return rowLess(a, b); });
+    return int(at - rows.begin());
 }
 
-void ListViewModel::reindexFrom(int first)
+QHash<ListCell, int>& ListViewModel::keyIndex() const
 {
+    if (m_keyIndexStale) {
+        m_keyIndexStale = false;
+        m_keyIndex.clear();
+        m_keyIndex.reserve(count());
+        reindexFrom(0);
+    }
+    return m_keyIndex;
+}
+
+void ListViewModel::reindexFrom(int first) const
+{
+    if (m_keyIndexStale)
+        return;
     for (int i = first; i < count(); ++i) {
-        const QString& key = m_rows[size_t(i)].key;
+        const ListCell& key = m_store.keyOf(m_store.at(i));
         if (!key.isEmpty())
             m_keyIndex.insert(key, i);
     }
 }
 
-int ListViewModel::addRow(const QString& key, const QString& text, const QStringList& subItems)
+bool ListViewModel::claimKey(const ListCell& key, int index)
 {
-    if (!key.isEmpty() && m_keyIndex.contains(key))
-        return -1;
-    Row row{key, text, subItems, Qt::Unchecked};
+    if (key.isEmpty())
+        return true;
+    // One look-up: the slot is new exactly when the index grew.
+    QHash<ListCell, int>& keys = keyIndex();
+    const qsizetype before = keys.size();
+    int& slot = keys[key];
+    if (keys.size() == before)
+        return false;
+    slot = index;
+    return true;
+}
+
+// Keys that rise as numbers are all different (as is a lone key).
+bool ListViewModel::keysRise(const std::vector<StoredRow>& rows) const
+{
+    for (size_t r = 1; r < rows.size(); ++r) {
+        if (!m_store.keyOf(rows[r - 1]).isNumberBelow(m_store.keyOf(rows[r])))
+            return false;
+    }
+    return true;
+}
+
+// One stored row at its place: the end, or its sorted place while sorting
+// is on. Its key is not taken.
+int ListViewModel::place(const StoredRow& row)
+{
     const int at = m_sorted ? sortedInsertPosition(row) : count();
     beginInsertRows({}, at, at);
-    m_rows.insert(m_rows.begin() + at, std::move(row));
+    m_store.insert(at, row);
     reindexFrom(at);
     if (m_selected >= at)
         ++m_selected;
     endInsertRows();
     return at;
+}
+
+// Stored rows whose keys are claimed already, at the end with one notification.
+int ListViewModel::placeAtEnd(const std::vector<StoredRow>& rows)
+{
+    if (rows.empty())
+        return 0;
+    beginInsertRows({}, count(), count() + int(rows.size()) - 1);
+    m_store.append(rows);
+    endInsertRows();
+    return int(rows.size());
+}
+
+int ListViewModel::addRow(const QString& key, const QString& text, const QStringList& subItems)
+{
+    ListCell keyCell(key);
+    if (!keyCell.isEmpty() && keyIndex().contains(keyCell))
+        return -1;
+    return place(m_store.store(std::move(keyCell), text, subItems, Qt::Unchecked));
 }
 
 int ListViewModel::appendRows(std::vector<Row>&& rows)
@@ -69,42 +122,81 @@ int ListViewModel::appendRows(std::vector<Row>&& rows)
     }
     // Keys are claimed as the rows are accepted, so a key taken by an
     // earlier row, of the model or of this batch, turns the later one away.
-    const int first = count();
-    int next = first;
-    m_keyIndex.reserve(m_keyIndex.size() + qsizetype(rows.size()));
-    std::vector<Row> accepted;
+    keyIndex().reserve(count() + qsizetype(rows.size()));
+    std::vector<StoredRow> accepted;
     accepted.reserve(rows.size());
     for (Row& row : rows) {
-        if (!row.key.isEmpty()) {
-            if (m_keyIndex.contains(row.key))
-                continue;
-            m_keyIndex.insert(row.key, next);
-        }
-        accepted.push_back(std::move(row));
-        ++next;
+        ListCell key(row.key);
+        if (claimKey(key, count() + int(accepted.size())))
+            accepted.push_back(m_store.store(std::move(key), row.text, row.subItems, row.check));
     }
-    if (accepted.empty())
+    return placeAtEnd(accepted);
+}
+
+int ListViewModel::appendCellRows(std::vector<ListCell>&& cells, int cellsPerRow)
+{
+    if (cellsPerRow < 2)
         return 0;
-    beginInsertRows({}, first, next - 1);
-    m_rows.reserve(m_rows.size() + accepted.size());
-    for (Row& row : accepted)
-        m_rows.push_back(std::move(row));
-    endInsertRows();
-    return int(accepted.size());
+    return appendCellRows(qsizetype(cells.size()) / cellsPerRow, cellsPerRow, [&](qsizetype row, ListCell* out) {
+        const auto from = cells.begin() + row * cellsPerRow;
+        std::move(from, from + cellsPerRow, out);
+    });
+}
+
+// Rows whose cells were just written behind every other row's: each takes
+// its place, or is discarded when its key is taken.
+int ListViewModel::placeWrittenRows(size_t first, qsizetype rowCount, int cellsPerRow)
+{
+    std::vector<StoredRow> written;
+    written.reserve(size_t(rowCount));
+    for (qsizetype r = 0; r < rowCount; ++r)
+        written.push_back({qint32(first) + qint32(r) * cellsPerRow, cellsPerRow, Qt::Unchecked});
+    if (!m_sorted && count() == 0 && keysRise(written)) {
+        // No key can be taken, so the index can wait for its first use: rows
+        // filled afresh from a table come this way.
+        m_keyIndex.clear();
+        m_keyIndexStale = true;
+        return placeAtEnd(written);
+    }
+    if (m_sorted) {
+        int added = 0;
+        for (const StoredRow& row : written) {
+            const ListCell& key = m_store.keyOf(row);
+            if (key.isEmpty() || !keyIndex().contains(key)) {
+                place(row);
+                ++added;
+            } else {
+                m_store.discard(row);
+            }
+        }
+        return added;
+    }
+    keyIndex().reserve(count() + rowCount);
+    std::vector<StoredRow> accepted;
+    accepted.reserve(written.size());
+    for (const StoredRow& row : written) {
+        if (claimKey(m_store.keyOf(row), count() + int(accepted.size())))
+            accepted.push_back(row);
+        else
+            m_store.discard(row);
+    }
+    return placeAtEnd(accepted);
 }
 
 int ListViewModel::findKey(const QString& key) const
 {
-    return key.isEmpty() ? -1 : m_keyIndex.value(key, -1);
+    const ListCell cell(key);
+    return cell.isEmpty() ? -1 : keyIndex().value(cell, -1);
 }
 
 bool ListViewModel::removeAt(int index)
 {
-    if (index < 0 || index >= count())
+    if (!isValidRow(index))
         return false;
     beginRemoveRows({}, index, index);
-    m_keyIndex.remove(m_rows[size_t(index)].key);
-    m_rows.erase(m_rows.begin() + index);
+    if (!m_keyIndexStale)
+        m_keyIndex.remove(m_store.keyOf(m_store.at(index)));
+    m_store.remove(index);
     reindexFrom(index);
     if (m_selected == index)
         m_selected = -1;
@@ -117,59 +209,86 @@ bool ListViewModel::removeAt(int index)
 void ListViewModel::clear()
 {
     beginResetModel();
-    m_rows.clear();
+    m_store.clear();
     m_keyIndex.clear();
+    m_keyIndexStale = false;
     m_selected = -1;
     endResetModel();
 }
 
+ListViewModel::Row ListViewModel::row(int index) const
+{
+    const StoredRow& stored = m_store.at(index);
+    Row row{m_store.keyOf(stored).toString(), m_store.cellOf(stored, 0).toString(), {}, stored.check};
+    row.subItems.reserve(m_store.subItemCount(stored));
+    for (int item = 1; item <= m_store.subItemCount(stored); ++item)
+        row.subItems.append(m_store.cellOf(stored, item).toString());
+    return row;
+}
+
+ListViewModel::Row ListViewModel::rowOf(const std::vector<ListCell>& cells)
+{
+    Row row;
+    if (cells.size() > 0)
+        row.key = cells[0].toString();
+    if (cells.size() > 1)
+        row.text = cells[1].toString();
+    for (size_t i = 2; i < cells.size(); ++i)
+        row.subItems.append(cells[i].toString());
+    return row;
+}
+
 QString ListViewModel::key(int index) const
 {
-    return index >= 0 && index < count() ? m_rows[size_t(index)].key : QString();
+    return isValidRow(index) ? m_store.keyOf(m_store.at(index)).toString() : QString();
 }
 
 QString ListViewModel::text(int index) const
 {
-    return index >= 0 && index < count() ? m_rows[size_t(index)].text : QString();
+    return isValidRow(index) ? cellAt(index, 0).toString() : QString();
 }
 
 QString ListViewModel::subItem(int index, int subItem) const
 {
-    if (index < 0 || index >= count() || subItem < 1)
+    if (!isValidRow(index) || subItem < 1)
         return {};
-    return m_rows[size_t(index)].subItems.value(subItem - 1);
+    return cellAt(index, subItem).toString();
+}
+
+qint64 ListViewModel::subItemNumber(int index, int subItem) const
+{
+    if (!isValidRow(index) || subItem < 1)
+        return 0;
+    return cellAt(index, subItem).leadingInteger();
 }
 
 Qt::CheckState ListViewModel::checkState(int index) const
 {
-    return index >= 0 && index < count() ? m_rows[size_t(index)].check : Qt::Unchecked;
+    return isValidRow(index) ? m_store.at(index).check : Qt::Unchecked;
 }
 
 void ListViewModel::setText(int index, const QString& text)
 {
-    if (index < 0 || index >= count())
+    if (!isValidRow(index))
         return;
-    m_rows[size_t(index)].text = text;
+    m_store.setCell(index, 0, ListCell(text));
     emit dataChanged(this->index(index, 0), this->index(index, 0));
 }
 
 void ListViewModel::setSubItem(int index, int subItem, const QString& text)
 {
-    if (index < 0 || index >= count() || subItem < 1)
+    if (!isValidRow(index) || subItem < 1)
         return;
-    QStringList& items = m_rows[size_t(index)].subItems;
-    while (items.size() < subItem)
-        items.append(QString());
-    items[subItem - 1] = text;
+    m_store.setCell(index, subItem, ListCell(text));
     if (subItem < columnCount())
         emit dataChanged(this->index(index, subItem), this->index(index, subItem));
 }
 
 void ListViewModel::setCheckState(int index, Qt::CheckState state)
 {
-    if (index < 0 || index >= count())
+    if (!isValidRow(index))
         return;
-    m_rows[size_t(index)].check = state;
+    m_store.setCheck(index, state);
     emit dataChanged(this->index(index, 0), this->index(index, 0), {Qt::CheckStateRole});
 }
 
@@ -191,23 +310,18 @@ void ListViewModel::setSorted(bool sorted)
 
 void ListViewModel::sortRows()
 {
-    if (m_rows.size() < 2)
+    if (count() < 2)
         return;
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
-    std::vector<int> order(m_rows.size());
-    for (size_t i = 0; i < order.size(); ++i)
-        order[i] = int(i);
+    std::vector<int> order(static_cast<size_t>(count()));
+    std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(),
-                     [this](int a, int b) { return rowLess(m_rows[size_t(a)], m_rows[size_t(b)]); });
-    std::vector<Row> sorted;
-    sorted.reserve(m_rows.size());
-    std::vector<int> newPlace(m_rows.size());
-    for (size_t i = 0; i < order.size(); ++i) {
+                     [this](int a, int b) { return rowLess(m_store.at(a), m_store.at(b)); });
+    std::vector<int> newPlace(order.size());
+    for (size_t i = 0; i < order.size(); ++i)
         newPlace[size_t(order[i])] = int(i);
-        sorted.push_back(std::move(m_rows[size_t(order[i])]));
-    }
-    m_rows = std::move(sorted);
+    m_store.reorder(order);
     m_keyIndex.clear();
     reindexFrom(0);
     if (m_selected >= 0)
@@ -246,8 +360,9 @@ bool ListViewModel::matchesPattern(QStringView text, QStringView pattern)
 QList<int> ListViewModel::rowsWithTextLike(QStringView pattern) const
 {
     QList<int> found;
+    ListCell::Buffer buffer;
     for (int i = 0; i < count(); ++i) {
-        if (matchesPattern(m_rows[size_t(i)].text, pattern))
+        if (matchesPattern(cellAt(i, 0).view(buffer), pattern))
             found.append(i);
     }
     return found;
@@ -256,8 +371,9 @@ QList<int> ListViewModel::rowsWithTextLike(QStringView pattern) const
 QList<int> ListViewModel::rowsWithKeyLike(QStringView pattern) const
 {
     QList<int> found;
+    ListCell::Buffer buffer;
     for (int i = 0; i < count(); ++i) {
-        if (matchesPattern(m_rows[size_t(i)].key, pattern))
+        if (matchesPattern(m_store.keyOf(m_store.at(i)).view(buffer), pattern))
             found.append(i);
     }
     return found;
@@ -277,17 +393,17 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const Row& row = m_rows[size_t(index.row())];
+    const StoredRow& row = m_store.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return cell(row, index.column());
+        return m_store.cellOf(row, index.column()).toString();
     case Qt::CheckStateRole:
         if (m_checkable && index.column() == 0)
             return int(row.check);
         return {};
     case KeyRole:
-        return row.key;
+        return m_store.keyOf(row).toString();
     default:
         return {};
     }

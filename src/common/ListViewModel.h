@@ -1,5 +1,8 @@
 #pragma once
 
+#include "ListCell.h"
+#include "ListRowStore.h"
+
 #include <QAbstractTableModel>
 #include <QHash>
 #include <QList>
@@ -16,6 +19,10 @@
 // Keys are unique among the rows that have one; an empty key is no key.
 // Rows and sub-items count as the view does: rows from 0, sub-item 1 is the
 // second column.
+//
+// A list holds tens of thousands of rows of small numbers, so the cells are
+// kept as ListCells in a ListRowStore and made into QStrings only when they
+// are read.
 class ListViewModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -34,7 +41,7 @@ public:
     void setColumns(const QStringList& headers);
     const QStringList& columns() const { return m_columns; }
 
-    int count() const { return int(m_rows.size()); }
+    int count() const { return m_store.count(); }
 
     // Adds a row at the end (or at its sorted place while sorting is on);
     // returns its index, or -1 when another row already has the key.
@@ -42,15 +49,33 @@ public:
     // Adds many rows with one notification; rows whose key is taken are
     // skipped. Returns how many were added.
     int appendRows(std::vector<Row>&& rows);
+    // The same with rowCount rows of cellsPerRow cells each, which
+    // write(row, cells) puts in place: the key, the text, then the sub-items.
+    // The cells are written straight into the model's storage, which a
+    // refilled model reuses. Rows added this way are unchecked.
+    template <class Write>
+    int appendCellRows(qsizetype rowCount, int cellsPerRow, Write write)
+    {
+        if (cellsPerRow < 2 || rowCount <= 0)
+            return 0;
+        return placeWrittenRows(m_store.storeWritten(rowCount, cellsPerRow, write), rowCount, cellsPerRow);
+    }
+    // Rows given as cells in one array, cellsPerRow to a row.
+    int appendCellRows(std::vector<ListCell>&& cells, int cellsPerRow);
+
+    // The row cells make: the key, the text, then the sub-items.
+    static Row rowOf(const std::vector<ListCell>& cells);
 
     int findKey(const QString& key) const; // index, or -1
     bool removeAt(int index);
     void clear();
 
-    const Row& row(int index) const { return m_rows[size_t(index)]; }
+    Row row(int index) const;
     QString key(int index) const;
     QString text(int index) const;
     QString subItem(int index, int subItem) const;
+    // The leading integer of a sub-item, as NumberText::valueOf reads it.
+    qint64 subItemNumber(int index, int subItem) const;
     Qt::CheckState checkState(int index) const;
 
     void setText(int index, const QString& text);
@@ -92,15 +117,29 @@ signals:
     void selectedRowChanged(int index);
 
 private:
-    QString cell(const Row& row, int column) const;
-    bool rowLess(const Row& a, const Row& b) const;
-    int sortedInsertPosition(const Row& row) const;
-    void reindexFrom(int first);
+    using StoredRow = ListRowStore::Row;
+
+    bool isValidRow(int index) const { return index >= 0 && index < count(); }
+    const ListCell& cellAt(int index, int column) const { return m_store.cellOf(m_store.at(index), column); }
+
+    QHash<ListCell, int>& keyIndex() const;
+    bool claimKey(const ListCell& key, int index);
+    bool keysRise(const std::vector<StoredRow>& rows) const;
+    int place(const StoredRow& row);
+    int placeAtEnd(const std::vector<StoredRow>& rows);
+    int placeWrittenRows(size_t first, qsizetype rowCount, int cellsPerRow);
+
+    bool rowLess(const StoredRow& a, const StoredRow& b) const;
+    int sortedInsertPosition(const StoredRow& row) const;
+    void reindexFrom(int first) const;
     void sortRows();
 
     QStringList m_columns;
-    std::vector<Row> m_rows;
-    QHash<QString, int> m_keyIndex;
+    ListRowStore m_store;
+    // Row of every key. Rows whose keys are known to differ may come in
+    // without it; it is then built on its first use.
+    mutable QHash<ListCell, int> m_keyIndex;
+    mutable bool m_keyIndexStale = false;
     int m_selected = -1;
     int m_sortKey = 0;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace {
 
 // The walk hops from count to count; a small window keeps each hop to one
@@ -79,4 +81,21 @@ QString C_LevelInfo::ReadVersionString(QIODevice& device)
 QString C_LevelInfo::VersionString() const
 {
     return m_AllBinTo::ConvertToHex(m_version, 32, 0);
+}
+
+QString C_LevelInfo::TablesUnusableCause() const
+{
+    const std::pair<QLatin1String, qint32> numbers[] = {
+        {QLatin1String("NumberObjectTexture"), NumberObjectTexture()},
+        {QLatin1String("NumberSpriteTexture"), NumberSpriteTexture()},
+        {QLatin1String("NumberSpriteSequence"), NumberSpriteSequence()},
+        {QLatin1String("NumberAnimatedTexture"), NumberAnimatedTexture()},
+    };
+    for (const auto& [name, number] : numbers) {
+        if (number < 0)
+            return QStringLiteral("the level's %1 is negative (%2)").arg(name).arg(number);
+    }
+    if (!m_walk.complete || m_walk.offsetItems > m_fileLength)
+        return QStringLiteral("the level's blocks could not be followed to its end");
+    return {};
 }

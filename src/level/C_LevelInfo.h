@@ -25,23 +25,25 @@ public:
     // The same walk over a device that is already open (tests, fuzzing).
     void WalkDevice(QIODevice& device);
 
+    // The positions, numbers and sizes are Longs, signed 32-bit as the walk
+    // keeps them; a number and its size are negative where the level's count is.
     quint32 Version() const { return m_version; }
     QString VersionString() const;
     qint16 TypeLevel() const { return 0; }
-    qint64 OffsetObjectTexture() const { return m_walk.objectTexture.offset; }
-    qint64 NumberObjectTexture() const { return m_walk.objectTexture.number; }
-    qint64 SizeObjectTexture() const { return m_walk.objectTexture.size; }
-    qint64 OffsetSpriteTexture() const { return m_walk.spriteTexture.offset; }
-    qint64 NumberSpriteTexture() const { return m_walk.spriteTexture.number; }
-    qint64 SizeSpriteTexture() const { return m_walk.spriteTexture.size; }
-    qint64 OffsetSpriteSequence() const { return m_walk.spriteSequence.offset; }
-    qint64 NumberSpriteSequence() const { return m_walk.spriteSequence.number; }
-    qint64 SizeSpriteSequence() const { return m_walk.spriteSequence.size; }
-    qint64 OffsetAnimatedTexture() const { return m_walk.animatedTexture.offset; }
-    qint64 NumberAnimatedTexture() const { return m_walk.animatedTexture.number; }
-    qint64 SizeAnimatedTexture() const { return m_walk.animatedTexture.size; }
-    qint64 OffsetCameras() const { return m_walk.offsetCameras; }
-    qint64 OffsetItems() const { return m_walk.offsetItems; }
+    qint32 OffsetObjectTexture() const { return qint32(m_walk.objectTexture.offset); }
+    qint32 NumberObjectTexture() const { return qint32(m_walk.objectTexture.number); }
+    qint32 SizeObjectTexture() const { return qint32(m_walk.objectTexture.size); }
+    qint32 OffsetSpriteTexture() const { return qint32(m_walk.spriteTexture.offset); }
+    qint32 NumberSpriteTexture() const { return qint32(m_walk.spriteTexture.number); }
+    qint32 SizeSpriteTexture() const { return qint32(m_walk.spriteTexture.size); }
+    qint32 OffsetSpriteSequence() const { return qint32(m_walk.spriteSequence.offset); }
+    qint32 NumberSpriteSequence() const { return qint32(m_walk.spriteSequence.number); }
+    qint32 SizeSpriteSequence() const { return qint32(m_walk.spriteSequence.size); }
+    qint32 OffsetAnimatedTexture() const { return qint32(m_walk.animatedTexture.offset); }
+    qint32 NumberAnimatedTexture() const { return qint32(m_walk.animatedTexture.number); }
+    qint32 SizeAnimatedTexture() const { return qint32(m_walk.animatedTexture.size); }
+    qint32 OffsetCameras() const { return qint32(m_walk.offsetCameras); }
+    qint32 OffsetItems() const { return qint32(m_walk.offsetItems); }
 
     LevelVersion::Game Game() const { return LevelVersion::gameOf(VersionString()); }
     QString FileName() const { return m_fileName; }
@@ -56,9 +58,12 @@ public:
     // only then do its positions describe where its tables lie.
     bool IsWalkComplete() const { return m_walk.complete; }
 
-    // True when the walk reached the end and the blocks it found lie inside
-    // the file: a truncated level also walks to its end, reading zeros.
-    bool AreTablesInsideFile() const { return m_walk.complete && m_walk.offsetItems <= m_fileLength; }
+    // Empty when a walked level's tables can be read and replaced: the walk
+    // went through to the end, the blocks it found lie inside the file (a
+    // truncated level also walks to its end, reading zeros) and no texture
+    // table claims a negative count. Otherwise the cause, in one line.
+    QString TablesUnusableCause() const;
+    bool AreTablesInsideFile() const { return TablesUnusableCause().isEmpty(); }
 
 private:
     QString ReadVersionString(QIODevice& device);

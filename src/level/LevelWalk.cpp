@@ -12,7 +12,8 @@ struct WalkStopped
 {
 };
 
-constexpr qint64 LongLimit = std::numeric_limits<quint32>::max();
+constexpr qint64 LongMin = std::numeric_limits<qint32>::min();
+constexpr qint64 LongMax = std::numeric_limits<qint32>::max();
 
 constexpr qint64 Palette8Size = 768;
 constexpr qint64 Palette16Size = 1024;
@@ -22,6 +23,11 @@ constexpr qint64 RoomHeaderSize = 16;
 constexpr qint64 LightMapSize = 8192;
 constexpr qint64 SoundMapSize = 740;
 constexpr int ZoneSize = 20;
+
+bool fitsLong(qint64 value)
+{
+    return value >= LongMin && value <= LongMax;
+}
 
 } // namespace
 
@@ -43,11 +49,11 @@ LevelWalk::Result LevelWalk::walk(BinaryReader& reader, Game game, qint64 start)
     return walk.m_result;
 }
 
-quint32 LevelWalk::readLong(qint64 pos)
+qint32 LevelWalk::readLong(qint64 pos)
 {
     if (pos < 0)
         throw WalkStopped{};
-    return m_reader.u32(pos);
+    return m_reader.i32(pos);
 }
 
 qint16 LevelWalk::readShort(qint64 pos)
@@ -59,16 +65,16 @@ qint16 LevelWalk::readShort(qint64 pos)
 
 void LevelWalk::advance(qint64 delta)
 {
-    const qint64 next = m_p + delta;
-    if (next > LongLimit || next < -LongLimit)
+    const qint64 next = m_p + delta; // both within Long range: no 64-bit overflow
+    if (!fitsLong(next))
         throw WalkStopped{};
     m_p = next;
 }
 
 qint64 LevelWalk::longProduct(qint64 count, qint64 recordSize)
 {
-    const qint64 product = count * recordSize; // both below 2^32: no 64-bit overflow
-    if (product > LongLimit)
+    const qint64 product = count * recordSize; // a Long times a record size: no 64-bit overflow
+    if (!fitsLong(product))
         throw WalkStopped{};
     return product;
 }
@@ -81,19 +87,51 @@ int LevelWalk::shortProduct(int a, int b)
     return product;
 }
 
-void LevelWalk::readLongTable(int recordSize, TablePosition& table)
+// The Long count at the current position and the bytes of its records. The
+// walk ends here, before anything of the table is recorded, when those bytes
+// overflow a Long.
+TablePosition LevelWalk::longTableHere(int recordSize)
 {
-    const quint32 count = readLong(m_p);
-    table.offset = m_p;
-    table.number = count;
-    table.size = longProduct(count, recordSize);
-    advance(4 + table.size);
+    const qint32 count = readLong(m_p);
+    return {m_p, count, longProduct(count, recordSize)};
 }
 
-void LevelWalk::skipLongTable(int recordSize)
+// From the table's count past its records, one addition at a time as the
+// format's tools add them: the count's 4 bytes, then the records.
+void LevelWalk::pass(const TablePosition& table)
 {
-    TablePosition unused;
-    readLongTable(recordSize, unused);
+    advance(4);
+    advance(table.size);
+}
+
+void LevelWalk::readLongTable(int recordSize, TablePosition& table)
+{
+    table = longTableHere(recordSize);
+    pass(table);
+}
+
+void LevelWalk::skipLongTable(int recordSize, qint64* position)
+{
+    const TablePosition table = longTableHere(recordSize);
+    if (position)
+        *position = table.offset;
+    pass(table);
+}
+
+// Both tile blocks hang off one count; either product overflowing ends the
+// walk before the count is recorded.
+void LevelWalk::walkTiles()
+{
+    const qint32 tiles = readLong(m_p);
+    const qint64 tiles8Size = longProduct(tiles, Tile8Size);
+    const qint64 tiles16Size = longProduct(tiles, Tile16Size);
+    m_result.tileCountPosition = m_p;
+    m_result.tileCount = tiles;
+    m_result.tiles8Size = tiles8Size;
+    m_result.tiles16Size = tiles16Size;
+    advance(4);
+    advance(tiles8Size);
+    advance(tiles16Size);
 }
 
 void LevelWalk::run()
@@ -103,17 +141,11 @@ void LevelWalk::run()
     m_result.palette16Position = m_p;
     advance(Palette16Size);
 
-    m_result.tileCountPosition = m_p;
-    const quint32 tiles = readLong(m_p);
-    m_result.tileCount = tiles;
-    m_result.tiles8Size = longProduct(tiles, Tile8Size);
-    m_result.tiles16Size = longProduct(tiles, Tile16Size);
-    advance(4 + m_result.tiles8Size + m_result.tiles16Size);
-
+    walkTiles();
     advance(4); // unused 32-bit word
 
-    m_result.roomCountPosition = m_p;
     const qint16 rooms = readShort(m_p);
+    m_result.roomCountPosition = m_p;
     m_result.roomCount = rooms;
     advance(2);
     for (int room = 1; room <= rooms; ++room)
@@ -123,8 +155,7 @@ void LevelWalk::run()
     readLongTable(2, m_result.meshData);
     readLongTable(4, m_result.meshPointers);
     skipLongTable(32); // animations
-    m_result.stateChangePosition = m_p;
-    skipLongTable(6);  // state changes
+    skipLongTable(6, &m_result.stateChangePosition); // state changes
     skipLongTable(8);  // animation dispatches
     skipLongTable(2);  // animation commands
     skipLongTable(4);  // mesh trees
@@ -137,21 +168,19 @@ void LevelWalk::run()
     readLongTable(16, m_result.spriteTexture);
     readLongTable(8, m_result.spriteSequence);
 
-    m_result.offsetCameras = m_p;
-    skipLongTable(16); // cameras
+    skipLongTable(16, &m_result.offsetCameras); // cameras
     skipLongTable(16); // sound sources
 
-    const quint32 boxes = readLong(m_p);
-    advance(4 + longProduct(boxes, 8));
+    const TablePosition boxes = longTableHere(8);
+    pass(boxes);
     skipLongTable(2); // overlaps
-    advance(longProduct(boxes, ZoneSize));
+    advance(longProduct(boxes.number, ZoneSize));
 
     readLongTable(2, m_result.animatedTexture);
     if (m_game == Game::TR3)
         readLongTable(20, m_result.objectTexture);
 
-    m_result.offsetItems = m_p;
-    skipLongTable(24); // items
+    skipLongTable(24, &m_result.offsetItems); // items
 
     advance(LightMapSize);
     const qint16 cinematicFrames = readShort(m_p);

@@ -10,11 +10,16 @@ class BinaryReader;
 // tables. Nothing of the level is kept; each count is read where the previous
 // block ended and the bulk behind it is skipped.
 //
-// The arithmetic is that of the level format's own tools: 32-bit counts are
-// unsigned, and a product or a position beyond 32 bits ends the walk; 16-bit
-// counts are signed, and a 16-bit product outside -32768..32767 ends it too.
-// A count read past the end of the file is zero; a read at a negative
+// The arithmetic is that of the level format's own tools, whose counts are
+// all signed. A Long (32-bit) count times its record size, and every position
+// the walk moves to, must stay within -2^31..2^31-1, or the walk ends: a Long
+// table whose bytes would overflow is not recorded. A 16-bit product outside
+// -32768..32767 ends it too. A negative count moves the position back; a
+// count read past the end of the file is zero, and a read at a negative
 // position ends the walk. Positions the walk did not reach stay 0.
+//
+// Every value in a Result lies within Long range; the table numbers and sizes
+// are negative where the level's counts are.
 class LevelWalk
 {
 public:
@@ -57,11 +62,14 @@ private:
     void run();
     void walkRoom();
 
-    quint32 readLong(qint64 pos);
+    qint32 readLong(qint64 pos);
     qint16 readShort(qint64 pos);
     void advance(qint64 delta);
-    void skipLongTable(int recordSize);
+    TablePosition longTableHere(int recordSize);
+    void pass(const TablePosition& table);
     void readLongTable(int recordSize, TablePosition& table);
+    void skipLongTable(int recordSize, qint64* position = nullptr);
+    void walkTiles();
 
     static qint64 longProduct(qint64 count, qint64 recordSize);
     static int shortProduct(int a, int b);

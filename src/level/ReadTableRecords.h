@@ -7,10 +7,11 @@
 
 // How many records of a table lie wholly inside the file: the count read at
 // the table's offset, cut to the records the bytes after it hold. 0 for a
-// table never found (offset or number 0).
+// table never found (offset or number 0) and for a negative number (a
+// level's signed count), which holds nothing.
 inline qint64 PresentRecordCount(BinaryReader& file, const TablePosition& table, qint64 recordSize)
 {
-    if (table.offset == 0 || table.number == 0)
+    if (table.offset == 0 || table.number <= 0)
         return 0;
     return qMax<qint64>(0, qMin<qint64>(file.u32(table.offset), file.available(table.offset + 4) / recordSize));
 }

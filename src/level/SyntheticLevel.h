@@ -52,10 +52,10 @@ public:
 
     // The count of a block that holds nothing but zeros: every field except
     // TileCount, RoomCount and the four texture tables, which take theirs from
-    // setTileCount, setRooms and the table setters. The short counts
-    // (CinematicFrames, DemoData, SoundDetails) may be negative; a negative
-    // count announces no bytes. The bytes a count announces are written, so a
-    // huge count wants overrideCount instead.
+    // setTileCount, setRooms and the table setters. Any count may be
+    // negative, as the level's signed counts can be; a negative count
+    // announces no bytes. The bytes a count announces are written, so a huge
+    // count wants overrideCount instead.
     void setCount(Field field, qint64 count);
 
     // What the field holds unless overridden: for the tile, room and texture

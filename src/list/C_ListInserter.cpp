@@ -21,17 +21,19 @@ bool sameFile(const QString& a, const QString& b)
     return fa.canonicalFilePath() == fb.canonicalFilePath();
 }
 
-bool tablesLieInsideLevel(const C_LevelInfo& level)
+// Why the level's tables cannot be replaced; empty when they can, and for
+// the other versions, which are copied whole.
+QString tablesUnusableCause(const C_LevelInfo& level)
 {
     switch (level.Game()) {
     case LevelVersion::Game::TR2:
     case LevelVersion::Game::TR3:
-        return level.AreTablesInsideFile();
+        return level.TablesUnusableCause();
     case LevelVersion::Game::TR1:
     case LevelVersion::Game::Unknown:
         break;
     }
-    return true;
+    return {};
 }
 
 } // namespace
@@ -105,10 +107,8 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
                       QStringLiteral("%1: list version %2 differs from the level's %3")
                           .arg(listPath, list.VersionString(), level.VersionString()));
     }
-    if (!tablesLieInsideLevel(level)) {
-        return Refuse(Status::LevelNotWalked,
-                      levelPath + QStringLiteral(": the level's blocks could not be followed to its end"));
-    }
+    if (const QString cause = tablesUnusableCause(level); !cause.isEmpty())
+        return Refuse(Status::LevelUnusable, levelPath + QStringLiteral(": ") + cause);
     if (list.Offset_EOF() > QFileInfo(listPath).size()) {
         return Refuse(Status::ListTruncated,
                       listPath + QStringLiteral(": the list's tables run past the end of the file"));

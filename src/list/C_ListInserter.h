@@ -22,7 +22,7 @@ public:
     enum class Status {
         Done,
         LevelUnreadable,  // the level cannot be opened
-        LevelNotWalked,   // a TR2/TR3 level whose walk stopped or ran past its end
+        LevelUnusable,    // a TR2/TR3 level whose tables cannot be taken (C_LevelInfo::TablesUnusableCause)
         ListUnreadable,   // the list cannot be opened
         ListTruncated,    // the list's tables run past its end
         VersionMismatch,  // nothing opened for writing, nothing created

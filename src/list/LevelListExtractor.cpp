@@ -24,10 +24,8 @@ LevelListExtractor::Result LevelListExtractor::Extract(const QString& levelPath,
         return failure(Status::LevelUnreadable, levelPath, level.ErrorString());
     if (!LevelVersion::hasTextureTables(level.Game()))
         return failure(Status::LevelNotTR2OrTR3, levelPath, LevelVersion::refusal(level.VersionString()));
-    if (!level.AreTablesInsideFile()) {
-        return failure(Status::LevelNotWalked, levelPath,
-                       QStringLiteral("the level's blocks could not be followed to its end"));
-    }
+    if (const QString cause = level.TablesUnusableCause(); !cause.isEmpty())
+        return failure(Status::LevelUnusable, levelPath, cause);
 
     ListViewSet views;
     if (!LevelTableReader::ReadIntoViews(level, views.lsvTextures, views.lsvAnims, views.lsvAnimDetails,

@@ -12,7 +12,7 @@ public:
         Done,
         LevelUnreadable,   // cannot be opened
         LevelNotTR2OrTR3,  // another version: no tables to take
-        LevelNotWalked,    // its blocks could not be followed to its end
+        LevelUnusable,     // its tables cannot be taken (C_LevelInfo::TablesUnusableCause)
         WriteFailed,
     };
 

@@ -15,7 +15,7 @@ bool LevelTableReader::ReadIntoViews(const C_LevelInfo& level, ListViewModel& ls
 {
     QFile file(level.FileName());
     QString error;
-    if (level.FileName().isEmpty() || !ReadOnlyFile::open(file, error))
+    if (level.FileName().isEmpty() || !level.AreTablesInsideFile() || !ReadOnlyFile::open(file, error))
         return false;
     BinaryReader reader(file, 1 << 16);
     const LevelWalk::Result& tables = level.Walk();

@@ -9,7 +9,9 @@ class ListViewModel;
 class LevelTableReader
 {
 public:
-    // False when the level cannot be opened; the views are then untouched.
+    // False when the level cannot be opened or its tables cannot be taken
+    // (a negative count, a walk that did not reach the end); the views are
+    // then untouched.
     static bool ReadIntoViews(const C_LevelInfo& level, ListViewModel& lsvTextures, ListViewModel& lsvAnims,
                               ListViewModel& lsvAnimDetails, ListViewModel& lsvSprites,
                               ListViewModel& lsvSequences, ListViewModel& lsvSequenceDetails);

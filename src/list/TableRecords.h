@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BinaryReader.h"
+#include "ListCell.h"
 #include "ListViewModel.h"
 #include "NumberText.h"
 #include "ReadTableRecords.h"
@@ -11,28 +12,46 @@
 
 #include <vector>
 
-// Object and sprite texture rows: text the record's index padded to width
-// digits, key the prefix and the index, sub-items the record's list columns
-// 1 to Record::ColumnCount.
+// The row number text: index zero-padded to width digits, as m_Code::PadLeft
+// pads it (and cuts an index wider than width).
+inline ListCell RowNumberCell(qint64 index, int width)
+{
+    if (index >= 0 && ListCell::digitCount(quint64(index)) <= width)
+        return ListCell::number(index, width);
+    return ListCell(m_Code::PadLeft(NumberText::of(index), QStringLiteral("0"), width));
+}
+
+template <class Record>
+constexpr int RecordCellsPerRow = 2 + Record::ColumnCount;
+
+// Object and sprite texture rows: key the prefix and the index, text the
+// index padded to width digits, sub-items the record's list columns 1 to
+// Record::ColumnCount. Writes the row's cells from out on and returns where
+// they end.
+template <class Record>
+ListCell* PutRecordCells(const Record& record, QChar keyPrefix, qint64 index, int width, ListCell* out)
+{
+    *out++ = ListCell::number(index, 0, keyPrefix);
+    *out++ = RowNumberCell(index, width);
+    for (int column = 1; column <= Record::ColumnCount; ++column)
+        *out++ = ListCell::number(record.column(column));
+    return out;
+}
+
 template <class Record>
 ListViewModel::Row RowOfRecord(const Record& record, QChar keyPrefix, qint64 index, int width)
 {
-    ListViewModel::Row row;
-    row.text = m_Code::PadLeft(NumberText::of(index), QStringLiteral("0"), width);
-    row.key = keyPrefix + NumberText::of(index);
-    row.subItems.reserve(Record::ColumnCount);
-    for (int column = 1; column <= Record::ColumnCount; ++column)
-        row.subItems.append(NumberText::of(record.column(column)));
-    return row;
+    std::vector<ListCell> cells(RecordCellsPerRow<Record>);
+    PutRecordCells(record, keyPrefix, index, width, cells.data());
+    return ListViewModel::rowOf(cells);
 }
 
 template <class Record>
 Record RecordOfRow(const ListViewModel& view, int row)
 {
     Record record;
-    const QStringList& cells = view.row(row).subItems;
     for (int column = 1; column <= Record::ColumnCount; ++column)
-        record.setColumn(column, int(NumberText::valueOf(cells.value(column - 1))));
+        record.setColumn(column, int(view.subItemNumber(row, column)));
     return record;
 }
 
@@ -44,9 +63,7 @@ void FillRecordRows(BinaryReader& file, const TablePosition& table, ListViewMode
     view.clear();
     const QList<Record> records = ReadTableRecords<Record>(file, table);
     const int width = int(NumberText::of(table.number).size());
-    std::vector<ListViewModel::Row> rows;
-    rows.reserve(size_t(records.size()));
-    for (qsizetype i = 0; i < records.size(); ++i)
-        rows.push_back(RowOfRecord(records[i], keyPrefix, i, width));
-    view.appendRows(std::move(rows));
+    view.appendCellRows(records.size(), RecordCellsPerRow<Record>, [&](qsizetype i, ListCell* cells) {
+        PutRecordCells(records[i], keyPrefix, i, width, cells);
+    });
 }

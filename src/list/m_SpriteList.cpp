@@ -22,25 +22,40 @@ void FillSprites(BinaryReader& file, const TablePosition& table, ListViewModel& 
     FillRecordRows<SpriteTexture>(file, table, lsvSprites, QLatin1Char('S'));
 }
 
+namespace {
+
+constexpr int SequenceNumberWidth = 5;
+constexpr int SequenceCellsPerRow = 5;
+
+void PutSequenceCells(const SpriteSequence& record, qint64 index, ListCell* out)
+{
+    *out++ = ListCell::number(index, SequenceNumberWidth, QLatin1Char('S'));
+    *out++ = ListCell::number(index, SequenceNumberWidth);
+    *out++ = ListCell::number(record.number());
+    *out++ = ListCell::number(record.first);
+    *out = ListCell::number(record.objectId);
+}
+
+} // namespace
+
 QString SequenceNumberText(qint64 index)
 {
-    return NumberText::padded(index, 5);
+    return NumberText::padded(index, SequenceNumberWidth);
 }
 
 ListViewModel::Row RowOfSequence(const SpriteSequence& record, qint64 index)
 {
-    const QString number = SequenceNumberText(index);
-    return {QLatin1Char('S') + number, number,
-            {NumberText::of(record.number()), NumberText::of(record.first), NumberText::of(record.objectId)},
-            Qt::Unchecked};
+    std::vector<ListCell> cells(SequenceCellsPerRow);
+    PutSequenceCells(record, index, cells.data());
+    return ListViewModel::rowOf(cells);
 }
 
 SpriteSequence SequenceOfRow(const ListViewModel& lsvSequences, int row)
 {
     SpriteSequence record;
-    record.setNumber(int(NumberText::valueOf(lsvSequences.subItem(row, 1))));
-    record.first = qint16(NumberText::valueOf(lsvSequences.subItem(row, 2)));
-    record.objectId = qint32(NumberText::valueOf(lsvSequences.subItem(row, 3)));
+    record.setNumber(int(lsvSequences.subItemNumber(row, 1)));
+    record.first = qint16(lsvSequences.subItemNumber(row, 2));
+    record.objectId = qint32(lsvSequences.subItemNumber(row, 3));
     return record;
 }
 
@@ -50,13 +65,9 @@ void FillSequences(BinaryReader& file, const TablePosition& table, ListViewModel
     lsvSequences.clear();
     lsvSequenceDetails.clear();
     const QList<SpriteSequence> records = ReadTableRecords<SpriteSequence>(file, table);
-    std::vector<ListViewModel::Row> rows;
-    rows.reserve(size_t(records.size()));
-    for (qsizetype i = 0; i < records.size(); ++i)
-        rows.push_back(RowOfSequence(records[i], i));
-    std::vector<ListViewModel::Row> details = rows;
-    lsvSequences.appendRows(std::move(rows));
-    lsvSequenceDetails.appendRows(std::move(details));
+    const auto write = [&records](qsizetype i, ListCell* cells) { PutSequenceCells(records[i], i, cells); };
+    lsvSequences.appendCellRows(records.size(), SequenceCellsPerRow, write);
+    lsvSequenceDetails.appendCellRows(records.size(), SequenceCellsPerRow, write);
 }
 
 } // namespace m_SpriteList

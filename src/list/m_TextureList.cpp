@@ -5,9 +5,37 @@
 
 #include <QHash>
 
+#include <algorithm>
+#include <array>
+#include <initializer_list>
 #include <vector>
 
 namespace m_TextureList {
+
+namespace {
+
+constexpr int AnimationNumberWidth = 2;
+
+// One cell of the parts' texts one after another; a number among them needs
+// no QString.
+ListCell joinedCell(std::initializer_list<QStringView> parts)
+{
+    std::array<char16_t, 64> joined;
+    qsizetype size = 0;
+    for (QStringView part : parts) {
+        if (size + part.size() > qsizetype(joined.size())) {
+            QString all;
+            for (QStringView piece : parts)
+                all += piece;
+            return ListCell(all);
+        }
+        std::copy(part.utf16(), part.utf16() + part.size(), joined.begin() + size);
+        size += part.size();
+    }
+    return ListCell(QStringView(joined.data(), size));
+}
+
+} // namespace
 
 ListViewModel::Row RowOfObjectTexture(const ObjectTexture& record, qint64 index, int width)
 {
@@ -26,30 +54,38 @@ void FillObjectTextures(BinaryReader& file, const TablePosition& table, ListView
 
 QString AnimationNumberText(qint64 range)
 {
-    return NumberText::padded(range, 2);
+    return NumberText::padded(range, AnimationNumberWidth);
 }
 
 void FillAnimations(const AnimatedTextureBlock& block, ListViewModel& lsvAnims, ListViewModel& lsvAnimDetails)
 {
+    constexpr int RangeCells = 4;  // key, text, "Number", "First"
+    constexpr int DetailCells = 3; // key, text, "Texture #"
     lsvAnims.clear();
     lsvAnimDetails.clear();
-    std::vector<ListViewModel::Row> ranges;
-    std::vector<ListViewModel::Row> details;
-    ranges.reserve(size_t(block.ranges.size()));
+    std::vector<ListCell> ranges;
+    std::vector<ListCell> details;
+    ranges.reserve(size_t(block.ranges.size()) * RangeCells);
     for (qsizetype r = 0; r < block.ranges.size(); ++r) {
         const AnimatedTextureBlock::Range& textures = block.ranges[r];
-        const QString number = AnimationNumberText(r);
-        const QString first = textures.isEmpty() ? QString() : NumberText::of(textures.first());
-        ranges.push_back({QLatin1Char('A') + number, number,
-                          {NumberText::of(textures.size()), first}, Qt::Unchecked});
+        const ListCell rangeNumber = ListCell::number(r, AnimationNumberWidth);
+        ListCell::Buffer numberBuffer;
+        const QStringView number = rangeNumber.view(numberBuffer);
+        ranges.push_back(joinedCell({u"A", number}));
+        ranges.push_back(rangeNumber);
+        ranges.push_back(ListCell::number(textures.size()));
+        ranges.push_back(textures.isEmpty() ? ListCell() : ListCell::number(textures.first()));
         for (qsizetype i = 0; i < textures.size(); ++i) {
-            details.push_back({QLatin1Char('A') + number + NumberText::of(i),
-                               number + QLatin1Char('-') + NumberText::of(i),
-                               {NumberText::of(textures[i])}, Qt::Unchecked});
+            const ListCell detailIndex = ListCell::number(i);
+            ListCell::Buffer indexBuffer;
+            const QStringView index = detailIndex.view(indexBuffer);
+            details.push_back(joinedCell({u"A", number, index}));
+            details.push_back(joinedCell({number, u"-", index}));
+            details.push_back(ListCell::number(textures[i]));
         }
     }
-    lsvAnims.appendRows(std::move(ranges));
-    lsvAnimDetails.appendRows(std::move(details));
+    lsvAnims.appendCellRows(std::move(ranges), RangeCells);
+    lsvAnimDetails.appendCellRows(std::move(details), DetailCells);
 }
 
 void FillAnimations(BinaryReader& file, const TablePosition& table, ListViewModel& lsvAnims,
@@ -70,12 +106,12 @@ QList<quint16> AnimatedTextureWords(const ListViewModel& lsvAnims, const ListVie
     words.append(quint16(lsvAnims.count()));
     for (int r = 0; r < lsvAnims.count(); ++r) {
         // A range holds 1 to 65536 textures: its length is stored less one in a word.
-        const qint64 number = qBound(qint64(1), NumberText::valueOf(lsvAnims.subItem(r, 1)), qint64(65536));
+        const qint64 number = qBound(qint64(1), lsvAnims.subItemNumber(r, 1), qint64(65536));
         words.append(quint16(number - 1));
         int detail = firstDetailOf.value(lsvAnims.subItem(r, 2), lsvAnimDetails.count());
         for (qint64 i = 0; i < number; ++i, ++detail) {
             const bool present = detail < lsvAnimDetails.count();
-            words.append(present ? quint16(NumberText::valueOf(lsvAnimDetails.subItem(detail, 1))) : 0);
+            words.append(present ? quint16(lsvAnimDetails.subItemNumber(detail, 1)) : 0);
         }
     }
     return words;

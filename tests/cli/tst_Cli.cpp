@@ -91,6 +91,9 @@ private slots:
         m_dir.write(QStringLiteral("tr3.tr2"), QByteArray::fromHex("380018ff"));
         m_dir.write(QStringLiteral("unknown.tr2"), QByteArray::fromHex("01020304"));
         m_dir.write(QStringLiteral("empty.tr2"), QByteArray());
+        SyntheticLevel negative(LevelVersion::Game::TR2);
+        negative.overrideCount(SyntheticField::ObjectTextures, quint32(-1));
+        m_dir.write(QStringLiteral("negative.tr2"), negative.build());
         m_dir.write(QStringLiteral("text.bmp"), "plain text");
         m_dir.write(QStringLiteral("cut-tiles.tr2"), tiledLevel().build().left(100000));
         m_dir.write(QStringLiteral("hostile.trt"), QByteArray::fromHex("2d000000" "0000" "ffff") + QByteArray(40, 'x'));
@@ -143,6 +146,11 @@ private slots:
         QTest::newRow("usage unknown version") << QStringList{"usage", "{dir}/unknown.tr2"} << 2 << "";
         QTest::newRow("insert another game's list") << QStringList{"insert", level, "{dir}/tr3.trt"} << 3
                                                     << "templevel.tr2";
+        QTest::newRow("extract negative count")
+            << QStringList{"extract", "{dir}/negative.tr2", "--bitmap", "{dir}/tiles.bmp", "-o", "{dir}/refused.trt"}
+            << 2 << "refused.trt";
+        QTest::newRow("insert into negative count")
+            << QStringList{"insert", "{dir}/negative.tr2", "{dir}/list.trt"} << 2 << "templevel.tr2";
     }
 
     // Wrong usage names the tool; an input that cannot be used, or a list of
@@ -168,11 +176,13 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("game");
-        QTest::newRow("TR2") << "level.tr2" << "TR2";
-        QTest::newRow("TR1") << "tr1.tr2" << "TR1";
-        QTest::newRow("TR3") << "tr3.tr2" << "TR3";
-        QTest::newRow("unknown") << "unknown.tr2" << "unknown";
-        QTest::newRow("empty") << "empty.tr2" << "unknown";
+        QTest::addColumn<qint64>("objectTextures");
+        QTest::newRow("TR2") << "level.tr2" << "TR2" << qint64(30);
+        QTest::newRow("TR1") << "tr1.tr2" << "TR1" << qint64(0);
+        QTest::newRow("TR3") << "tr3.tr2" << "TR3" << qint64(0);
+        QTest::newRow("unknown") << "unknown.tr2" << "unknown" << qint64(0);
+        QTest::newRow("empty") << "empty.tr2" << "unknown" << qint64(0);
+        QTest::newRow("negative count") << "negative.tr2" << "TR2" << qint64(-1);
     }
 
     // The JSON holds exactly the level's properties under their names.
@@ -180,6 +190,7 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(QString, game);
+        QFETCH(qint64, objectTextures);
         const QString path = m_dir.filePath(name);
         const Run run = cli({QStringLiteral("info"), path, QStringLiteral("--json")});
         QCOMPARE(run.exitCode, 0);
@@ -198,10 +209,11 @@ private slots:
         QCOMPARE(json.value(QStringLiteral("Game")).toString(), game);
         QCOMPARE(json.value(QStringLiteral("Version")).toInteger(), qint64(level.Version()));
         QCOMPARE(json.value(QStringLiteral("VersionString")).toString(), level.VersionString());
-        QCOMPARE(json.value(QStringLiteral("OffsetObjectTexture")).toInteger(), level.OffsetObjectTexture());
-        QCOMPARE(json.value(QStringLiteral("NumberObjectTexture")).toInteger(), level.NumberObjectTexture());
-        QCOMPARE(json.value(QStringLiteral("SizeAnimatedTexture")).toInteger(), level.SizeAnimatedTexture());
-        QCOMPARE(json.value(QStringLiteral("OffsetItems")).toInteger(), level.OffsetItems());
+        QCOMPARE(json.value(QStringLiteral("OffsetObjectTexture")).toInteger(), qint64(level.OffsetObjectTexture()));
+        QCOMPARE(json.value(QStringLiteral("NumberObjectTexture")).toInteger(), objectTextures);
+        QCOMPARE(json.value(QStringLiteral("SizeObjectTexture")).toInteger(), objectTextures * 20);
+        QCOMPARE(json.value(QStringLiteral("SizeAnimatedTexture")).toInteger(), qint64(level.SizeAnimatedTexture()));
+        QCOMPARE(json.value(QStringLiteral("OffsetItems")).toInteger(), qint64(level.OffsetItems()));
         QCOMPARE(json.value(QStringLiteral("FileLength")).toInteger(), QFileInfo(path).size());
         QVERIFY(cli({QStringLiteral("info"), path}).out.contains(game.toLatin1()));
     }

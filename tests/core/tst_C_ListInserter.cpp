@@ -140,24 +140,34 @@ private slots:
     {
         QTest::addColumn<QString>("kind");
         QTest::addColumn<Status>("status");
-        QTest::newRow("missing level") << "missing-level" << Status::LevelUnreadable;
-        QTest::newRow("missing list") << "missing-list" << Status::ListUnreadable;
-        QTest::newRow("level cut short") << "truncated-level" << Status::LevelNotWalked;
-        QTest::newRow("room overflows") << "overflowing-room" << Status::LevelNotWalked;
-        QTest::newRow("list cut short") << "truncated-list" << Status::ListTruncated;
-        QTest::newRow("output is the level") << "output-is-level" << Status::OutputIsInput;
-        QTest::newRow("list of another game") << "tr3-list" << Status::VersionMismatch;
+        QTest::addColumn<QString>("cause"); // part of the one-line error
+        QTest::newRow("missing level") << "missing-level" << Status::LevelUnreadable << "nope.tr2: ";
+        QTest::newRow("missing list") << "missing-list" << Status::ListUnreadable << "nope.trt: ";
+        QTest::newRow("level cut short") << "truncated-level" << Status::LevelUnusable << "followed to its end";
+        QTest::newRow("room overflows") << "overflowing-room" << Status::LevelUnusable << "followed to its end";
+        QTest::newRow("negative object textures") << "negative-objects" << Status::LevelUnusable
+                                                  << "level.tr2: the level's NumberObjectTexture is negative (-1)";
+        QTest::newRow("negative sequences") << "negative-sequences" << Status::LevelUnusable
+                                            << "NumberSpriteSequence is negative (-3)";
+        QTest::newRow("list cut short") << "truncated-list" << Status::ListTruncated << "run past the end";
+        QTest::newRow("output is the level") << "output-is-level" << Status::OutputIsInput << "replace an input";
+        QTest::newRow("list of another game") << "tr3-list" << Status::VersionMismatch << "differs";
     }
 
     void badInputsAreRefusedWithoutOutput()
     {
         QFETCH(QString, kind);
         QFETCH(Status, status);
+        QFETCH(QString, cause);
         const QString folder = m_dir.filePath(kind);
         const ListFixture tables = ListFixture::random(6, 1, 3, 2, 1, 9);
         SyntheticLevel synthetic = levelWith(Game::TR2, tables);
         if (kind == QLatin1String("overflowing-room"))
             synthetic.setRooms({{0, 0, 64, 64, 0, 0, true}});
+        if (kind == QLatin1String("negative-objects"))
+            synthetic.overrideCount(SyntheticField::ObjectTextures, quint32(-1));
+        if (kind == QLatin1String("negative-sequences"))
+            synthetic.overrideCount(SyntheticField::SpriteSequences, quint32(-3));
         QString level = writeLevel(folder + QStringLiteral("/level.tr2"), synthetic);
         QString list = writeList(folder + QStringLiteral("/list.trt"), tables, level);
         QString output;
@@ -179,7 +189,7 @@ private slots:
 
         const auto result = C_ListInserter().Insert(level, list, output);
         QCOMPARE(result.status, status);
-        QVERIFY(!result.error.isEmpty());
+        QVERIFY2(result.error.contains(cause), qPrintable(result.error));
         QVERIFY(!QFile::exists(folder + QStringLiteral("/templevel.tr2")));
         QCOMPARE(ScratchDir::read(level), levelBefore);
     }

@@ -210,12 +210,15 @@ private slots:
             QTest::addRow("%s 1024 portals", name) << game << Room{0, 1024, 0, 0, 0, 0, true};
             QTest::addRow("%s 1366 lights", name) << game << Room{0, 0, 0, 0, 1366, 0, true};
             QTest::addRow("%s 1639 static meshes", name) << game << Room{0, 0, 0, 0, 0, 1639, true};
-            // 2 * 0x7FFFFFFF still fits in 32 bits; the position after it does not.
-            QTest::addRow("%s 0x7FFFFFFF data words", name) << game << Room{0x7FFFFFFF, 0, 0, 0, 0, 0, true};
+            // 2 * 0x3FFFFFFF still fits in a Long; the position after it does
+            // not. 2 * 0x40000000 is 2^31, and 2 * -2^31 is below -2^31.
+            QTest::addRow("%s 0x3FFFFFFF data words", name) << game << Room{0x3FFFFFFF, 0, 0, 0, 0, 0, true};
+            QTest::addRow("%s 0x40000000 data words", name) << game << Room{0x40000000, 0, 0, 0, 0, 0, true};
             QTest::addRow("%s 0x80000000 data words", name) << game << Room{0x80000000, 0, 0, 0, 0, 0, true};
             // Negative counts that take the position before the start of the file.
             QTest::addRow("%s -1024 portals", name) << game << Room{0, -1024, 0, 0, 0, 0, true};
             QTest::addRow("%s -1365 lights", name) << game << Room{0, 0, 0, 0, -1365, 0, true};
+            QTest::addRow("%s -5000 data words", name) << game << Room{quint32(-5000), 0, 0, 0, 0, 0, true};
         }
     }
 
@@ -235,19 +238,26 @@ private slots:
     void tileCount_data()
     {
         QTest::addColumn<Game>("game");
-        QTest::addColumn<quint32>("tiles");
+        QTest::addColumn<quint32>("raw");
+        QTest::addColumn<bool>("recorded"); // at 1796, as a signed count with both block sizes
         QTest::addColumn<qint64>("tiles8Size");
         QTest::addColumn<qint64>("tiles16Size");
         QTest::addColumn<bool>("complete");
         for (Game game : {Game::TR2, Game::TR3}) {
             const char* name = game == Game::TR2 ? "TR2" : "TR3";
-            QTest::addRow("%s 3", name) << game << 3u << qint64(196608) << qint64(393216) << true;
-            // 21845 * 3 * 65536 is the most tile bytes a position below 2^32 can skip.
-            QTest::addRow("%s 21845 walks past the end", name)
-                << game << 21845u << qint64(1431633920) << qint64(2863267840) << true;
-            QTest::addRow("%s 21846", name) << game << 21846u << qint64(1431699456) << qint64(2863398912) << false;
-            QTest::addRow("%s 65535", name) << game << 65535u << qint64(4294901760) << qint64(0) << false;
-            QTest::addRow("%s 65536", name) << game << 65536u << qint64(0) << qint64(0) << false;
+            QTest::addRow("%s 3", name) << game << 3u << true << qint64(196608) << qint64(393216) << true;
+            // 10922 * 3 * 65536 is the most tile bytes a Long position can skip.
+            QTest::addRow("%s 10922 walks past the end", name)
+                << game << 10922u << true << qint64(715784192) << qint64(1431568384) << true;
+            QTest::addRow("%s 10923", name) << game << 10923u << true << qint64(715849728) << qint64(1431699456) << false;
+            // 16384 * 131072 is 2^31: the count is not recorded.
+            QTest::addRow("%s 16384", name) << game << 16384u << false << qint64(0) << qint64(0) << false;
+            QTest::addRow("%s 32768", name) << game << 32768u << false << qint64(0) << qint64(0) << false;
+            // -1 steps back before the start: the room count cannot be read.
+            QTest::addRow("%s -1", name) << game << 0xFFFFFFFFu << true << qint64(-65536) << qint64(-131072) << false;
+            QTest::addRow("%s -16384", name) << game << quint32(-16384) << true << qint64(-1073741824)
+                                              << qint64(-2147483648LL) << false;
+            QTest::addRow("%s -16385", name) << game << quint32(-16385) << false << qint64(0) << qint64(0) << false;
         }
     }
 
@@ -257,64 +267,95 @@ private slots:
     void tileCount()
     {
         QFETCH(Game, game);
-        QFETCH(quint32, tiles);
+        QFETCH(quint32, raw);
+        QFETCH(bool, recorded);
         QFETCH(qint64, tiles8Size);
         QFETCH(qint64, tiles16Size);
         QFETCH(bool, complete);
-        const C_LevelInfo info = walkBytes(overridden(game, Field::TileCount, tiles).build());
+        const C_LevelInfo info = walkBytes(overridden(game, Field::TileCount, raw).build());
         const LevelWalk::Result& walk = info.Walk();
-        QCOMPARE(walk.tileCountPosition, 1796);
-        QCOMPARE(walk.tileCount, qint64(tiles));
+        QCOMPARE(walk.tileCountPosition, recorded ? 1796 : 0);
+        QCOMPARE(walk.tileCount, recorded ? qint64(qint32(raw)) : 0);
         QCOMPARE(walk.tiles8Size, tiles8Size);
         QCOMPARE(walk.tiles16Size, tiles16Size);
         (complete ? emptyWalk(game).shiftedBy(tiles8Size + tiles16Size) : ExpectedWalk()).verify(info);
     }
 
-    void overflowingCounts_data()
+    void hostileCounts_data()
     {
         QTest::addColumn<SyntheticLevel>("level");
         QTest::addColumn<ExpectedWalk>("expected");
 
+        // Long counts are signed. A table whose bytes overflow a Long is not
+        // recorded; one whose end overflows is, and the walk ends after it.
         ExpectedWalk e;
-        e.objectTexture = {1850, 0xFFFFFFFF, 0};
-        QTest::newRow("TR2 object textures 0xFFFFFFFF") << overridden(Game::TR2, Field::ObjectTextures, 0xFFFFFFFF) << e;
-        // 20 * 0x0CCCCCCC still fits in 32 bits; the position after it does not.
-        e.objectTexture = {1850, 0x0CCCCCCC, 0xFFFFFFF0};
-        QTest::newRow("TR2 object textures 0x0CCCCCCC") << overridden(Game::TR2, Field::ObjectTextures, 0x0CCCCCCC) << e;
+        e.objectTexture = {1850, 0x06666666, 0x7FFFFFF8};
+        QTest::newRow("TR2 object textures 0x06666666") << overridden(Game::TR2, Field::ObjectTextures, 0x06666666) << e;
+        QTest::newRow("TR2 object textures 0x06666667") << overridden(Game::TR2, Field::ObjectTextures, 0x06666667)
+                                                         << ExpectedWalk();
 
         e = emptyWalk(Game::TR2).shiftedBy(0x1400000);
         e.objectTexture = {1850, 0x100000, 0x1400000};
         QTest::newRow("TR2 object textures past the end") << overridden(Game::TR2, Field::ObjectTextures, 0x100000) << e;
 
+        // A negative count steps back, here into zeros, and the walk goes on
+        // from there: the boxes then read the object texture count, -1 again.
+        e = emptyWalk(Game::TR2);
+        e.objectTexture = {1850, -1, -20};
+        e.spriteTexture = {1834, 0, 0};
+        e.spriteSequence = {1838, 0, 0};
+        e.cameras = 1842;
+        e.animatedTexture = {1830, 0, 0};
+        e.items = 1834;
+        QTest::newRow("TR2 object textures -1") << overridden(Game::TR2, Field::ObjectTextures, 0xFFFFFFFF) << e;
+
         e = emptyWalk(Game::TR3);
-        e.objectTexture = {1878, 0xFFFFFFFF, 0};
+        e.objectTexture = {1878, -1, -20};
+        e.items = 1862;
+        QTest::newRow("TR3 object textures -1") << overridden(Game::TR3, Field::ObjectTextures, 0xFFFFFFFF) << e;
+        e = emptyWalk(Game::TR3);
+        e.objectTexture = {};
         e.items = 0;
         e.complete = false;
-        QTest::newRow("TR3 object textures 0xFFFFFFFF") << overridden(Game::TR3, Field::ObjectTextures, 0xFFFFFFFF) << e;
-        e.animatedTexture = {1874, 0x80000000, 0};
-        e.objectTexture = {};
-        QTest::newRow("TR3 animated textures 0x80000000") << overridden(Game::TR3, Field::AnimatedTextures, 0x80000000) << e;
+        e.animatedTexture = {1874, 0x3FFFFFFF, 0x7FFFFFFE};
+        QTest::newRow("TR3 animated textures 0x3FFFFFFF") << overridden(Game::TR3, Field::AnimatedTextures, 0x3FFFFFFF) << e;
+        e.animatedTexture = {};
+        QTest::newRow("TR3 animated textures 0x40000000") << overridden(Game::TR3, Field::AnimatedTextures, 0x40000000) << e;
+        QTest::newRow("TR3 animated textures -2^31") << overridden(Game::TR3, Field::AnimatedTextures, 0x80000000) << e;
 
         e = ExpectedWalk();
         e.objectTexture = {1850, 0, 0};
-        e.spriteTexture = {1854, 0x10000000, 0};
-        QTest::newRow("TR2 sprite textures 0x10000000") << overridden(Game::TR2, Field::SpriteTextures, 0x10000000) << e;
+        e.spriteTexture = {1854, 0x07FFFFFF, 0x7FFFFFF0};
+        QTest::newRow("TR2 sprite textures 0x07FFFFFF") << overridden(Game::TR2, Field::SpriteTextures, 0x07FFFFFF) << e;
+        e.spriteTexture = {};
+        QTest::newRow("TR2 sprite textures 0x08000000") << overridden(Game::TR2, Field::SpriteTextures, 0x08000000) << e;
         e.spriteTexture = {1854, 0, 0};
         e.spriteSequence = {1858, 0, 0};
         e.cameras = 1862;
-        QTest::newRow("TR2 boxes 0x20000000") << overridden(Game::TR2, Field::Boxes, 0x20000000) << e;
-        // 8 boxes per count fit, the 20-byte zones behind the overlaps do not.
         QTest::newRow("TR2 boxes 0x10000000") << overridden(Game::TR2, Field::Boxes, 0x10000000) << e;
+        // 8 bytes per box fit, the 20-byte zones behind the overlaps do not.
+        QTest::newRow("TR2 boxes 0x06666667") << overridden(Game::TR2, Field::Boxes, 0x06666667) << e;
+        // -1 box steps back 4 bytes, its zones 20 more: the animated textures
+        // are then looked for at the object texture count.
+        e = emptyWalk(Game::TR2);
+        e.animatedTexture = {1850, 0, 0};
+        e.items = 1854;
+        QTest::newRow("TR2 boxes -1") << overridden(Game::TR2, Field::Boxes, 0xFFFFFFFF) << e;
 
-        QTest::newRow("TR2 floor data 0x80000000") << overridden(Game::TR2, Field::FloorData, 0x80000000) << ExpectedWalk();
+        QTest::newRow("TR2 floor data -2^31") << overridden(Game::TR2, Field::FloorData, 0x80000000) << ExpectedWalk();
         QTest::newRow("TR3 mesh data 0x7FFFFFFF") << overridden(Game::TR3, Field::MeshData, 0x7FFFFFFF) << ExpectedWalk();
+        // Back before the start: the mesh data count cannot be read.
+        QTest::newRow("TR2 floor data -1000") << overridden(Game::TR2, Field::FloorData, quint32(-1000)) << ExpectedWalk();
 
         for (Game game : {Game::TR2, Game::TR3}) {
             const char* name = game == Game::TR2 ? "TR2" : "TR3";
+            // 1800 bytes back the palettes' zeros read as an empty level.
+            QTest::addRow("%s floor data -900", name) << overridden(game, Field::FloorData, quint32(-900))
+                                                      << emptyWalk(game).shiftedBy(-1800);
+            QTest::addRow("%s items -1", name) << overridden(game, Field::Items, 0xFFFFFFFF) << emptyWalk(game);
             e = emptyWalk(game);
             e.complete = false;
-            QTest::addRow("%s items 0xFFFFFFFF", name) << overridden(game, Field::Items, 0xFFFFFFFF) << e;
-            QTest::addRow("%s sample indices 0x40000000", name) << overridden(game, Field::SampleIndices, 0x40000000) << e;
+            QTest::addRow("%s sample indices 0x20000000", name) << overridden(game, Field::SampleIndices, 0x20000000) << e;
 
             addTailRow(game, "cinematic frames 2047", Field::CinematicFrames, 2047, true);
             addTailRow(game, "cinematic frames 2048", Field::CinematicFrames, 2048, false);
@@ -336,7 +377,8 @@ private slots:
             // Only the low half of the sound detail field is a count.
             addTailRow(game, "sound details 0xFFFF0000", Field::SoundDetails, 0xFFFF0000, true, true);
             addTailRow(game, "sound details 0x00011000", Field::SoundDetails, 0x00011000, false, true);
-            addTailRow(game, "sample indices 0x3FFFFFFF", Field::SampleIndices, 0x3FFFFFFF, false, true);
+            addTailRow(game, "sample indices 0x1FFFFFFF", Field::SampleIndices, 0x1FFFFFFF, false, true);
+            addTailRow(game, "sample indices -1", Field::SampleIndices, -1, true);
 
             // Deep in a level, 16 * -2049 falls below -32768 though the position
             // it leads to would still lie in the file.
@@ -349,7 +391,7 @@ private slots:
         }
     }
 
-    void overflowingCounts()
+    void hostileCounts()
     {
         QFETCH(SyntheticLevel, level);
         QFETCH(ExpectedWalk, expected);

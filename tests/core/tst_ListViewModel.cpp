@@ -1,10 +1,13 @@
 #include "ListViewModel.h"
+#include "NumberText.h"
 #include "m_Code.h"
 
 #include <QAbstractItemModelTester>
 #include <QPersistentModelIndex>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <memory>
 
 class tst_ListViewModel : public QObject
 {
@@ -49,6 +52,10 @@ private slots:
                                              {QStringLiteral("Kn"), QStringLiteral("dup2"), {}, Qt::Unchecked}};
         QCOMPARE(model->appendRows(std::move(bulk)), 1);
         QCOMPARE(model->text(model->findKey(QStringLiteral("Kn"))), QStringLiteral("new"));
+        std::vector<ListCell> cells{ListCell(u"Kz"), ListCell(u"z"), ListCell(u"Kn"), ListCell(u"n2"),
+                                    ListCell(u"Kz"), ListCell(u"z2")};
+        QCOMPARE(model->appendCellRows(std::move(cells), 2), 1);
+        QCOMPARE(model->text(model->findKey(QStringLiteral("Kz"))), QStringLiteral("z"));
         model->clear();
         QCOMPARE(model->count(), 0);
         QCOMPARE(model->findKey(QStringLiteral("Ka")), -1);
@@ -160,17 +167,96 @@ private slots:
         QCOMPARE(model.rowsWithKeyLike(u"a01*"), (QList<int>{1}));
     }
 
-    void bulkAppendNotifiesOnce()
+    void cellTexts_data()
     {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("twin"); // a text that must stay another key
+        QTest::newRow("zero") << "0" << "00";
+        QTest::newRow("zero-padded") << "007" << "7";
+        QTest::newRow("minus zero") << "-0" << "0";
+        QTest::newRow("negative") << "-12" << "12";
+        QTest::newRow("widest number") << "4294967295" << "04294967295";
+        QTest::newRow("past the widest") << "4294967296" << "4294967297";
+        QTest::newRow("too many digits") << "00000000000000000000000000000000001" << "1";
+        QTest::newRow("letter") << "T120" << "S120";
+        QTest::newRow("letter, padded") << "A0512" << "A512";
+        QTest::newRow("letter, negative") << "T-5" << "-5";
+        QTest::newRow("other letter") << "\u01C57" << "\u01C87";
+        QTest::newRow("dash") << "05-3" << "053";
+        QTest::newRow("dash, negative") << "-5-3" << "-53";
+        QTest::newRow("dash, letter") << "T05-3" << "T053";
+        QTest::newRow("dash at the end") << "5-" << "5";
+        QTest::newRow("two dashes") << "5-3-1" << "5-31";
+        QTest::newRow("double dash") << "5--3" << "5-3";
+        QTest::newRow("plus") << "+5" << "5";
+        QTest::newRow("space") << " 5" << "5";
+        QTest::newRow("word") << "x" << "y";
+        QTest::newRow("exponent") << "1e3" << "1000";
+    }
+
+    // Numbers are kept compactly, every other text as it is: either way a
+    // cell reads back exactly as written, keys stay apart from their near
+    // twins, and a sub-item's number is read as from its text.
+    void cellTexts()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, twin);
+        ListViewModel model({QStringLiteral("No"), QStringLiteral("Value")});
+        QCOMPARE(model.addRow(text, text, {text}), 0);
+        QCOMPARE(model.addRow(twin, twin, {twin}), 1);
+        for (int row : {0, 1}) {
+            const QString expected = row == 0 ? text : twin;
+            QCOMPARE(model.key(row), expected);
+            QCOMPARE(model.data(model.index(row, 0)).toString(), expected);
+            QCOMPARE(model.row(row).subItems, QStringList{expected});
+            QCOMPARE(model.findKey(expected), row);
+            QCOMPARE(model.subItemNumber(row, 1), NumberText::valueOf(expected));
+            QCOMPARE(model.rowsWithTextLike(expected), QList<int>{row});
+        }
+    }
+
+    void bulkAppend_data()
+    {
+        QTest::addColumn<bool>("asCells");
+        QTest::newRow("rows") << false;
+        QTest::newRow("cells") << true;
+    }
+
+    // Thousands of rows come in with one notification, findable by key; rows
+    // taken away from the end leave the others whole, and a grown row keeps
+    // its cells.
+    void bulkAppend()
+    {
+        QFETCH(bool, asCells);
+        constexpr int Rows = 5000;
         ListViewModel model({QStringLiteral("No")});
-        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        auto tester = std::make_unique<QAbstractItemModelTester>(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
         QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-        std::vector<ListViewModel::Row> rows;
-        for (int i = 0; i < 500; ++i)
-            rows.push_back({QStringLiteral("T%1").arg(i), QString::number(i), {}, Qt::Unchecked});
-        QCOMPARE(model.appendRows(std::move(rows)), 500);
+        if (asCells) {
+            QCOMPARE(model.appendCellRows(Rows, 3, [](qsizetype i, ListCell* cells) {
+                cells[0] = ListCell::number(i, 0, u'T');
+                cells[1] = ListCell::number(i, 4);
+                cells[2] = ListCell::number(-i);
+            }), Rows);
+        } else {
+            std::vector<ListViewModel::Row> rows;
+            for (int i = 0; i < Rows; ++i)
+                rows.push_back({QStringLiteral("T%1").arg(i), NumberText::padded(i, 4), {QString::number(-i)}, Qt::Unchecked});
+            QCOMPARE(model.appendRows(std::move(rows)), Rows);
+        }
         QCOMPARE(inserted.count(), 1);
-        QCOMPARE(model.findKey(QStringLiteral("T499")), 499);
+        tester.reset(); // it checks the whole model on every removal below
+        QCOMPARE(model.findKey(QStringLiteral("T4999")), 4999);
+        QCOMPARE(model.addRow(QStringLiteral("T7"), QStringLiteral("again")), -1);
+        QCOMPARE(model.text(7), QStringLiteral("0007"));
+        for (int i = Rows - 1; i >= 1000; --i)
+            QVERIFY(model.removeAt(i));
+        model.setSubItem(3, 4, QStringLiteral("far"));
+        QCOMPARE(model.findKey(QStringLiteral("T999")), 999);
+        QCOMPARE(model.findKey(QStringLiteral("T1000")), -1);
+        QCOMPARE(model.row(3).subItems, (QStringList{"-3", "", "", "far"}));
+        QCOMPARE(model.row(999).subItems, QStringList{"-999"});
+        QCOMPARE(model.rowsWithKeyLike(u"T99*"), (QList<int>{99, 990, 991, 992, 993, 994, 995, 996, 997, 998, 999}));
     }
 };
 

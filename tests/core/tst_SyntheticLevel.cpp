@@ -43,16 +43,18 @@ private slots:
         QCOMPARE(bytes.mid(pointers, 12), QByteArray("\x02\0\0\0" "12345\0\0\0", 12));
     }
 
-    // A negative count is written as asked and announces no byte.
+    // A negative count, 16-bit or Long, is written as asked and announces no byte.
     void negativeCountsAddNoBytes()
     {
         SyntheticLevel level(Game::TR3);
         level.setCount(SyntheticField::CinematicFrames, -5);
         level.setCount(SyntheticField::DemoData, -32768);
         level.setCount(SyntheticField::SoundDetails, -1);
+        level.setCount(SyntheticField::Boxes, -2);
         const QByteArray bytes = level.build();
         QCOMPARE(qint64(bytes.size()), SyntheticLevel(Game::TR3).layout().length);
         QCOMPARE(bytes.mid(level.layout().at(SyntheticField::SoundDetails), 4), QByteArray(4, '\xFF'));
+        QCOMPARE(bytes.mid(level.layout().at(SyntheticField::Boxes), 4), QByteArray::fromHex("feffffff"));
     }
 
     void ofSize_data()
