@@ -71,3 +71,13 @@ void EditorState::ShowStatus(const QString& message)
 {
     emit statusMessage(message);
 }
+
+void EditorState::DrawCheckedObjects()
+{
+    emit drawObjectsRequested();
+}
+
+void EditorState::DrawCheckedSprites()
+{
+    emit drawSpritesRequested();
+}

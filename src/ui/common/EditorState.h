@@ -72,10 +72,18 @@ public:
     // A line in the window's status bar: what a silent failure did.
     void ShowStatus(const QString& message);
 
+    // The object texture page's Draw and the sprite page's Draw, for pages
+    // that tick rows of lsvObjects or lsvSpriteIndex and then want them
+    // outlined (the animation and sequence pages).
+    void DrawCheckedObjects();
+    void DrawCheckedSprites();
+
 signals:
     void dirtyChanged(bool dirty);
     void reloadPictureRequested();
     void statusMessage(const QString& message);
+    void drawObjectsRequested();
+    void drawSpritesRequested();
 
 private:
     IPromptService* m_prompts;
