@@ -218,34 +218,42 @@ void tst_AnimationPage::removingATextureRenumbersTheOrder()
 void tst_AnimationPage::editReplacesTheDetailsAtTheEnd_data()
 {
     QTest::addColumn<bool>("onlyOne");
-    QTest::newRow("two animations: summary kept") << false;
-    QTest::newRow("the only animation: summary refreshed") << true;
+    QTest::addColumn<QString>("edited");
+    QTest::addColumn<QStringList>("textures");
+    QTest::addColumn<QString>("number"); // the summary's "Number" afterwards
+    QTest::newRow("first of two: summary kept") << false << "00" << QStringList({"16", "17", "18", "19"}) << "4";
+    QTest::newRow("last of two: summary kept") << false << "01" << QStringList({"20", "21", "22"}) << "3";
+    QTest::newRow("the only one: summary refreshed") << true << "01" << QStringList({"20", "21", "22"}) << "4";
 }
 
 void tst_AnimationPage::editReplacesTheDetailsAtTheEnd()
 {
     QFETCH(bool, onlyOne);
+    QFETCH(QString, edited);
+    QFETCH(QStringList, textures);
+    QFETCH(QString, number);
     Page p;
     if (onlyOne) {
         p.user.choose("lsvAnims", QStringLiteral("00"));
         p.user.press("cmdDelAnim");
     }
-    p.user.choose("lsvAnims", QStringLiteral("01"));
-    QCOMPARE(p.label("lblNextAnim"), QStringLiteral("1"));
-    QCOMPARE(p.texts(p.next), QStringList({"20", "21", "22"}));
+    p.user.choose("lsvAnims", edited);
+    QCOMPARE(p.label("lblNextAnim"), QString::number(edited.toInt()));
+    QCOMPARE(p.texts(p.next), textures);
     p.user.press("cmdEditAnim");
     QCOMPARE(p.caption("cmdEditAnim"), QStringLiteral("Accept"));
-    p.user.sendTextures({"2"});
+    p.user.choose("lsvNextAnim", textures.first());
+    p.user.press("cmdDelText");
+    p.user.sendTextures({"2", "4"});
     p.user.press("cmdEditAnim");
 
-    const int row = p.anims.findKey(QStringLiteral("A01"));
-    QCOMPARE(p.anims.text(row), QStringLiteral("01"));
-    QCOMPARE(p.anims.subItem(row, 1), onlyOne ? QStringLiteral("4") : QStringLiteral("3"));
-    QCOMPARE(p.texturesOf(QStringLiteral("01")), QStringList({"20", "21", "22", "2"}));
+    const int row = p.anims.findKey(QLatin1Char('A') + edited);
+    QCOMPARE(p.anims.text(row), edited);
+    QCOMPARE(p.anims.subItem(row, 1), number);
+    QCOMPARE(p.anims.subItem(row, 2), onlyOne ? textures[1] : textures[0]);
+    QCOMPARE(p.texturesOf(edited), textures.mid(1) + QStringList({"2", "4"}));
     // The edited animation's detail rows now come last.
-    QCOMPARE(p.details.text(p.details.count() - 1), QStringLiteral("01-3"));
-    if (!onlyOne)
-        QCOMPARE(p.details.text(0), QStringLiteral("00-0"));
+    QCOMPARE(p.details.text(p.details.count() - 1), QStringLiteral("%1-%2").arg(edited).arg(textures.size()));
     QCOMPARE(p.caption("cmdEditAnim"), QStringLiteral("Edit"));
     QVERIFY(!p.enabled("cmdEditAnim"));
     QCOMPARE(p.oneAnim.count(), 0);
