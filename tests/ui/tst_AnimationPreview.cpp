@@ -4,8 +4,6 @@
 #include "EditorState.h"
 #include "ListView.h"
 #include "PageUser.h"
-#include "SequencePage.h"
-#include "UserActions.h"
 #include "ucAnimTexture.h"
 
 #include <QAbstractButton>
@@ -17,9 +15,9 @@
 
 #include <climits>
 
-// The preview control and the two pages' previews: frames shown doubled,
-// the timers stepped tick by tick (never waited for), the shared frame
-// counter, and the Draw buttons that tick the texture checklists.
+// The preview control and the pages' previews: frames shown doubled, the
+// timers fired tick by tick (never waited for), the shared frame counter,
+// and the Draw buttons that tick the texture checklists.
 class tst_AnimationPreview : public QObject
 {
     Q_OBJECT
@@ -27,36 +25,47 @@ class tst_AnimationPreview : public QObject
     struct Page
     {
         EditorFixture f;
-        PageUser user{f};
+        PageUser user;
         EditorState& state = f.window->state();
-        ucAnimTexture& preview1 = *f.find<ucAnimTexture>("ucAnimTexture1");
-        ucAnimTexture& preview2 = *f.find<ucAnimTexture>("ucAnimTexture2");
         QTimer& timer1 = *f.find<QTimer>("Timer1");
         QTimer& timer2 = *f.find<QTimer>("Timer2");
 
         explicit Page(int tab = 2)
+            : user(f, tab)
         {
-            f.openList(f.listPath());
-            UserActions::showTab(f, tab);
         }
         static void tick(QTimer& timer) { QMetaObject::invokeMethod(&timer, "timeout"); }
-        static QRect shown(const ucAnimTexture& preview)
+        QRect shown(const char* preview) const
         {
-            return {preview.FrameOrigin(), preview.FrameViewport() / 2};
+            const ucAnimTexture& control = *f.find<ucAnimTexture>(preview);
+            return control.IsShowingFrame() ? QRect(control.FrameOrigin(), control.FrameViewport() / 2) : QRect();
+        }
+        void expectRunning(bool running, const char* button, const QTimer& timer, const char* list) const
+        {
+            QCOMPARE(user.button(button).text(), running ? QStringLiteral("Stop") : QStringLiteral("Start"));
+            QCOMPARE(timer.isActive(), running);
+            QCOMPARE(timer.interval(), running ? 400 : 0);
+            QCOMPARE(user.list(list).isEnabled(), !running);
         }
     };
+
+    static void showControl(ucAnimTexture& preview, QSize size)
+    {
+        // Shown first: showing resizes it, and a resize puts the picture back.
+        preview.resize(size);
+        preview.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&preview));
+    }
 
 private slots:
     void putPictureShowsTheRectangleDoubled_data();
     void putPictureShowsTheRectangleDoubled();
-    void framesShowOnlyAfterInit();
+    void theControlBeforeAndAfterItsPicture();
     void animationPreviewCyclesThroughItsFrames();
-    void aFrameWithoutGeometryStopsThePreview();
-    void startWithoutFramesStaysStopped();
+    void framesWithoutGeometryStopThePreview();
     void bothPreviewsStepOneSharedCounter();
     void drawTicksTheChecklistThenAsksForTheDrawing_data();
     void drawTicksTheChecklistThenAsksForTheDrawing();
-    void closingTheListStopsThePreviews();
 };
 
 void tst_AnimationPreview::putPictureShowsTheRectangleDoubled_data()
@@ -74,57 +83,44 @@ void tst_AnimationPreview::putPictureShowsTheRectangleDoubled()
     EditorFixture f;
     const QImage bitmap = QImage(f.bitmapPath()).convertToFormat(QImage::Format_RGB32);
     ucAnimTexture preview;
-    preview.resize(140, 140);
-    // Shown first: a resize puts the picture back to the top-left.
-    preview.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&preview));
+    showControl(preview, {140, 140});
     QVERIFY(preview.Init(f.bitmapPath()));
     preview.PutPicture(area.x(), area.y(), area.width(), area.height());
-    QCOMPARE(preview.FrameViewport(), QSize(2 * area.width(), 2 * area.height()));
 
     const QImage image = preview.grab().toImage().convertToFormat(QImage::Format_RGB32);
-    const QRgb background = image.pixel(image.width() - 2, image.height() - 2);
-    for (int y = 0; y < image.height() - 1; ++y) {
-        for (int x = 0; x < image.width() - 1; ++x) {
+    const QRgb background = image.pixel(138, 138);
+    // Every pixel inside the border line: a 2 x 2 block of the bitmap inside
+    // the frame, the background outside it and off the bitmap.
+    for (int y = 1; y < 139; ++y) {
+        for (int x = 1; x < 139; ++x) {
             const QPoint source(area.x() + x / 2, area.y() + y / 2);
-            const bool inFrame = x < 2 * area.width() && y < 2 * area.height();
-            const QRgb expected = inFrame && bitmap.valid(source) ? bitmap.pixel(source) : background;
-            if (x == 0 || y == 0)
-                continue; // the control's border line
-            if (image.pixel(x, y) != expected)
-                QFAIL(qPrintable(QStringLiteral("pixel (%1, %2) shows %3, not %4").arg(x).arg(y).arg(image.pixel(x, y), 0, 16).arg(expected, 0, 16)));
+            const bool inFrame = x < 2 * area.width() && y < 2 * area.height() && bitmap.valid(source);
+            if (image.pixel(x, y) != (inFrame ? bitmap.pixel(source) : background))
+                QFAIL(qPrintable(QStringLiteral("pixel (%1, %2) is wrong").arg(x).arg(y)));
         }
     }
 }
 
-void tst_AnimationPreview::framesShowOnlyAfterInit()
+void tst_AnimationPreview::theControlBeforeAndAfterItsPicture()
 {
     EditorFixture f;
     ucAnimTexture preview;
-    preview.resize(100, 80);
-    preview.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&preview));
+    showControl(preview, {100, 80});
     preview.PutPicture(0, 0, 8, 8);
     QVERIFY(!preview.IsShowingFrame());
-    QVERIFY(preview.Init(f.bitmapPath()));
-    // Init shows the bitmap's top left over the control, then leaves the
-    // viewport 6 pixels short of its size.
-    QVERIFY(preview.IsShowingFrame());
+    // Init shows the top-left over the control, the viewport 6 pixels short.
+    QVERIFY(preview.Init(f.bitmapPath()) && preview.IsShowingFrame());
     QCOMPARE(preview.FrameViewport(), QSize(94, 74));
     preview.PutPicture(INT_MAX, INT_MIN, INT_MAX, INT_MAX);
     QVERIFY(!preview.grab().isNull());
-    // A resize fits the viewport to the control, back at the top-left.
     preview.resize(120, 90);
-    QCOMPARE(preview.FrameOrigin(), QPoint(0, 0));
-    QCOMPARE(preview.FrameViewport(), QSize(120, 90));
+    QCOMPARE(QRect(preview.FrameOrigin(), preview.FrameViewport()), QRect(0, 0, 120, 90));
     preview.StopAnim();
     QVERIFY(!preview.IsShowingFrame());
     QCOMPARE(preview.FrameViewport(), QSize(114, 84));
-    preview.NoPicture();
+    QVERIFY(!preview.Init(f.dir.filePath(QStringLiteral("missing.bmp"))));
     preview.PutPicture(0, 0, 8, 8);
     QVERIFY(!preview.IsShowingFrame());
-    QVERIFY(!preview.Init(f.dir.filePath(QStringLiteral("missing.bmp"))));
-    QVERIFY(!preview.IsLoaded());
 }
 
 void tst_AnimationPreview::animationPreviewCyclesThroughItsFrames()
@@ -132,33 +128,27 @@ void tst_AnimationPreview::animationPreviewCyclesThroughItsFrames()
     Page p;
     p.user.choose("lsvAnims", QStringLiteral("01"));
     p.user.press("cmdAnim");
-    QCOMPARE(p.user.button("cmdAnim").text(), QStringLiteral("Stop"));
-    QVERIFY(p.timer1.isActive());
-    QCOMPARE(p.timer1.interval(), 400);
+    p.expectRunning(true, "cmdAnim", p.timer1, "lsvAnims");
     QCOMPARE(p.state.PreviewFrameCount, 3);
-    // No other animation can be chosen while it plays.
-    QVERIFY(!p.user.list("lsvAnims").isEnabled());
-    p.user.choose("lsvAnims", QStringLiteral("00"));
-    QCOMPARE(p.f.window->animationPage().lsvOneAnim().text(0), QStringLiteral("20"));
-
+    p.user.choose("lsvAnims", QStringLiteral("00")); // refused while playing
     QList<QRect> frames;
     for (int tick = 0; tick < 4; ++tick) {
         Page::tick(p.timer1);
-        frames << Page::shown(p.preview1);
+        frames << p.shown("ucAnimTexture1");
     }
     QCOMPARE(frames, QList<QRect>({QRect(0, 320, 64, 64), QRect(64, 320, 64, 64), QRect(128, 320, 64, 64),
                                    QRect(0, 320, 64, 64)}));
-    QVERIFY(p.preview1.IsShowingFrame());
+    p.user.press("cmdAnim");
+    p.expectRunning(false, "cmdAnim", p.timer1, "lsvAnims");
+    QVERIFY(p.shown("ucAnimTexture1").isNull());
 
     p.user.press("cmdAnim");
-    QCOMPARE(p.user.button("cmdAnim").text(), QStringLiteral("Start"));
-    QVERIFY(!p.timer1.isActive());
-    QCOMPARE(p.timer1.interval(), 0);
-    QVERIFY(!p.preview1.IsShowingFrame());
-    QVERIFY(p.user.list("lsvAnims").isEnabled());
+    Page::tick(p.timer1);
+    p.f.find<QAction>("mnuFileCloseList")->trigger();
+    p.expectRunning(false, "cmdAnim", p.timer1, "lsvAnims");
 }
 
-void tst_AnimationPreview::aFrameWithoutGeometryStopsThePreview()
+void tst_AnimationPreview::framesWithoutGeometryStopThePreview()
 {
     Page p;
     // Texture 30 is offered (the index list counts from 1) but does not exist.
@@ -166,26 +156,16 @@ void tst_AnimationPreview::aFrameWithoutGeometryStopsThePreview()
     p.user.choose("lsvAnims", QStringLiteral("02"));
     p.user.press("cmdAnim");
     Page::tick(p.timer1);
-    QCOMPARE(Page::shown(p.preview1), QRect(64, 64, 64, 64));
+    QCOMPARE(p.shown("ucAnimTexture1"), QRect(64, 64, 64, 64));
     Page::tick(p.timer1);
-    QCOMPARE(p.user.button("cmdAnim").text(), QStringLiteral("Start"));
-    QVERIFY(!p.timer1.isActive());
-    QVERIFY(!p.preview1.IsShowingFrame());
-    QVERIFY(p.user.list("lsvAnims").isEnabled());
-}
+    p.expectRunning(false, "cmdAnim", p.timer1, "lsvAnims");
+    QVERIFY(p.shown("ucAnimTexture1").isNull());
 
-void tst_AnimationPreview::startWithoutFramesStaysStopped()
-{
-    Page p;
-    p.user.choose("lsvAnims", QStringLiteral("01"));
-    p.user.press("cmdEditAnim");
-    p.user.press("cmdEditAnim");
     // Accepting an edit empties the frames but leaves Start enabled.
-    QCOMPARE(p.f.window->animationPage().lsvOneAnim().count(), 0);
+    p.user.press("cmdEditAnim");
+    p.user.press("cmdEditAnim");
     p.user.press("cmdAnim");
-    QCOMPARE(p.user.button("cmdAnim").text(), QStringLiteral("Start"));
-    QVERIFY(!p.timer1.isActive());
-    QVERIFY(p.user.list("lsvAnims").isEnabled());
+    p.expectRunning(false, "cmdAnim", p.timer1, "lsvAnims");
 }
 
 void tst_AnimationPreview::bothPreviewsStepOneSharedCounter()
@@ -195,25 +175,22 @@ void tst_AnimationPreview::bothPreviewsStepOneSharedCounter()
     p.user.press("cmdAnim");
     Page::tick(p.timer1);
     Page::tick(p.timer1);
-
-    UserActions::showTab(p.f, 4);
+    p.user.showTab(4);
     p.user.choose("lsvSequences", QStringLiteral("00001"));
     p.user.press("cmdSequnce");
+    p.expectRunning(true, "cmdSequnce", p.timer2, "lsvSequences");
     QCOMPARE(p.state.PreviewFrameCount, 8);
-    QVERIFY(!p.user.list("lsvSequences").isEnabled());
-    // The sequence starts at the third frame, where the counter stands.
+    // The sequence starts at the third frame, where the shared counter stands;
+    // a sprite's stored extent reaches past the control's edges.
+    const QList<SpriteTexture> sprites = DemoLevel().spriteTextures();
     Page::tick(p.timer2);
-    const SpriteTexture sprite = DemoLevel().spriteTextures()[4 + 2];
-    QCOMPARE(p.preview2.FrameOrigin(), QPoint(sprite.x, sprite.tile * 256 + sprite.y));
-    // The sprite's stored extent is far larger than the control: the frame
-    // reaches the control's edges.
-    QCOMPARE(p.preview2.FrameViewport(), QSize(2 * sprite.width, 2 * sprite.height));
-    // The animation has no fourth frame: its next tick stops it.
+    const SpriteTexture& third = sprites[6];
+    QCOMPARE(p.shown("ucAnimTexture2"), QRect(third.x, third.tile * 256 + third.y, third.width, third.height));
+    // The animation has no fourth frame: its next tick stops it alone.
     Page::tick(p.timer1);
-    QVERIFY(!p.timer1.isActive());
-    QVERIFY(p.timer2.isActive());
+    p.expectRunning(false, "cmdAnim", p.timer1, "lsvAnims");
     Page::tick(p.timer2);
-    QCOMPARE(p.preview2.FrameOrigin().x(), int(DemoLevel().spriteTextures()[4 + 3].x));
+    QCOMPARE(p.shown("ucAnimTexture2").x(), int(sprites[7].x));
 }
 
 void tst_AnimationPreview::drawTicksTheChecklistThenAsksForTheDrawing_data()
@@ -234,8 +211,7 @@ void tst_AnimationPreview::drawTicksTheChecklistThenAsksForTheDrawing()
     Page p(tab);
     const bool animation = tab == 2;
     ListViewModel& checklist = animation ? p.state.lsvObjects : p.state.lsvSpriteIndex;
-    // An earlier mark stays.
-    checklist.setCheckState(checklist.findKey(animation ? QStringLiteral("T3") : QStringLiteral("S3")), Qt::Checked);
+    checklist.setCheckState(checklist.findKey(ticked.first()), Qt::Checked); // an earlier mark stays
     QSignalSpy objects(&p.state, &EditorState::drawObjectsRequested);
     QSignalSpy sprites(&p.state, &EditorState::drawSpritesRequested);
     if (!chosen.isEmpty())
@@ -251,19 +227,6 @@ void tst_AnimationPreview::drawTicksTheChecklistThenAsksForTheDrawing()
     const int draws = chosen.isEmpty() ? 0 : 1;
     QCOMPARE(objects.count(), animation ? draws : 0);
     QCOMPARE(sprites.count(), animation ? 0 : draws);
-}
-
-void tst_AnimationPreview::closingTheListStopsThePreviews()
-{
-    Page p;
-    p.user.choose("lsvAnims", QStringLiteral("00"));
-    p.user.press("cmdAnim");
-    Page::tick(p.timer1);
-    p.f.find<QAction>("mnuFileCloseList")->trigger();
-    QVERIFY(!p.timer1.isActive());
-    QCOMPARE(p.user.button("cmdAnim").text(), QStringLiteral("Start"));
-    QVERIFY(!p.preview1.IsShowingFrame());
-    QVERIFY(p.user.list("lsvAnims").isEnabled());
 }
 
 QTEST_MAIN(tst_AnimationPreview)

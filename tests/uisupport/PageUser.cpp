@@ -2,60 +2,72 @@
 
 #include "EditorFixture.h"
 #include "ListView.h"
-#include "UserActions.h"
+#include "ListViewModel.h"
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabBar>
 #include <QTest>
 
-PageUser::PageUser(EditorFixture& fixture)
+PageUser::PageUser(EditorFixture& fixture, int tab)
     : m_fixture(fixture)
 {
+    m_fixture.openList(m_fixture.listPath());
+    m_fixture.window->show();
+    m_fixture.window->activateWindow();
+    if (!QTest::qWaitForWindowActive(m_fixture.window.get()))
+        qWarning("The window is not active: the caret cannot be followed");
+    showTab(tab);
 }
 
-namespace {
-
-template <typename T> T& found(const EditorFixture& fixture, const char* name)
+void PageUser::showTab(int tab) const
 {
-    T* control = fixture.find<T>(name);
-    if (!control)
-        qFatal("No control named %s", name);
-    return *control;
+    m_fixture.window->tbsStrip()->setCurrentIndex(tab - 1);
 }
-
-} // namespace
 
 QAbstractButton& PageUser::button(const char* name) const
 {
-    return found<QAbstractButton>(m_fixture, name);
+    return *m_fixture.find<QAbstractButton>(name);
 }
 
 ListView& PageUser::list(const char* name) const
 {
-    return found<ListView>(m_fixture, name);
+    return *m_fixture.find<ListView>(name);
 }
 
-QLineEdit& PageUser::box(const char* name) const
+QString PageUser::text(const char* name) const
 {
-    return found<QLineEdit>(m_fixture, name);
-}
-
-QLabel& PageUser::label(const char* name) const
-{
-    return found<QLabel>(m_fixture, name);
+    if (auto* box = m_fixture.find<QLineEdit>(name))
+        return box->text();
+    return m_fixture.find<QLabel>(name)->text();
 }
 
 void PageUser::press(const char* name) const
 {
-    UserActions::press(button(name));
+    QTest::mouseClick(&button(name), Qt::LeftButton);
 }
 
-void PageUser::choose(const char* name, const QString& text) const
+void PageUser::chooseRow(const char* name, int row) const
 {
-    if (!UserActions::chooseRowWithText(list(name), text))
-        QTest::qFail(qPrintable(QStringLiteral("%1 has no row %2").arg(QLatin1String(name), text)), __FILE__,
-                     __LINE__);
+    ListView& view = list(name);
+    const QModelIndex index = view.model()->index(row, 0);
+    view.scrollTo(index);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+}
+
+void PageUser::choose(const char* name, const QString& rowText) const
+{
+    chooseRow(name, int(column(*list(name).listModel()).indexOf(rowText)));
+}
+
+void PageUser::type(const char* name, const QString& text) const
+{
+    QLineEdit& box = *m_fixture.find<QLineEdit>(name);
+    QTest::mouseClick(&box, Qt::LeftButton);
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClicks(&box, text);
 }
 
 void PageUser::sendTextures(const QStringList& textures) const
@@ -73,16 +85,24 @@ void PageUser::addAnimation(const QStringList& textures) const
     press("cmdAddAnim");
 }
 
-void PageUser::typeSequence(const QString& start, const QString& stop, const QString& object) const
+void PageUser::typeSequence(const QStringList& startStopObject) const
 {
-    UserActions::typeInto(box("txtSeqStart"), start);
-    UserActions::typeInto(box("txtSeqStop"), stop);
-    UserActions::typeInto(box("txtSeqObject"), object);
+    type("txtSeqStart", startStopObject.value(0));
+    type("txtSeqStop", startStopObject.value(1));
+    type("txtSeqObject", startStopObject.value(2));
 }
 
-void PageUser::addSequence(const QString& start, const QString& stop, const QString& object) const
+void PageUser::addSequence(const QStringList& startStopObject) const
 {
     press("cmdSeqAdd");
-    typeSequence(start, stop, object);
+    typeSequence(startStopObject);
     press("cmdSeqAdd");
+}
+
+QStringList PageUser::column(const ListViewModel& model, int column)
+{
+    QStringList cells;
+    for (int row = 0; row < model.count(); ++row)
+        cells << (column == 0 ? model.text(row) : model.subItem(row, column));
+    return cells;
 }
