@@ -193,7 +193,7 @@ void tst_AnimationPage::editReplacesTheDetailsAtTheEnd()
 void tst_AnimationPage::deleteLeavesAGapAndTheTotal()
 {
     Page p;
-    for (const QString& first : {"1", "3", "5", "7"})
+    for (const QString first : {"1", "3", "5", "7"})
         p.user.addAnimation({first, QString::number(first.toInt() + 1)});
     p.user.choose("lsvAnims", QStringLiteral("03"));
     p.user.press("cmdDelAnim");
