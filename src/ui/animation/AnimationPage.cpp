@@ -1,16 +1,33 @@
 #include "AnimationPage.h"
 
+#include "ButtonCaption.h"
+#include "ColumnFit.h"
 #include "EditorState.h"
+#include "IPromptService.h"
 #include "ListViewSet.h"
+#include "NumberText.h"
+#include "PreviewPlayer.h"
+#include "m_Code.h"
+#include "m_TextureList.h"
 #include "ucAnimTexture.h"
 #include "ui_AnimationPage.h"
 
+#include <QTimer>
+
 namespace {
 
-QStringList FrameColumns()
+enum NextAnimColumn { OrderColumn = 1 };
+enum AnimColumn { NumberColumn = 1, FirstColumn = 2 };
+enum DetailColumn { TextureColumn = 1 };
+
+QString OrderText(int place)
 {
-    return {QStringLiteral("Texture #"), QStringLiteral("X"),    QStringLiteral("Y"),
-            QStringLiteral("Xwid"),      QStringLiteral("YHi"), QStringLiteral("IsTriad")};
+    return NumberText::padded(place, 4);
+}
+
+QString Wildcard(const QString& prefix)
+{
+    return prefix + QLatin1Char('*');
 }
 
 } // namespace
@@ -18,7 +35,6 @@ QStringList FrameColumns()
 AnimationPage::AnimationPage(EditorState& state, QWidget* parent)
     : EditorPage(state, parent)
     , m_ui(std::make_unique<Ui::AnimationPage>())
-    , m_lsvOneAnim(FrameColumns())
     , m_lsvNextAnim({QStringLiteral("Texture No"), QStringLiteral("Order")})
     , m_lsvAnimsDel(ListViewSet::animColumns())
     , m_lsvAnimDetailsDel(ListViewSet::animDetailColumns())
@@ -29,29 +45,69 @@ AnimationPage::AnimationPage(EditorState& state, QWidget* parent)
     m_ui->lsvAvailTextures->setListModel(&m_state.lsvAvailTextures);
     m_ui->lsvAvailTextures->setHeaderHidden(true);
     m_ui->lsvOneAnim->setListModel(&m_lsvOneAnim);
-    m_ui->lsvOneAnim->setHiddenColumns({3, 4, 5});
+    m_ui->lsvOneAnim->setHiddenColumns(PreviewFrameList::HiddenColumns());
     m_ui->lsvNextAnim->setListModel(&m_lsvNextAnim);
     m_ui->lsvAnimsDel->setListModel(&m_lsvAnimsDel);
     m_ui->lsvAnimDetailsDel->setListModel(&m_lsvAnimDetailsDel);
-    m_ui->lsvAnimsDel->hide();
-    m_ui->lsvAnimDetailsDel->hide();
+    for (ListView* list : {m_ui->lsvAnims, m_ui->lsvAnimDetails, m_ui->lsvNextAnim})
+        ColumnFit::FitColumnsToHeaders(*list);
+    ColumnFit::FitColumnsToHeaders(*m_ui->lsvOneAnim, PreviewFrameList::NarrowestColumn);
+    // chkTriad shows the chosen animation's first texture; it is not an input.
+    m_ui->chkTriad->setAttribute(Qt::WA_TransparentForMouseEvents);
+
+    m_timer1 = new QTimer(this);
+    m_timer1->setObjectName(QStringLiteral("Timer1"));
+    m_player = new PreviewPlayer(m_state, m_lsvOneAnim, *m_ui->ucAnimTexture1, *m_ui->cmdAnim, *m_ui->lsvAnims,
+                                 *m_timer1, this);
+    ConnectControls();
 }
 
 AnimationPage::~AnimationPage() = default;
 
+void AnimationPage::ConnectControls()
+{
+    Ui::AnimationPage& ui = *m_ui;
+    connect(ui.cmdAddAnim, &QPushButton::clicked, this, &AnimationPage::cmdAddAnim_Click);
+    connect(ui.cmdEditAnim, &QPushButton::clicked, this, &AnimationPage::cmdEditAnim_Click);
+    connect(ui.cmdDelAnim, &QPushButton::clicked, this, &AnimationPage::cmdDelAnim_Click);
+    connect(ui.cmdCancelAnim, &QPushButton::clicked, this, &AnimationPage::cmdCancelAnim_Click);
+    connect(ui.cmdAddText, &QPushButton::clicked, this, &AnimationPage::cmdAddText_Click);
+    connect(ui.cmdDelText, &QPushButton::clicked, this, &AnimationPage::cmdDelText_Click);
+    connect(ui.cmdUp, &QPushButton::clicked, this, &AnimationPage::cmdUp_Click);
+    connect(ui.cmdDown, &QPushButton::clicked, this, &AnimationPage::cmdDown_Click);
+    connect(ui.cmdAnim, &QPushButton::clicked, this, &AnimationPage::cmdAnim_Click);
+    connect(ui.cmdDrawAnim, &QPushButton::clicked, this, &AnimationPage::cmdDrawAnim_Click);
+    connect(ui.lsvAnims, &ListView::ItemClick, this, &AnimationPage::lsvAnims_ItemClick);
+    connect(ui.lsvAvailTextures, &ListView::ItemClick, this, &AnimationPage::lsvAvailTextures_ItemClick);
+    connect(ui.lsvNextAnim, &ListView::ItemClick, this, &AnimationPage::lsvNextAnim_ItemClick);
+}
+
+// --- Hooks of the main window ---
+
 void AnimationPage::ResetPage()
 {
-    m_ui->lblAnimTotal->clear();
+    ResetEditor();
 }
 
 void AnimationPage::ClearPage()
 {
+    m_player->Stop();
     m_state.lsvAvailTextures.clear();
     m_lsvNextAnim.clear();
     m_state.views.lsvAnimDetails.clear();
     m_state.views.lsvAnims.clear();
     m_lsvOneAnim.clear();
+    ResetEditor();
+}
+
+void AnimationPage::ResetEditor()
+{
     m_ui->lblAnimTotal->clear();
+    ResetAnimationEdit();
+    EnableAnimationEdit(false);
+    EnableOrderButtons(false);
+    m_ui->chkTriad->setChecked(false);
+    m_ui->cmdAnim->setEnabled(false);
 }
 
 void AnimationPage::ListLoaded()
@@ -69,11 +125,6 @@ void AnimationPage::BitmapRemoved()
     Preview()->NoPicture();
 }
 
-void AnimationPage::EnableOrderButtons(bool enabled)
-{
-    Q_UNUSED(enabled);
-}
-
 void AnimationPage::SetAnimTotal(const QString& text)
 {
     m_ui->lblAnimTotal->setText(text);
@@ -87,4 +138,306 @@ void AnimationPage::ClearOneAnim()
 ucAnimTexture* AnimationPage::Preview() const
 {
     return m_ui->ucAnimTexture1;
+}
+
+// --- Enabled states ---
+
+void AnimationPage::EnableAnimationEdit(bool enable)
+{
+    Ui::AnimationPage& ui = *m_ui;
+    for (QWidget* control : {static_cast<QWidget*>(ui.lsvAvailTextures), static_cast<QWidget*>(ui.lsvNextAnim),
+                             static_cast<QWidget*>(ui.cmdAddText), static_cast<QWidget*>(ui.cmdDelText),
+                             static_cast<QWidget*>(ui.cmdEditAnim), static_cast<QWidget*>(ui.cmdDelAnim)})
+        control->setEnabled(enable);
+    for (ListView* list : {ui.lsvAvailTextures, ui.lsvNextAnim}) {
+        QPalette colours = list->palette();
+        colours.setColor(QPalette::Base, palette().color(enable ? QPalette::Base : QPalette::Button));
+        list->setPalette(colours);
+    }
+}
+
+void AnimationPage::EnableOrderButtons(bool enable)
+{
+    for (QPushButton* button : {m_ui->cmdAddText, m_ui->cmdDelText, m_ui->cmdUp, m_ui->cmdDown})
+        button->setEnabled(enable);
+}
+
+void AnimationPage::ResetAnimationEdit()
+{
+    m_lsvNextAnim.clear();
+    m_ui->cmdAddText->setEnabled(false);
+    m_ui->cmdDelText->setEnabled(false);
+    m_ui->cmdAddAnim->setText(QStringLiteral("Add"));
+    m_ui->cmdEditAnim->setEnabled(false);
+    m_ui->cmdEditAnim->setText(QStringLiteral("Edit"));
+    m_ui->cmdDelAnim->setEnabled(false);
+    m_ui->lblNextAnim->clear();
+}
+
+// --- Add, Edit, Delete, Cancel ---
+
+void AnimationPage::cmdAddAnim_Click()
+{
+    if (ButtonCaption::Is(*m_ui->cmdAddAnim, u"Add")) {
+        EnableAnimationEdit(true);
+        m_lsvNextAnim.clear();
+        m_ui->cmdAddAnim->setText(QStringLiteral("Accept"));
+        m_ui->lblNextAnim->setText(NumberText::of(NextFreeAnimationNumber()));
+        return;
+    }
+    if (!HasEnoughTextures())
+        return;
+    const QString number = CurrentAnimationNumber();
+    AppendAnimationRow(number);
+    AppendAnimationDetails(number);
+    FinishAnimationEdit(*m_ui->cmdAddAnim, QStringLiteral("Add"));
+}
+
+void AnimationPage::cmdEditAnim_Click()
+{
+    if (ButtonCaption::Is(*m_ui->cmdEditAnim, u"Edit")) {
+        EnableAnimationEdit(true);
+        m_ui->cmdEditAnim->setText(QStringLiteral("Accept"));
+        return;
+    }
+    if (!HasEnoughTextures())
+        return;
+    const QString number = CurrentAnimationNumber();
+    RefreshSingleAnimationRow(number);
+    RemoveAnimationDetails(number);
+    AppendAnimationDetails(number);
+    m_lsvOneAnim.clear();
+    FinishAnimationEdit(*m_ui->cmdEditAnim, QStringLiteral("Edit"));
+}
+
+void AnimationPage::cmdDelAnim_Click()
+{
+    if (m_ui->lblNextAnim->text().isEmpty())
+        return;
+    const QString number = CurrentAnimationNumber();
+    ListViewModel& anims = m_state.views.lsvAnims;
+    // From the last row up, the first match goes: with animations past 99,
+    // the number 10 may name the row of animation 109 instead.
+    const QList<int> matching = anims.rowsWithTextLike(Wildcard(number));
+    if (!matching.isEmpty())
+        anims.removeAt(matching.last());
+    RemoveAnimationDetails(number);
+    m_ui->cmdEditAnim->setText(QStringLiteral("Edit"));
+    m_ui->cmdAddAnim->setText(QStringLiteral("Add"));
+    m_lsvNextAnim.clear();
+    m_lsvOneAnim.clear();
+    EnableAnimationEdit(false);
+    // The rest keep their numbers and the total stays as it was until the
+    // next Add or Edit: numbering gaps are allowed.
+    m_state.MarkDirty();
+}
+
+void AnimationPage::cmdCancelAnim_Click()
+{
+    ResetAnimationEdit();
+}
+
+QString AnimationPage::CurrentAnimationNumber() const
+{
+    return m_TextureList::AnimationNumberText(NumberText::valueOf(m_ui->lblNextAnim->text()));
+}
+
+int AnimationPage::NextFreeAnimationNumber() const
+{
+    const ListViewModel& anims = m_state.views.lsvAnims;
+    int number = anims.count();
+    while (anims.findKey(QLatin1Char('A') + m_TextureList::AnimationNumberText(number)) >= 0)
+        ++number;
+    return number;
+}
+
+bool AnimationPage::HasEnoughTextures()
+{
+    if (m_lsvNextAnim.count() >= 2)
+        return true;
+    m_state.prompts().MsgBox(QStringLiteral("There has to be at least two textures in an animations"),
+                             IPromptService::vbExclamation | IPromptService::vbOKOnly);
+    return false;
+}
+
+void AnimationPage::AppendAnimationRow(const QString& number)
+{
+    m_state.views.lsvAnims.addRow(QLatin1Char('A') + number, number,
+                                  {NumberText::of(m_lsvNextAnim.count()), m_lsvNextAnim.text(0)});
+}
+
+void AnimationPage::AppendAnimationDetails(const QString& number)
+{
+    ListViewModel& details = m_state.views.lsvAnimDetails;
+    for (int place = 0; place < m_lsvNextAnim.count(); ++place) {
+        const QString key = QLatin1Char('A') + number + NumberText::of(place);
+        const QString text = number + QLatin1Char('-') + NumberText::of(place);
+        // Past animation 99 a detail key can repeat another animation's
+        // (A10 + 12 and A101 + 2); the row is then kept without a key, so
+        // the animation still writes all its textures.
+        const QString freeKey = details.findKey(key) >= 0 ? QString() : key;
+        details.addRow(freeKey, text, {m_lsvNextAnim.text(place)});
+    }
+}
+
+void AnimationPage::RemoveAnimationDetails(const QString& number)
+{
+    ListViewModel& details = m_state.views.lsvAnimDetails;
+    const QList<int> matching = details.rowsWithTextLike(Wildcard(number));
+    for (auto row = matching.crbegin(); row != matching.crend(); ++row)
+        details.removeAt(*row);
+}
+
+void AnimationPage::RefreshSingleAnimationRow(const QString& number)
+{
+    // The summary row is brought up to date only while the list holds one
+    // animation; with more, its "Number" and "First" keep their old values
+    // although its detail rows are replaced.
+    ListViewModel& anims = m_state.views.lsvAnims;
+    if (anims.count() != 1 || !ListViewModel::matchesPattern(anims.text(0), Wildcard(number)))
+        return;
+    anims.setSubItem(0, NumberColumn, NumberText::of(m_lsvNextAnim.count()));
+    anims.setSubItem(0, FirstColumn, m_lsvNextAnim.text(0));
+}
+
+void AnimationPage::FinishAnimationEdit(QPushButton& button, const QString& caption)
+{
+    m_lsvNextAnim.clear();
+    m_ui->lblNextAnim->clear();
+    SetAnimTotal(NumberText::of(m_state.views.lsvAnims.count()));
+    EnableAnimationEdit(false);
+    button.setText(caption);
+    EnableOrderButtons(false);
+    m_state.MarkDirty();
+}
+
+// --- Building the animation ---
+
+void AnimationPage::cmdAddText_Click()
+{
+    const ListViewModel& available = m_state.lsvAvailTextures;
+    const QString texture = available.text(available.selectedRow());
+    if (texture.isEmpty())
+        return;
+    AppendNextAnimRow(texture);
+    m_state.MarkDirty();
+    EnableOrderButtons(false);
+}
+
+void AnimationPage::AppendNextAnimRow(const QString& texture)
+{
+    m_lsvNextAnim.addRow(QString(), texture, {OrderText(m_lsvNextAnim.count() + 1)});
+}
+
+void AnimationPage::cmdDelText_Click()
+{
+    const int chosen = m_lsvNextAnim.selectedRow();
+    if (m_lsvNextAnim.text(chosen).isEmpty())
+        return;
+    m_lsvNextAnim.removeAt(chosen);
+    RenumberNextAnim();
+    m_state.MarkDirty();
+    EnableOrderButtons(false);
+}
+
+void AnimationPage::RenumberNextAnim()
+{
+    for (int row = 0; row < m_lsvNextAnim.count(); ++row)
+        m_lsvNextAnim.setSubItem(row, OrderColumn, OrderText(row + 1));
+}
+
+void AnimationPage::cmdUp_Click()
+{
+    MoveChosenTexture(-1);
+}
+
+void AnimationPage::cmdDown_Click()
+{
+    MoveChosenTexture(+1);
+}
+
+void AnimationPage::MoveChosenTexture(int step)
+{
+    const int chosen = m_lsvNextAnim.selectedRow();
+    if (m_lsvNextAnim.text(chosen).isEmpty())
+        return;
+    const int other = chosen + step;
+    if (other >= 0 && other < m_lsvNextAnim.count()) {
+        // The two rows swap their orders; sorting by "Order" swaps their places.
+        m_lsvNextAnim.setSubItem(chosen, OrderColumn, OrderText(other + 1));
+        m_lsvNextAnim.setSubItem(other, OrderColumn, OrderText(chosen + 1));
+        m_lsvNextAnim.setSortKey(OrderColumn);
+        m_lsvNextAnim.setSorted(true);
+        m_state.MarkDirty();
+    }
+    // Every move needs a new choice of row before the next one.
+    EnableOrderButtons(false);
+}
+
+// --- Choosing rows ---
+
+void AnimationPage::lsvAnims_ItemClick(int row)
+{
+    const ListViewModel& anims = m_state.views.lsvAnims;
+    if (row < 0 || row >= anims.count())
+        return;
+    Preview()->StopAnim();
+    ShowAnimationTextures(anims.key(row));
+    if (anims.count() >= 1)
+        m_ui->cmdAnim->setEnabled(true);
+    m_ui->chkTriad->setChecked(m_lsvOneAnim.IsTriad(0));
+    if (m_lsvNextAnim.count() == 0)
+        return;
+    m_ui->cmdAddAnim->setText(QStringLiteral("Add"));
+    m_ui->cmdEditAnim->setText(QStringLiteral("Edit"));
+    m_ui->cmdEditAnim->setEnabled(true);
+    m_ui->cmdDelAnim->setEnabled(true);
+    m_ui->lblNextAnim->setText(NumberText::of(NumberText::valueOf(anims.text(row))));
+}
+
+void AnimationPage::ShowAnimationTextures(const QString& animationKey)
+{
+    const ListViewModel& details = m_state.views.lsvAnimDetails;
+    const QList<int> matching = details.rowsWithKeyLike(Wildcard(animationKey));
+    m_lsvOneAnim.clear();
+    for (int detail : matching)
+        m_lsvOneAnim.AddObjectTexture(m_state.views.lsvTextures, details.subItem(detail, TextureColumn));
+    m_lsvNextAnim.clear();
+    for (int detail : matching)
+        AppendNextAnimRow(details.subItem(detail, TextureColumn));
+}
+
+void AnimationPage::lsvAvailTextures_ItemClick(int row)
+{
+    if (row < 0 || row >= m_state.lsvAvailTextures.count() || !m_ui->lsvAvailTextures->isEnabled())
+        return;
+    m_ui->cmdAddText->setEnabled(true);
+    m_ui->cmdDelText->setEnabled(false);
+    m_ui->cmdUp->setEnabled(false);
+    m_ui->cmdDown->setEnabled(false);
+}
+
+void AnimationPage::lsvNextAnim_ItemClick(int row)
+{
+    if (row < 0 || row >= m_lsvNextAnim.count() || !m_ui->lsvNextAnim->isEnabled())
+        return;
+    EnableOrderButtons(true);
+}
+
+// --- Preview and drawing ---
+
+void AnimationPage::cmdAnim_Click()
+{
+    m_player->StartOrStop();
+}
+
+void AnimationPage::StepPreview()
+{
+    m_player->StepPreview();
+}
+
+void AnimationPage::cmdDrawAnim_Click()
+{
+    if (m_lsvOneAnim.CheckFramesIn(m_state.lsvObjects, QLatin1Char('T')))
+        m_state.DrawCheckedObjects();
 }

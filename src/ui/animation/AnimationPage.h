@@ -2,16 +2,28 @@
 
 #include "EditorPage.h"
 #include "ListViewModel.h"
+#include "PreviewFrameList.h"
 
 #include <memory>
 
+class PreviewPlayer;
+class QPushButton;
+class QTimer;
 class ucAnimTexture;
 namespace Ui {
 class AnimationPage;
 }
 
-// The "...and Animations" page: the animated texture ranges, the textures of
-// every range, the range being built and its preview.
+// The "...and Animations" page: the animated texture ranges of the list
+// (lsvAnims, one row per animation, and lsvAnimDetails, one row per texture
+// of every animation), the animation being built from the available object
+// textures (lsvNextAnim), and the chosen animation's textures with their
+// bitmap rectangles (lsvOneAnim), which the preview plays.
+//
+// An animation numbered NN (at least two digits) owns the lsvAnims row with
+// text NN and key "A"NN, and the detail rows with texts "NN-i" and keys
+// "A"NN"i". Its rows are found by prefix: texts or keys starting with NN,
+// so animation 10 also reaches the rows of animations 100 to 109.
 class AnimationPage : public EditorPage
 {
     Q_OBJECT
@@ -26,19 +38,66 @@ public:
     void BitmapLoaded(const QString& fileName) override;
     void BitmapRemoved() override;
 
-    void EnableOrderButtons(bool enabled);
+    // Enables the lists and buttons that build an animation; the two lists
+    // take the window colour while enabled and the button face otherwise.
+    void EnableAnimationEdit(bool enable);
+    void EnableOrderButtons(bool enable);
+    // The page's cancel: back to browsing with nothing being built.
+    void ResetAnimationEdit();
     void SetAnimTotal(const QString& text);
     void ClearOneAnim();
 
+    // Handlers of the page's controls.
+    void cmdAddAnim_Click();
+    void cmdEditAnim_Click();
+    void cmdDelAnim_Click();
+    void cmdCancelAnim_Click();
+    void cmdAddText_Click();
+    void cmdDelText_Click();
+    void cmdUp_Click();
+    void cmdDown_Click();
+    void lsvAnims_ItemClick(int row);
+    void lsvAvailTextures_ItemClick(int row);
+    void lsvNextAnim_ItemClick(int row);
+    void cmdAnim_Click();
+    void cmdDrawAnim_Click();
+    // One tick of Timer1.
+    void StepPreview();
+
     ucAnimTexture* Preview() const;
-    ListViewModel& lsvOneAnim() { return m_lsvOneAnim; }
+    PreviewPlayer& Player() const { return *m_player; }
+    QTimer& Timer1() const { return *m_timer1; }
+    PreviewFrameList& lsvOneAnim() { return m_lsvOneAnim; }
     ListViewModel& lsvNextAnim() { return m_lsvNextAnim; }
     Ui::AnimationPage& ui() const { return *m_ui; }
 
 private:
+    void ConnectControls();
+    void ResetEditor();
+    // The number the animation being built, edited or chosen has: the
+    // caption of lblNextAnim, at least two digits.
+    QString CurrentAnimationNumber() const;
+    // The row count, or the next number after it that no animation holds
+    // (deletions leave gaps, so the count may be taken).
+    int NextFreeAnimationNumber() const;
+    // Warns when lsvNextAnim holds fewer than two textures.
+    bool HasEnoughTextures();
+    void AppendAnimationRow(const QString& number);
+    void AppendAnimationDetails(const QString& number);
+    void RemoveAnimationDetails(const QString& number);
+    void RefreshSingleAnimationRow(const QString& number);
+    void FinishAnimationEdit(QPushButton& button, const QString& caption);
+    void AppendNextAnimRow(const QString& texture);
+    void RenumberNextAnim();
+    // Moves the chosen row of lsvNextAnim by step places (-1 up, +1 down).
+    void MoveChosenTexture(int step);
+    void ShowAnimationTextures(const QString& animationKey);
+
     std::unique_ptr<Ui::AnimationPage> m_ui;
-    ListViewModel m_lsvOneAnim;
+    PreviewFrameList m_lsvOneAnim;
     ListViewModel m_lsvNextAnim;
     ListViewModel m_lsvAnimsDel;
     ListViewModel m_lsvAnimDetailsDel;
+    QTimer* m_timer1 = nullptr;
+    PreviewPlayer* m_player = nullptr;
 };

@@ -1,41 +1,113 @@
 #include "SequencePage.h"
 
+#include "ButtonCaption.h"
+#include "ColumnFit.h"
 #include "EditorState.h"
+#include "IPromptService.h"
+#include "NumberText.h"
+#include "PreviewPlayer.h"
+#include "m_SpriteList.h"
 #include "ucAnimTexture.h"
 #include "ui_SequencePage.h"
+
+#include <QTimer>
+
+namespace {
+
+enum SequenceColumn { NumberColumn = 1, FirstColumn = 2, ObjectColumn = 3 };
+enum SpriteColumn { TileColumn = 1, XColumn, YColumn, WidthColumn, HeightColumn };
+
+constexpr qint64 TileHeight = 256;
+// A sequence's length is a 16-bit record field.
+constexpr qint64 LongestSequence = 65536;
+
+const QColor LockedBackground(0xE0, 0xE0, 0xE0);
+
+QString MiddleDeletionQuestion()
+{
+    const QString crlf = QStringLiteral("\r\n");
+    return QStringLiteral("This is not the last sequence of the list!") + crlf
+        + QStringLiteral("Removing it will leave unassigned sprite textures in the middle of the ")
+        + QStringLiteral("sequence list.") + crlf
+        + QStringLiteral("A level list file cannot be inserted into a level file")
+        + QStringLiteral(" if there are unassigned sprite textures in ")
+        + QStringLiteral("the middle of the sequence list!") + crlf
+        + QStringLiteral("Do you still want to delete this sequence?");
+}
+
+} // namespace
 
 SequencePage::SequencePage(EditorState& state, QWidget* parent)
     : EditorPage(state, parent)
     , m_ui(std::make_unique<Ui::SequencePage>())
-    , m_lsvOneSequence({QStringLiteral("Texture #"), QStringLiteral("X"), QStringLiteral("Y"),
-                        QStringLiteral("Xwid"), QStringLiteral("YHi"), QStringLiteral("IsTriad")})
 {
     m_ui->setupUi(this);
     m_ui->lsvSequences->setListModel(&m_state.views.lsvSequences);
     m_ui->lsvSequenceDetails->setListModel(&m_state.views.lsvSequenceDetails);
     m_ui->lsvOneSequence->setListModel(&m_lsvOneSequence);
-    m_ui->lsvOneSequence->setHiddenColumns({3, 4, 5});
+    m_ui->lsvOneSequence->setHiddenColumns(PreviewFrameList::HiddenColumns());
+    for (ListView* list : {m_ui->lsvSequences, m_ui->lsvSequenceDetails})
+        ColumnFit::FitColumnsToHeaders(*list);
+    ColumnFit::FitColumnsToHeaders(*m_ui->lsvOneSequence, PreviewFrameList::NarrowestColumn);
+
+    m_timer2 = new QTimer(this);
+    m_timer2->setObjectName(QStringLiteral("Timer2"));
+    m_player = new PreviewPlayer(m_state, m_lsvOneSequence, *m_ui->ucAnimTexture2, *m_ui->cmdSequnce,
+                                 *m_ui->lsvSequences, *m_timer2, this);
+    ConnectControls();
 }
 
 SequencePage::~SequencePage() = default;
 
+void SequencePage::ConnectControls()
+{
+    Ui::SequencePage& ui = *m_ui;
+    connect(ui.cmdSeqAdd, &QPushButton::clicked, this, &SequencePage::cmdSeqAdd_Click);
+    connect(ui.cmdSeqEdit, &QPushButton::clicked, this, &SequencePage::cmdSeqEdit_Click);
+    connect(ui.cmdSeqDelete, &QPushButton::clicked, this, &SequencePage::cmdSeqDelete_Click);
+    connect(ui.cmdSeqCancel, &QPushButton::clicked, this, &SequencePage::cmdSeqCancel_Click);
+    connect(ui.cmdSequnce, &QPushButton::clicked, this, &SequencePage::cmdSequnce_Click);
+    connect(ui.cmdDrawSeq, &QPushButton::clicked, this, &SequencePage::cmdDrawSeq_Click);
+    connect(ui.lsvSequences, &ListView::ItemClick, this, &SequencePage::lsvSequences_ItemClick);
+    // The label always tells how many sprite textures there are: adding or
+    // deleting one on the sprite page shows here at once.
+    ListViewModel& sprites = m_state.views.lsvSprites;
+    connect(&sprites, &QAbstractItemModel::rowsInserted, this, &SequencePage::ShowAvailableSprites);
+    connect(&sprites, &QAbstractItemModel::rowsRemoved, this, &SequencePage::ShowAvailableSprites);
+}
+
+// --- Hooks of the main window ---
+
+void SequencePage::ResetPage()
+{
+    ResetSequenceEdit();
+    m_ui->cmdSequnce->setEnabled(false);
+}
+
 void SequencePage::ClearPage()
 {
+    m_player->Stop();
     m_state.views.lsvSequenceDetails.clear();
     m_state.views.lsvSequences.clear();
     m_lsvOneSequence.clear();
+    m_ui->cmdSequnce->setEnabled(false);
 }
 
 void SequencePage::ListLoaded()
 {
     CancelSequenceEdition();
-    m_ui->lblAvailSTextures->setText(QString::number(m_state.views.lsvSprites.count()));
+    ShowAvailableSprites();
 }
 
 void SequencePage::ListClosed()
 {
     CancelSequenceEdition();
     m_ui->lblAvailSTextures->clear();
+}
+
+void SequencePage::ShowAvailableSprites()
+{
+    m_ui->lblAvailSTextures->setText(NumberText::of(m_state.views.lsvSprites.count()));
 }
 
 void SequencePage::BitmapLoaded(const QString& fileName)
@@ -50,6 +122,7 @@ void SequencePage::BitmapRemoved()
 
 void SequencePage::CancelSequenceEdition()
 {
+    ResetSequenceEdit();
 }
 
 void SequencePage::ClearOneSequence()
@@ -60,4 +133,255 @@ void SequencePage::ClearOneSequence()
 ucAnimTexture* SequencePage::Preview() const
 {
     return m_ui->ucAnimTexture2;
+}
+
+// --- The edition boxes and buttons ---
+
+void SequencePage::SetSequenceButtons(bool enable)
+{
+    m_ui->cmdSeqAdd->setEnabled(m_state.IsListOpen);
+    m_ui->cmdSeqAdd->setText(QStringLiteral("Add"));
+    m_ui->cmdSeqEdit->setText(QStringLiteral("Edit"));
+    m_ui->cmdSeqEdit->setEnabled(enable);
+    m_ui->cmdSeqDelete->setEnabled(enable);
+}
+
+void SequencePage::ClearSequenceBoxes()
+{
+    m_ui->txtSeqStart->clear();
+    m_ui->txtSeqStop->clear();
+    m_ui->txtSeqObject->clear();
+    m_ui->lblSeqKey->clear();
+}
+
+void SequencePage::EnableSequenceBoxes(bool enable)
+{
+    for (QLineEdit* box : {m_ui->txtSeqStart, m_ui->txtSeqStop, m_ui->txtSeqObject}) {
+        box->setEnabled(enable);
+        QPalette colours = box->palette();
+        colours.setColor(QPalette::Base, enable ? palette().color(QPalette::Base) : LockedBackground);
+        box->setPalette(colours);
+    }
+}
+
+void SequencePage::ResetSequenceEdit()
+{
+    ClearSequenceBoxes();
+    EnableSequenceBoxes(false);
+    SetSequenceButtons(false);
+}
+
+// --- Add, Edit, Cancel, Delete ---
+
+void SequencePage::cmdSeqAdd_Click()
+{
+    if (!ButtonCaption::Is(*m_ui->cmdSeqAdd, u"Add")) {
+        AcceptSequence(true);
+        return;
+    }
+    if (!m_state.IsListOpen)
+        return;
+    ClearSequenceBoxes();
+    EnableSequenceBoxes(true);
+    m_ui->cmdSeqAdd->setText(QStringLiteral("Accept"));
+}
+
+void SequencePage::cmdSeqEdit_Click()
+{
+    if (!ButtonCaption::Is(*m_ui->cmdSeqEdit, u"Edit")) {
+        AcceptSequence(false);
+        return;
+    }
+    EnableSequenceBoxes(true);
+    m_ui->cmdSeqEdit->setText(QStringLiteral("Accept"));
+}
+
+void SequencePage::AcceptSequence(bool isNew)
+{
+    // A failure keeps the typed values and the Accept state.
+    if (!ValidateSequence(isNew))
+        return;
+    StoreSequence(isNew);
+    (isNew ? m_ui->cmdSeqAdd : m_ui->cmdSeqEdit)->setText(isNew ? QStringLiteral("Add") : QStringLiteral("Edit"));
+    EnableSequenceBoxes(false);
+    ResetSequenceEdit();
+    m_state.MarkDirty();
+}
+
+void SequencePage::cmdSeqCancel_Click()
+{
+    ResetSequenceEdit();
+}
+
+void SequencePage::cmdSeqDelete_Click()
+{
+    const QString key = m_ui->lblSeqKey->text();
+    if (key.isEmpty()) {
+        m_state.prompts().MsgBox(QStringLiteral("A new sequence not yet added tot he list cannot be deleted"),
+                                 IPromptService::vbOKOnly, QStringLiteral("Delete Error"));
+        return;
+    }
+    ListViewModel& sequences = m_state.views.lsvSequences;
+    const int row = sequences.findKey(key);
+    if (row >= 0) {
+        const bool isLast = row == sequences.count() - 1;
+        if (!isLast && !ConfirmMiddleDeletion())
+            return;
+        // The others keep their texts, keys and numbers.
+        sequences.removeAt(row);
+    }
+    m_lsvOneSequence.clear();
+    ResetSequenceEdit();
+    m_state.MarkDirty();
+}
+
+bool SequencePage::ConfirmMiddleDeletion()
+{
+    return m_state.prompts().MsgBox(MiddleDeletionQuestion(), IPromptService::vbOKCancel | IPromptService::vbCritical,
+                                    QStringLiteral("Delicate Deletion"))
+        == IPromptService::vbOK;
+}
+
+// --- Validation and storing ---
+
+qint64 SequencePage::AvailableSprites() const
+{
+    return NumberText::valueOf(m_ui->lblAvailSTextures->text());
+}
+
+std::optional<SequenceCheck::Run> SequencePage::RunOfRow(int row) const
+{
+    const ListViewModel& sequences = m_state.views.lsvSequences;
+    if (row < 0 || row >= sequences.count())
+        return std::nullopt;
+    return SequenceCheck::Run{NumberText::valueOf(sequences.subItem(row, FirstColumn)),
+                              NumberText::valueOf(sequences.subItem(row, NumberColumn))};
+}
+
+bool SequencePage::ValidateSequence(bool isNew)
+{
+    const ListViewModel& sequences = m_state.views.lsvSequences;
+    SequenceCheck::Input input{m_ui->txtSeqStart->text(), m_ui->txtSeqStop->text(), m_ui->txtSeqObject->text(),
+                               AvailableSprites(), std::nullopt, std::nullopt};
+    if (isNew) {
+        // While the list holds a single sequence, a new one is checked as
+        // if it were the first; a new one never has a following sequence.
+        if (sequences.count() >= 2)
+            input.previous = RunOfRow(sequences.count() - 1);
+    } else {
+        const int row = sequences.findKey(m_ui->lblSeqKey->text());
+        if (row >= 0) {
+            input.previous = RunOfRow(row - 1);
+            input.following = RunOfRow(row + 1);
+        }
+    }
+    const std::optional<SequenceCheck::Failure> failure = SequenceCheck::FirstFailure(input);
+    if (!failure)
+        return true;
+    m_state.prompts().MsgBox(failure->text, IPromptService::vbOKOnly, failure->title);
+    if (QLineEdit* box = BoxOf(failure->focus))
+        box->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+QLineEdit* SequencePage::BoxOf(SequenceCheck::Box box) const
+{
+    switch (box) {
+    case SequenceCheck::Box::Start:
+        return m_ui->txtSeqStart;
+    case SequenceCheck::Box::Stop:
+        return m_ui->txtSeqStop;
+    case SequenceCheck::Box::Object:
+        return m_ui->txtSeqObject;
+    case SequenceCheck::Box::None:
+        break;
+    }
+    return nullptr;
+}
+
+void SequencePage::StoreSequence(bool isNew)
+{
+    ListViewModel& sequences = m_state.views.lsvSequences;
+    const qint64 first = SequenceCheck::WholeNumber(m_ui->txtSeqStart->text()).value_or(0);
+    const qint64 last = SequenceCheck::WholeNumber(m_ui->txtSeqStop->text()).value_or(0);
+    int row = -1;
+    if (isNew) {
+        const QString text = NextFreeSequenceText();
+        row = sequences.addRow(QLatin1Char('S') + text, text);
+    } else {
+        row = sequences.findKey(m_ui->lblSeqKey->text());
+    }
+    if (row < 0)
+        return;
+    sequences.setSubItem(row, NumberColumn, NumberText::of(last - first + 1));
+    sequences.setSubItem(row, FirstColumn, NumberText::of(first));
+    sequences.setSubItem(row, ObjectColumn, m_ui->txtSeqObject->text());
+}
+
+QString SequencePage::NextFreeSequenceText() const
+{
+    const ListViewModel& sequences = m_state.views.lsvSequences;
+    qint64 number = sequences.count();
+    while (sequences.findKey(QLatin1Char('S') + m_SpriteList::SequenceNumberText(number)) >= 0)
+        ++number;
+    return m_SpriteList::SequenceNumberText(number);
+}
+
+// --- Choosing a sequence ---
+
+void SequencePage::lsvSequences_ItemClick(int row)
+{
+    const ListViewModel& sequences = m_state.views.lsvSequences;
+    if (row < 0 || row >= sequences.count())
+        return;
+    Preview()->StopAnim();
+    m_lsvOneSequence.clear();
+    const qint64 first = NumberText::valueOf(sequences.subItem(row, FirstColumn));
+    const qint64 number = qBound<qint64>(0, NumberText::valueOf(sequences.subItem(row, NumberColumn)), LongestSequence);
+    for (qint64 sprite = first; sprite < first + number; ++sprite)
+        AddSequenceTextureRow(sprite);
+    // The preview button follows the animation page's list, not this one:
+    // with no animations it stays disabled.
+    if (m_state.views.lsvAnims.count() >= 1)
+        m_ui->cmdSequnce->setEnabled(true);
+    SetSequenceButtons(true);
+    m_ui->txtSeqStart->setText(NumberText::of(first));
+    m_ui->lblSeqKey->setText(sequences.key(row));
+    m_ui->txtSeqStop->setText(NumberText::of(first + number - 1));
+    m_ui->txtSeqObject->setText(sequences.subItem(row, ObjectColumn));
+}
+
+void SequencePage::AddSequenceTextureRow(qint64 sprite)
+{
+    const ListViewModel& sprites = m_state.views.lsvSprites;
+    const QString number = NumberText::of(sprite);
+    const int row = sprites.findKey(QLatin1Char('S') + number);
+    if (row < 0) {
+        m_lsvOneSequence.AddFrame(number, {}, {}, {}, {});
+        return;
+    }
+    // Tiles are stacked downwards on the bitmap; the stored width and height
+    // are copied as they are, so the frame reaches the preview's edges.
+    const qint64 y = NumberText::valueOf(sprites.subItem(row, TileColumn)) * TileHeight
+        + NumberText::valueOf(sprites.subItem(row, YColumn));
+    m_lsvOneSequence.AddFrame(number, sprites.subItem(row, XColumn), NumberText::of(y),
+                              sprites.subItem(row, WidthColumn), sprites.subItem(row, HeightColumn));
+}
+
+// --- Preview and drawing ---
+
+void SequencePage::cmdSequnce_Click()
+{
+    m_player->StartOrStop();
+}
+
+void SequencePage::StepPreview()
+{
+    m_player->StepPreview();
+}
+
+void SequencePage::cmdDrawSeq_Click()
+{
+    if (m_lsvOneSequence.CheckFramesIn(m_state.lsvSpriteIndex, QLatin1Char('S')))
+        m_state.DrawCheckedSprites();
 }

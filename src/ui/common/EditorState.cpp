@@ -83,11 +83,20 @@ void EditorState::FillTextureIndexLists()
 void EditorState::FillSpriteIndexList()
 {
     m_IndexList::FillIndexList(views.lsvSprites.count(), lsvSpriteIndex, QStringLiteral("S"), true);
-    emit spriteCountChanged(views.lsvSprites.count());
 }
 
 void EditorState::ChooseOutlineColor()
 {
     if (const std::optional<QColor> chosen = m_prompts->ChooseColor(OutlineColor))
         OutlineColor = *chosen;
+}
+
+void EditorState::DrawCheckedObjects()
+{
+    emit drawObjectsRequested();
+}
+
+void EditorState::DrawCheckedSprites()
+{
+    emit drawSpritesRequested();
 }

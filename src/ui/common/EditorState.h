@@ -75,21 +75,25 @@ public:
     // The object texture checklist and the textures an animation can take,
     // filled anew for the rows of lsvTextures.
     void FillTextureIndexLists();
-    // The sprite checklist filled anew for the rows of lsvSprites; tells
-    // spriteCountChanged.
+    // The sprite checklist filled anew for the rows of lsvSprites.
     void FillSpriteIndexList();
 
     // Either colour button: the colour dialog, and on OK the new outline
     // colour. Outlines already drawn keep theirs until the next Draw.
     void ChooseOutlineColor();
 
+    // The object texture page's Draw and the sprite page's Draw, for pages
+    // that tick rows of lsvObjects or lsvSpriteIndex and then want them
+    // outlined (the animation and sequence pages).
+    void DrawCheckedObjects();
+    void DrawCheckedSprites();
+
 signals:
     void dirtyChanged(bool dirty);
-    // The sprite rows were counted anew (added, deleted, or a list filled):
-    // what the sequence page shows as the available sprite textures.
-    void spriteCountChanged(int count);
     void reloadPictureRequested();
     void statusMessage(const QString& message);
+    void drawObjectsRequested();
+    void drawSpritesRequested();
 
 private:
     IPromptService* m_prompts;

@@ -57,11 +57,6 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
     connect(m_ui->ucScrollPic1, &ucScrollPic::Change, this, &frmMain::ucScrollPic1_Change);
     connect(m_ui->ucScrollPic1, &ucScrollPic::MousePos, this, &frmMain::ucScrollPic1_MousePos);
     connect(m_ui->ucScrollPic1, &ucScrollPic::MouseSelect, this, &frmMain::ucScrollPic1_MouseSelect);
-    // The sequence page shows how many sprite textures there are to choose from.
-    connect(m_state.get(), &EditorState::spriteCountChanged, this, [this](int count) {
-        if (auto* label = m_sequencePage->findChild<QLabel*>(QStringLiteral("lblAvailSTextures")))
-            label->setText(QString::number(count));
-    });
     Form_Load();
 }
 

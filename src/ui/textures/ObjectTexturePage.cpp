@@ -64,6 +64,8 @@ void ObjectTexturePage::ConnectControls()
     connect(u.cmdFlipHor, &QPushButton::clicked, this, &ObjectTexturePage::cmdFlipHor_Click);
     connect(u.cmdFlipVert, &QPushButton::clicked, this, &ObjectTexturePage::cmdFlipVert_Click);
     connect(u.cmdDraw, &QPushButton::clicked, this, &ObjectTexturePage::cmdDraw_Click);
+    // The animation page ticks textures of the checklist and asks for them drawn.
+    connect(&m_state, &EditorState::drawObjectsRequested, this, &ObjectTexturePage::cmdDraw_Click);
     connect(u.cmdColor, &QPushButton::clicked, this, [this] { m_state.ChooseOutlineColor(); });
     connect(u.lsvTextures, &ListView::ItemClick, this, &ObjectTexturePage::lsvTextures_ItemClick);
     // A tile typed by the user is an edit of the list.

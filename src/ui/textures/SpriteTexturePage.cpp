@@ -75,6 +75,8 @@ void SpriteTexturePage::ConnectControls()
     connect(u.cmdSpriteDelete, &QPushButton::clicked, this, &SpriteTexturePage::cmdSpriteDelete_Click);
     connect(u.cmdSpriteCancel, &QPushButton::clicked, this, &SpriteTexturePage::CancelSpriteEdition);
     connect(u.cmdDrawSprite, &QPushButton::clicked, this, &SpriteTexturePage::cmdDrawSprite_Click);
+    // The sequence page ticks sprites of the checklist and asks for them drawn.
+    connect(&m_state, &EditorState::drawSpritesRequested, this, &SpriteTexturePage::cmdDrawSprite_Click);
     connect(u.cmdSpriteColor, &QPushButton::clicked, this, [this] { m_state.ChooseOutlineColor(); });
     connect(u.lsvSprites, &ListView::ItemClick, this, &SpriteTexturePage::lsvSprites_ItemClick);
 }

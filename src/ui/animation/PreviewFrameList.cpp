@@ -1,0 +1,80 @@
+#include "PreviewFrameList.h"
+
+#include "NumberText.h"
+#include "ObjectTextureShape.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+const QString TriadMark = QStringLiteral("Triad");
+
+enum Column { XColumn = 1, YColumn, XwidColumn, YHiColumn, IsTriadColumn };
+
+} // namespace
+
+PreviewFrameList::PreviewFrameList(QObject* parent)
+    : ListViewModel({QStringLiteral("Texture #"), QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Xwid"),
+                     QStringLiteral("YHi"), QStringLiteral("IsTriad")},
+                    parent)
+{
+}
+
+void PreviewFrameList::AddFrame(const QString& number, const QString& x, const QString& y, const QString& xwid,
+                                const QString& yhi, const QString& isTriad)
+{
+    // Frames have no key: an animation may show the same texture twice.
+    addRow(QString(), number, {x, y, xwid, yhi, isTriad});
+}
+
+void PreviewFrameList::AddObjectTexture(const ListViewModel& lsvTextures, const QString& number)
+{
+    bool isNumber = false;
+    const qint64 texture = number.trimmed().toLongLong(&isNumber);
+    const std::optional<ObjectTextureShape> geometry =
+        isNumber ? ObjectTextureShape::ofTexture(lsvTextures, texture) : std::nullopt;
+    if (!geometry) {
+        AddFrame(number, {}, {}, {}, {});
+        return;
+    }
+    const QRect area = geometry->Bounds();
+    AddFrame(number, NumberText::of(area.x()), NumberText::of(area.y()), NumberText::of(area.width()),
+             NumberText::of(area.height()), geometry->IsTriad() ? TriadMark : QString());
+}
+
+bool PreviewFrameList::IsTriad(int row) const
+{
+    return subItem(row, IsTriadColumn) == TriadMark;
+}
+
+qint32 PreviewFrameList::WholeNumber(const QString& cell)
+{
+    const qint64 value = NumberText::valueOf(cell);
+    return qint32(std::clamp<qint64>(value, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max()));
+}
+
+std::optional<PreviewFrameList::Frame> PreviewFrameList::FrameAt(int row) const
+{
+    if (row < 0 || row >= count())
+        return std::nullopt;
+    const QString x = subItem(row, XColumn);
+    const QString y = subItem(row, YColumn);
+    const QString width = subItem(row, XwidColumn);
+    const QString height = subItem(row, YHiColumn);
+    if (x.isEmpty() || y.isEmpty() || width.isEmpty() || height.isEmpty())
+        return std::nullopt;
+    return Frame{WholeNumber(x), WholeNumber(y), WholeNumber(width), WholeNumber(height)};
+}
+
+bool PreviewFrameList::CheckFramesIn(ListViewModel& checklist, QChar keyPrefix) const
+{
+    if (count() == 0)
+        return false;
+    for (int frame = 0; frame < count(); ++frame) {
+        const int row = checklist.findKey(keyPrefix + text(frame).trimmed());
+        if (row >= 0)
+            checklist.setCheckState(row, Qt::Checked);
+    }
+    return true;
+}

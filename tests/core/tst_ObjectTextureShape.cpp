@@ -1,0 +1,53 @@
+#include "ListViewModel.h"
+#include "ObjectTextureShape.h"
+#include "m_TextureList.h"
+
+#include <QTest>
+
+// Where an object texture's row of lsvTextures puts it on the bitmap.
+class tst_ObjectTextureShape : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void boundsCornersAndSides_data();
+    void boundsCornersAndSides();
+};
+
+void tst_ObjectTextureShape::boundsCornersAndSides_data()
+{
+    QTest::addColumn<QList<int>>("cells"); // "Tile#", "Trans", X1..Y4, X1Hi..Y4Hi
+    QTest::addColumn<QRect>("bounds");
+    QTest::addColumn<QPoint>("corner3");
+    QTest::addColumn<int>("sides");
+    QTest::newRow("square 0-63") << QList<int>{0, 0, 0, 0, 63, 0, 63, 63, 0, 63, 1, 1, 255, 1, 255, 255, 1, 255}
+                                 << QRect(0, 0, 64, 64) << QPoint(63, 63) << 4;
+    QTest::newRow("flipped, tile 2") << QList<int>{2, 0, 73, 40, 10, 40, 10, 8, 73, 8, 255, 255, 1, 255, 1, 1, 255, 1}
+                                     << QRect(10, 520, 64, 33) << QPoint(10, 520) << 4;
+    QTest::newRow("triangle, tile 1") << QList<int>{1, 0, 64, 64, 127, 64, 64, 127, 0, 0, 1, 1, 255, 1, 1, 255, 0, 0}
+                                      << QRect(64, 320, 64, 64) << QPoint(64, 383) << 3;
+    QTest::newRow("corner 4 at 0 but marked") << QList<int>{0, 0, 0, 0, 9, 0, 9, 9, 0, 0, 1, 1, 255, 1, 255, 255, 1, 0}
+                                              << QRect(0, 0, 10, 10) << QPoint(9, 9) << 4;
+}
+
+void tst_ObjectTextureShape::boundsCornersAndSides()
+{
+    QFETCH(QList<int>, cells);
+    QFETCH(QRect, bounds);
+    QFETCH(QPoint, corner3);
+    QFETCH(int, sides);
+    ListViewModel lsvTextures;
+    QStringList texts;
+    for (int cell : cells)
+        texts << QString::number(cell);
+    // Texture 7 only: a gap before it, as deletions leave.
+    lsvTextures.addRow(QStringLiteral("T7"), QStringLiteral("7"), texts);
+    const std::optional<ObjectTextureShape> geometry = ObjectTextureShape::ofTexture(lsvTextures, 7);
+    QVERIFY(geometry && !ObjectTextureShape::ofTexture(lsvTextures, 0));
+    QCOMPARE(geometry->Bounds(), bounds);
+    QCOMPARE(geometry->Corner(2), corner3);
+    QCOMPARE(geometry->Sides(), sides);
+}
+
+QTEST_MAIN(tst_ObjectTextureShape)
+#include "tst_ObjectTextureShape.moc"
