@@ -1,7 +1,7 @@
 #include "PreviewFrameList.h"
 
 #include "NumberText.h"
-#include "ObjectTextureShape.h"
+#include "ObjectTextureRow.h"
 
 #include <algorithm>
 #include <limits>
@@ -32,15 +32,15 @@ void PreviewFrameList::AddObjectTexture(const ListViewModel& lsvTextures, const 
 {
     bool isNumber = false;
     const qint64 texture = number.trimmed().toLongLong(&isNumber);
-    const std::optional<ObjectTextureShape> geometry =
-        isNumber ? ObjectTextureShape::ofTexture(lsvTextures, texture) : std::nullopt;
+    const std::optional<ObjectTextureRow> geometry =
+        isNumber ? ObjectTextureRow::OfTexture(lsvTextures, texture) : std::nullopt;
     if (!geometry) {
         AddFrame(number, {}, {}, {}, {});
         return;
     }
     const QRect area = geometry->Bounds();
     AddFrame(number, NumberText::of(area.x()), NumberText::of(area.y()), NumberText::of(area.width()),
-             NumberText::of(area.height()), geometry->IsTriad() ? TriadMark : QString());
+             NumberText::of(area.height()), geometry->IsTriangle() ? TriadMark : QString());
 }
 
 bool PreviewFrameList::IsTriad(int row) const

@@ -511,7 +511,7 @@ void frmMain::LoadBitmap()
     s.IsBitmapLoaded = true;
     EnableDocumentMenus(true);
     // The view keeps the zoom the scroll bar shows.
-    view.setZoomFactor(m_zoom);
+    view.setZoomFactor(m_ui->hscrlZoom->value());
 }
 
 void frmMain::ReloadPicture()
@@ -536,7 +536,6 @@ void frmMain::ReloadPicture()
 
 void frmMain::hscrlZoom_Change(int value)
 {
-    m_zoom = value;
     m_ui->lblZoomFactor->setText(QStringLiteral("Zoom Factor: ") + QString::number(value));
     m_ui->ucScrollPic1->setZoomFactor(value);
     m_state->RedrawOutlines();
@@ -555,11 +554,13 @@ void frmMain::ucScrollPic1_MousePos(float X, float Y)
 
 void frmMain::ucScrollPic1_MouseSelect(float X1, float Y1, float X2, float Y2)
 {
-    const BitmapSelection pick = BitmapSelection::FromView(X1, Y1, X2, Y2, m_zoom);
+    // The window's zoom is the one its scroll bar shows.
+    const int zoom = m_ui->hscrlZoom->value();
+    const BitmapSelection pick = BitmapSelection::FromView(X1, Y1, X2, Y2, zoom);
     const bool made = m_objectPage->TakeSelection(pick.tile, pick.x1, pick.y1, pick.x2, pick.y2);
     ucScrollPic& view = *m_ui->ucScrollPic1;
     if (made)
-        view.DrawSelection(pick.x1 * m_zoom, pick.y1 * m_zoom, pick.x2 * m_zoom, pick.y2 * m_zoom,
+        view.DrawSelection(pick.x1 * zoom, pick.y1 * zoom, pick.x2 * zoom, pick.y2 * zoom,
                            m_state->OutlineColor);
     else
         view.ClearSelection();

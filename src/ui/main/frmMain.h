@@ -104,5 +104,4 @@ private:
     AssignmentPage* m_assignmentPage = nullptr;
     QList<EditorPage*> m_pages;
     QTabBar* m_tbsStrip = nullptr;
-    int m_zoom = 1;
 };

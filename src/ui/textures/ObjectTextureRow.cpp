@@ -4,6 +4,9 @@
 #include "NumberText.h"
 #include "TextureGeometry.h"
 
+#include <algorithm>
+#include <climits>
+
 namespace {
 
 int Cell(const ListViewModel& textures, int row, int column)
@@ -28,6 +31,14 @@ ObjectTextureRow ObjectTextureRow::Read(const ListViewModel& textures, int row)
     return read;
 }
 
+std::optional<ObjectTextureRow> ObjectTextureRow::OfTexture(const ListViewModel& textures, qint64 number)
+{
+    const int row = textures.findKey(QLatin1Char('T') + NumberText::of(number));
+    if (row < 0)
+        return std::nullopt;
+    return Read(textures, row);
+}
+
 bool ObjectTextureRow::IsTriangle() const
 {
     return corners[3].isNull() && subPixels[3].isNull();
@@ -36,6 +47,22 @@ bool ObjectTextureRow::IsTriangle() const
 QPoint ObjectTextureRow::BitmapCorner(int i) const
 {
     return corners[size_t(i)] + QPoint(0, tile * TextureGeometry::TileSize);
+}
+
+QRect ObjectTextureRow::Bounds() const
+{
+    auto edge = [](int pixel, int subPixel) { return subPixel >= 128 ? pixel + 1 : pixel; };
+    const int used = IsTriangle() ? 3 : 4;
+    int left = INT_MAX, top = INT_MAX, right = INT_MIN, bottom = INT_MIN;
+    for (int i = 0; i < used; ++i) {
+        const int x = edge(corners[size_t(i)].x(), subPixels[size_t(i)].x());
+        const int y = edge(corners[size_t(i)].y(), subPixels[size_t(i)].y());
+        left = std::min(left, x);
+        right = std::max(right, x);
+        top = std::min(top, y);
+        bottom = std::max(bottom, y);
+    }
+    return QRect(left, tile * TextureGeometry::TileSize + top, right - left, bottom - top);
 }
 
 QStringList ObjectTextureRow::DrawColumns() const

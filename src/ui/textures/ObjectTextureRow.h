@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QPoint>
+#include <QRect>
 #include <QStringList>
 
 #include <array>
+#include <optional>
 
 class ListViewModel;
 
@@ -15,6 +17,8 @@ class ObjectTextureRow
 {
 public:
     static ObjectTextureRow Read(const ListViewModel& textures, int row);
+    // The row keyed "T" and number; nothing when there is none.
+    static std::optional<ObjectTextureRow> OfTexture(const ListViewModel& textures, qint64 number);
 
     int tile = 0;
     int trans = 0;
@@ -27,6 +31,11 @@ public:
     bool IsTriangle() const;
     // Corner i with the tile's offset added to Y: whole-bitmap pixels.
     QPoint BitmapCorner(int i) const;
+    // The whole-bitmap pixels the texture covers, what a preview shows. A
+    // coordinate whose sub-pixel byte is 128 or more stands for the far side
+    // of its pixel, so a square from pixel 0 to 63 covers 64. A triangle's
+    // unused fourth corner plays no part.
+    QRect Bounds() const;
     // The draw list's "NumSide" and corner columns: a quad's two opposite
     // corners (1 and 3), or a triangle's three corners.
     QStringList DrawColumns() const;

@@ -1,11 +1,10 @@
 #include "ListViewModel.h"
-#include "ObjectTextureShape.h"
-#include "m_TextureList.h"
+#include "ObjectTextureRow.h"
 
 #include <QTest>
 
 // Where an object texture's row of lsvTextures puts it on the bitmap.
-class tst_ObjectTextureShape : public QObject
+class tst_ObjectTextureRow : public QObject
 {
     Q_OBJECT
 
@@ -14,7 +13,7 @@ private slots:
     void boundsCornersAndSides();
 };
 
-void tst_ObjectTextureShape::boundsCornersAndSides_data()
+void tst_ObjectTextureRow::boundsCornersAndSides_data()
 {
     QTest::addColumn<QList<int>>("cells"); // "Tile#", "Trans", X1..Y4, X1Hi..Y4Hi
     QTest::addColumn<QRect>("bounds");
@@ -30,7 +29,7 @@ void tst_ObjectTextureShape::boundsCornersAndSides_data()
                                               << QRect(0, 0, 10, 10) << QPoint(9, 9) << 4;
 }
 
-void tst_ObjectTextureShape::boundsCornersAndSides()
+void tst_ObjectTextureRow::boundsCornersAndSides()
 {
     QFETCH(QList<int>, cells);
     QFETCH(QRect, bounds);
@@ -42,12 +41,12 @@ void tst_ObjectTextureShape::boundsCornersAndSides()
         texts << QString::number(cell);
     // Texture 7 only: a gap before it, as deletions leave.
     lsvTextures.addRow(QStringLiteral("T7"), QStringLiteral("7"), texts);
-    const std::optional<ObjectTextureShape> geometry = ObjectTextureShape::ofTexture(lsvTextures, 7);
-    QVERIFY(geometry && !ObjectTextureShape::ofTexture(lsvTextures, 0));
+    const std::optional<ObjectTextureRow> geometry = ObjectTextureRow::OfTexture(lsvTextures, 7);
+    QVERIFY(geometry && !ObjectTextureRow::OfTexture(lsvTextures, 0));
     QCOMPARE(geometry->Bounds(), bounds);
-    QCOMPARE(geometry->Corner(2), corner3);
-    QCOMPARE(geometry->Sides(), sides);
+    QCOMPARE(geometry->BitmapCorner(2), corner3);
+    QCOMPARE(geometry->IsTriangle() ? 3 : 4, sides);
 }
 
-QTEST_MAIN(tst_ObjectTextureShape)
-#include "tst_ObjectTextureShape.moc"
+QTEST_MAIN(tst_ObjectTextureRow)
+#include "tst_ObjectTextureRow.moc"
