@@ -20,7 +20,9 @@ std::optional<double> ReadRatioFigure::measure()
         return std::nullopt;
     }
     // Once untimed: the job must succeed, and both sides start warm.
-    if (!run(path, dir.path()) || readAllBytes(path) != QFileInfo(path).size()) {
+    const bool ran = run(path, dir.path());
+    tidy(dir.path());
+    if (!ran || readAllBytes(path) != QFileInfo(path).size()) {
         std::fprintf(stderr, "%s: the synthetic level does not %s or read whole\n", figure.constData(), jobName());
         return std::nullopt;
     }
@@ -32,6 +34,7 @@ std::optional<double> ReadRatioFigure::measure()
         timer.start();
         run(path, dir.path());
         jobs.add(timer.nsecsElapsed());
+        tidy(dir.path());
         timer.start();
         readAllBytes(path);
         reads.add(timer.nsecsElapsed());

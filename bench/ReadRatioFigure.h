@@ -21,6 +21,8 @@ protected:
     // The job on the level at path; false when it fails. dir is a scratch
     // folder beside the level for anything the job writes.
     virtual bool run(const QString& path, const QString& dir) = 0;
+    // Untimed, after each run: puts dir back as the next run expects it.
+    virtual void tidy(const QString& dir) { Q_UNUSED(dir); }
 
     static constexpr int Repetitions = 25;
 

@@ -4,6 +4,7 @@
 #include "SyntheticLevel.h"
 
 #include <QDir>
+#include <QFile>
 #include <QtEndian>
 
 #include <cstdio>
@@ -27,8 +28,18 @@ bool TilesRatioFigure::writeLevel(const QString& path, QString* error) const
 bool TilesRatioFigure::run(const QString& path, const QString& dir)
 {
     QString error;
-    if (LevelTileBitmap::write(path, QDir(dir).filePath(QStringLiteral("tiles.bmp")), &error))
+    if (LevelTileBitmap::write(path, bitmapPath(dir), &error))
         return true;
     std::fprintf(stderr, "tiles_ratio: %s\n", qPrintable(error));
     return false;
+}
+
+void TilesRatioFigure::tidy(const QString& dir)
+{
+    QFile::remove(bitmapPath(dir));
+}
+
+QString TilesRatioFigure::bitmapPath(const QString& dir)
+{
+    return QDir(dir).filePath(QStringLiteral("tiles.bmp"));
 }

@@ -1,46 +1,22 @@
 #include "LevelTileBitmap.h"
 
 #include "BinaryReader.h"
+#include "BitmapTileConverter.h"
+#include "ReplacingFile.h"
 #include "WalkedLevelFile.h"
 
-#include <QSaveFile>
 #include <QtEndian>
 
-#include <array>
-#include <cstring>
 #include <limits>
-#include <vector>
 
 namespace {
 
 constexpr int InfoHeaderSize = 40;
 constexpr int BitsPerPixel = 24;
 constexpr qint32 PixelsPerMetre = 2835; // 72 dots per inch
-constexpr qint64 RowSize = LevelTileBitmap::TileSide * 3; // a multiple of 4: no row padding
-
-// The eight-bit value of every five-bit channel value.
-constexpr std::array<quint8, 32> widened = [] {
-    std::array<quint8, 32> table{};
-    for (int c = 0; c < 32; ++c)
-        table[size_t(c)] = quint8((c << 3) | (c >> 2));
-    return table;
-}();
-
-// The bitmap's blue, green and red bytes of every 16-bit pixel, in the low
-// three bytes: one look-up per pixel instead of a branch on bit 15 that
-// random pixels mispredict half the time.
-const std::vector<quint32>& bitmapBytesOfEveryPixel()
-{
-    static const std::vector<quint32> table = [] {
-        std::vector<quint32> bytes(65536);
-        for (quint32 pixel = 0; pixel < bytes.size(); ++pixel) {
-            const QRgb colour = LevelTileBitmap::colourOf(quint16(pixel));
-            bytes[pixel] = quint32(qBlue(colour)) | quint32(qGreen(colour)) << 8 | quint32(qRed(colour)) << 16;
-        }
-        return bytes;
-    }();
-    return table;
-}
+constexpr int TileSide = BitmapTileConverter::TileSide;
+constexpr qint64 Tile16Size = BitmapTileConverter::Tile16Size;
+constexpr qint64 BitmapTileSize = BitmapTileConverter::BitmapTileSize;
 
 template <typename T>
 void put(QByteArray& bytes, qsizetype at, T value)
@@ -65,13 +41,6 @@ bool LevelTileBitmap::write(const QString& levelPath, const QString& bmpPath, QS
     if (errorFile)
         *errorFile = bitmap.m_errorFile;
     return written;
-}
-
-QRgb LevelTileBitmap::colourOf(quint16 pixel)
-{
-    if (!(pixel & 0x8000))
-        return SeeThrough;
-    return qRgb(widened[(pixel >> 10) & 31], widened[(pixel >> 5) & 31], widened[pixel & 31]);
 }
 
 bool LevelTileBitmap::run()
@@ -104,10 +73,8 @@ bool LevelTileBitmap::locateTiles(WalkedLevelFile& level)
 
 bool LevelTileBitmap::writeBitmap(WalkedLevelFile& level)
 {
-    QSaveFile bitmap(m_bmpPath);
-    if (!bitmap.open(QIODevice::WriteOnly))
-        return fail(m_bmpPath, bitmap.errorString());
-    if (bitmap.write(header()) != HeaderSize)
+    ReplacingFile bitmap(m_bmpPath);
+    if (!bitmap.open() || !bitmap.write(header()))
         return fail(m_bmpPath, bitmap.errorString());
     if (!writeTiles(level.file(), bitmap))
         return false;
@@ -117,32 +84,20 @@ bool LevelTileBitmap::writeBitmap(WalkedLevelFile& level)
 }
 
 // The bitmap stores its bottom row first: the last tile goes first, each
-// tile upside down.
-bool LevelTileBitmap::writeTiles(QFileDevice& level, QFileDevice& bitmap)
+// tile upside down. The tiles are read, not mapped: a level another program
+// cuts short while it is mapped would end the process.
+bool LevelTileBitmap::writeTiles(QFileDevice& level, ReplacingFile& bitmap)
 {
     QByteArray tile16(Tile16Size, Qt::Uninitialized);
     QByteArray converted(BitmapTileSize, Qt::Uninitialized);
     for (qint64 tile = m_tileCount - 1; tile >= 0; --tile) {
         if (!level.seek(m_tilesPosition + tile * Tile16Size) || level.read(tile16.data(), Tile16Size) != Tile16Size)
             return fail(m_levelPath, level.errorString());
-        convertTile(tile16.constData(), converted.data());
-        if (bitmap.write(converted) != BitmapTileSize)
+        BitmapTileConverter::convertTile(tile16.constData(), converted.data());
+        if (!bitmap.write(converted))
             return fail(m_bmpPath, bitmap.errorString());
     }
     return true;
-}
-
-void LevelTileBitmap::convertTile(const char* tile16, char* bitmapTile)
-{
-    const quint32* bytesOf = bitmapBytesOfEveryPixel().data();
-    for (int row = 0; row < TileSide; ++row) {
-        const char* in = tile16 + qint64(row) * TileSide * 2;
-        char* out = bitmapTile + (TileSide - 1 - row) * RowSize;
-        for (int x = 0; x < TileSide; ++x, in += 2, out += 3) {
-            const quint32 bgr = qToLittleEndian(bytesOf[qFromLittleEndian<quint16>(in)]);
-            std::memcpy(out, &bgr, 3);
-        }
-    }
 }
 
 // BITMAPFILEHEADER then BITMAPINFOHEADER: uncompressed, 24 bits, a positive

@@ -1,3 +1,4 @@
+#include "BitmapTileConverter.h"
 #include "LevelTileBitmap.h"
 #include "ScratchDir.h"
 #include "SyntheticLevel.h"
@@ -10,6 +11,7 @@ using Game = LevelVersion::Game;
 using Field = SyntheticField;
 
 Q_DECLARE_METATYPE(SyntheticLevel)
+Q_DECLARE_METATYPE(BitmapTileConverter::Way)
 
 namespace {
 
@@ -60,6 +62,37 @@ class tst_LevelTileBitmap : public QObject
     }
 
 private slots:
+    void everyWordByEveryWay_data()
+    {
+        QTest::addColumn<BitmapTileConverter::Way>("way");
+        const char* names[] = {"table", "SSSE3", "AVX2"};
+        for (BitmapTileConverter::Way way : BitmapTileConverter::waysOfThisProcessor())
+            QTest::newRow(names[int(way)]) << way;
+    }
+
+    // One tile holds each of the 65,536 words once, word w at row w / 256:
+    // every way must give every word its colour, in the row a bottom-up
+    // bitmap keeps it, and write nothing outside the tile.
+    void everyWordByEveryWay()
+    {
+        QFETCH(BitmapTileConverter::Way, way);
+        QByteArray tile(BitmapTileConverter::Tile16Size, Qt::Uninitialized);
+        for (int word = 0; word < 65536; ++word)
+            qToLittleEndian(quint16(word), tile.data() + word * 2);
+        const int guard = 64;
+        QByteArray out(BitmapTileConverter::BitmapTileSize + 2 * guard, '\x5A');
+        BitmapTileConverter::convertTile(tile.constData(), out.data() + guard, way);
+        QCOMPARE(out.left(guard), QByteArray(guard, '\x5A'));
+        QCOMPARE(out.right(guard), QByteArray(guard, '\x5A'));
+        for (int word = 0; word < 65536; ++word) {
+            const auto* bgr = reinterpret_cast<const uchar*>(out.constData()) + guard
+                              + ((Side - 1 - word / Side) * Side + word % Side) * 3;
+            const QRgb expected = BitmapTileConverter::colourOf(quint16(word));
+            if (qRgb(bgr[2], bgr[1], bgr[0]) != expected)
+                QFAIL(qPrintable(QStringLiteral("word %1").arg(word, 4, 16, QLatin1Char('0'))));
+        }
+    }
+
     void colours_data()
     {
         QTest::addColumn<quint16>("word");

@@ -1,0 +1,97 @@
+#include "ReplacingFile.h"
+
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <filesystem>
+#include <system_error>
+
+namespace {
+
+constexpr int NameAttempts = 16;
+
+QString temporaryNameBeside(const QString& path)
+{
+    return path + QStringLiteral(".%1.tmp").arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'));
+}
+
+std::filesystem::path nativePath(const QString& path)
+{
+    return std::filesystem::path(path.toStdU16String());
+}
+
+} // namespace
+
+ReplacingFile::ReplacingFile(const QString& path)
+    : m_path(path)
+{
+}
+
+ReplacingFile::~ReplacingFile()
+{
+    discard();
+}
+
+bool ReplacingFile::open()
+{
+    if (QFileInfo(m_path).isDir())
+        return failWith(QStringLiteral("is a directory"));
+    QString cause = QStringLiteral("no free temporary name beside it");
+    for (int attempt = 0; attempt < NameAttempts; ++attempt) {
+        m_temporary.setFileName(temporaryNameBeside(m_path));
+        if (m_temporary.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+            break;
+        const bool nameTaken = m_temporary.exists();
+        cause = m_temporary.errorString();
+        // Whatever has the name is not ours to remove.
+        m_temporary.setFileName(QString());
+        if (!nameTaken)
+            return failWith(cause);
+    }
+    if (!m_temporary.isOpen())
+        return failWith(cause);
+    // A replaced file keeps who may read and write it.
+    if (QFile::exists(m_path))
+        m_temporary.setPermissions(QFile::permissions(m_path));
+    return true;
+}
+
+bool ReplacingFile::write(const char* data, qint64 length)
+{
+    if (!m_temporary.isOpen())
+        return failWith(QStringLiteral("is not open for writing"));
+    if (m_temporary.write(data, length) != length)
+        return failWith(m_temporary.errorString());
+    return true;
+}
+
+bool ReplacingFile::commit()
+{
+    if (!m_temporary.isOpen())
+        return failWith(QStringLiteral("is not open for writing"));
+    if (!m_temporary.flush())
+        return failWith(m_temporary.errorString());
+    m_temporary.close();
+    std::error_code error;
+    std::filesystem::rename(nativePath(m_temporary.fileName()), nativePath(m_path), error);
+    if (error)
+        return failWith(QString::fromStdString(error.message()));
+    m_temporary.setFileName(QString());
+    return true;
+}
+
+bool ReplacingFile::failWith(const QString& error)
+{
+    m_error = error;
+    discard();
+    return false;
+}
+
+void ReplacingFile::discard()
+{
+    if (m_temporary.fileName().isEmpty())
+        return;
+    m_temporary.close();
+    m_temporary.remove();
+    m_temporary.setFileName(QString());
+}
