@@ -6,6 +6,8 @@
 #include "DemoSurfaces.h"
 #include "DemoTile16Encoder.h"
 #include "LevelListExtractor.h"
+#include "SyntheticGeometry.h"
+#include "SyntheticMeshSet.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -82,13 +84,57 @@ bool fail(QString* error, QString* file, const QString& path, const QString& cau
     return false;
 }
 
+// Object textures by the order they are drawn: the wall squares row by row
+// (0-15), water (16-19) and lava (20-22) frames, the triangles (23-28) and
+// the frieze (29).
+namespace Texture {
+constexpr quint16 StoneBlocks = 0, Bricks = 1, Planks = 2, FloorTiles = 3, Cobbles = 5, Sand = 6, MossyStone = 7,
+                  TreadPlate = 8, Marble = 9, Grass = 10, RoofTiles = 12, Carpet = 13, Crate = 15, Water = 16,
+                  Lava = 20, StoneGrass = 23, GrassStone = 24, RoofPlanks = 25, PlanksRoof = 26, Bricks45 = 27,
+                  Frieze = 29;
+}
+// The first scenery sprite: after the flame, the coin, four pickups and the smoke.
+constexpr quint16 PlantSprite = DemoSpriteArt::FlameFrames + DemoSpriteArt::CoinFrames + 4 + DemoSpriteArt::SmokeFrames;
+
+// Three rooms built of the wall squares; the grate, the fence, the ice and
+// the fence triangle are left unused, so texture usage finds some of each.
 QList<SyntheticRoom> demoRooms()
 {
-    return {
-        {48, 1, 4, 4, 1, 0, false},
-        {96, 2, 6, 4, 2, 1, false},
-        {32, 1, 3, 3, 1, 0, false},
+    using namespace Texture;
+    const QList<SyntheticRoom> layouts = {
+        {0, 1, 4, 4, 1, 0, false},
+        {0, 2, 6, 4, 2, 1, false},
+        {0, 1, 3, 3, 1, 0, false},
     };
+    const QByteArray geometry[] = {
+        SyntheticGeometry::room(8, {StoneBlocks, Bricks, FloorTiles, Cobbles, Sand, MossyStone}, {StoneGrass, GrassStone},
+                                {PlantSprite}),
+        SyntheticGeometry::room(12, {TreadPlate, Grass, RoofTiles, Carpet, Water, Lava},
+                                {RoofPlanks, quint16(PlanksRoof | SyntheticGeometry::DoubleSided)}),
+        SyntheticGeometry::room(4, {Planks, Marble, Frieze}, {}),
+    };
+    QList<SyntheticRoom> rooms;
+    for (int i = 0; i < layouts.size(); ++i) {
+        SyntheticRoom room = SyntheticRoom::holding(geometry[i]);
+        room.portals = layouts[i].portals;
+        room.sectorsZ = layouts[i].sectorsZ;
+        room.sectorsX = layouts[i].sectorsX;
+        room.lights = layouts[i].lights;
+        room.staticMeshes = layouts[i].staticMeshes;
+        rooms.append(room);
+    }
+    return rooms;
+}
+
+// A crate that two objects share and a little roof lit by vertex lights.
+SyntheticMeshSet demoMeshes()
+{
+    using namespace Texture;
+    SyntheticMeshSet meshes;
+    const quint32 crate = meshes.addPointed(SyntheticGeometry::mesh(8, 8, QList<quint16>(6, Crate), {}));
+    meshes.point(crate);
+    meshes.addPointed(SyntheticGeometry::mesh(6, -6, {RoofTiles, RoofTiles}, {Bricks45}));
+    return meshes;
 }
 
 } // namespace
@@ -183,6 +229,7 @@ SyntheticLevel DemoLevel::level() const
     SyntheticLevel level(LevelVersion::Game::TR2);
     level.setTileCount(TileCount, tiles16());
     level.setRooms(demoRooms());
+    demoMeshes().applyTo(level);
     level.setObjectTextures(objectTextures());
     level.setSpriteTextures(spriteTextures());
     level.setSpriteSequences(spriteSequences());

@@ -52,16 +52,17 @@ void tst_AssignmentPage::findUsageFillsTheListsOnlyWhenAsked()
         QCOMPARE(list->count(), 0);
 
     click(f, "cmdAssign");
-    // The demo level has no geometry: its sequences use every sprite, and
-    // only the animated ranges' textures count as used.
-    QCOMPARE(page.lsvPolygons().count(), 0);
-    QCOMPARE(page.lsvMesh().count(), 0);
+    // The demo's rooms use most wall squares, a shared crate mesh and a roof
+    // mesh three more; its sequences use every sprite. Four textures are left.
+    QCOMPARE(page.lsvPolygons().count(), 19);
+    QCOMPARE(page.lsvMesh().count(), 3);
+    QCOMPARE(page.lsvMesh().text(1), QStringLiteral("15"));
     QCOMPARE(page.lsvSprite().count(), 29);
     QCOMPARE(page.lsvSprite().text(28), QStringLiteral("28"));
-    QCOMPARE(page.lsvNotAssign().count(), 23);
-    QCOMPARE(page.lsvNotAssign().text(16), QStringLiteral("23"));
+    QCOMPARE(page.lsvNotAssign().count(), 4);
+    QCOMPARE(page.lsvNotAssign().text(3), QStringLiteral("28"));
     QCOMPARE(page.lsvNotAssign().columns(), QStringList("Texture #"));
-    QVERIFY(f.window->statusBar()->currentMessage().contains("23 not assigned"));
+    QVERIFY(f.window->statusBar()->currentMessage().contains("4 not assigned"));
 
     // Opening a list again leaves them empty until asked.
     f.openList(f.listPath());
@@ -102,11 +103,11 @@ void tst_AssignmentPage::drawOutlinesTheChosenNumbers()
     click(f, "cmdAssign");
     EditorState& s = f.window->state();
 
-    choose(f.find<ListView>("lsvNotAssign"), {0, 16}); // textures 0 and 23
+    choose(f.find<ListView>("lsvNotAssign"), {0, 3}); // textures 4 and 28
     click(f, "cmdAssignDraw");
     QCOMPARE(s.lsvDrawList.count(), 2);
-    QCOMPARE(s.lsvDrawList.text(0), QStringLiteral("00"));
-    QCOMPARE(s.lsvDrawList.text(1), QStringLiteral("23"));
+    QCOMPARE(s.lsvDrawList.text(0), QStringLiteral("04"));
+    QCOMPARE(s.lsvDrawList.text(1), QStringLiteral("28"));
     QCOMPARE(s.lsvSpriteDrawLisr.count(), 0);
     QVERIFY(s.picture()->ShapeCount() >= 4);
 
