@@ -110,6 +110,7 @@ void tst_AssignmentPage::drawOutlinesTheChosenNumbers()
     QCOMPARE(s.lsvDrawList.text(1), QStringLiteral("28"));
     QCOMPARE(s.lsvSpriteDrawLisr.count(), 0);
     QVERIFY(s.picture()->ShapeCount() >= 4);
+    QCOMPARE(f.window->statusBar()->currentMessage(), QStringLiteral("Outlined 2 textures and 0 sprites."));
 
     // Sprites are outlined from the sprite list; the textures' outlines go.
     f.find<ListView>("lsvNotAssign")->clearSelection();
@@ -118,6 +119,15 @@ void tst_AssignmentPage::drawOutlinesTheChosenNumbers()
     QCOMPARE(s.lsvDrawList.count(), 0);
     QCOMPARE(s.lsvSpriteDrawLisr.count(), 1);
     QCOMPARE(s.lsvSpriteDrawLisr.subItem(0, 1), QStringLiteral("4"));
+
+    // Without a bitmap nothing is outlined, and the status bar says why.
+    QVERIFY(QFile::remove(f.bitmapPath()));
+    f.openList(f.listPath());
+    click(f, "cmdAssign");
+    choose(f.find<ListView>("lsvNotAssign"), {0});
+    click(f, "cmdAssignDraw");
+    QCOMPARE(s.lsvDrawList.count(), 0);
+    QVERIFY(f.window->statusBar()->currentMessage().startsWith("No bitmap is loaded"));
 }
 
 void tst_AssignmentPage::newListTakesTheLevelsTilesAsItsBitmap()

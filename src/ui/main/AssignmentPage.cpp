@@ -116,6 +116,11 @@ void AssignmentPage::DrawChosen()
         DrawTextures(ChosenNumbers(*m_ui->lsvPolygons) + ChosenNumbers(*m_ui->lsvMesh)
                      + ChosenNumbers(*m_ui->lsvNotAssign));
         DrawSprites(ChosenNumbers(*m_ui->lsvSprite));
+        m_state.ShowStatus(tr("Outlined %1 textures and %2 sprites.")
+                               .arg(m_state.lsvDrawList.count())
+                               .arg(m_state.lsvSpriteDrawLisr.count()));
+    } else {
+        m_state.ShowStatus(tr("No bitmap is loaded: there is nothing to outline on."));
     }
     m_state.RedrawOutlines();
 }

@@ -118,7 +118,7 @@ void frmMain::Form_Load()
         page->ResetPage();
     ShowPage(1);
     EnableDocumentMenus(false);
-    m_ui->splitter->setStretchFactor(0, 0);
+    m_ui->splitter->setStretchFactor(0, 1); // a larger window widens the bitmap and the pages alike
     m_ui->splitter->setStretchFactor(1, 1);
     m_ui->splitter->setSizes({430, 600});
 }
