@@ -13,7 +13,6 @@
 #include "ucScrollPicCanvas.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QPainter>
 #include <QPushButton>
@@ -67,14 +66,13 @@ std::vector<ListViewModel::Row> SpriteRows(int count, int tiles)
     return rows;
 }
 
-qint64 PaintNs(const ucScrollPicCanvas& canvas, QImage& target)
+void Paint(const ucScrollPicCanvas& canvas, QImage& target, DurationSamples& paints)
 {
-    QElapsedTimer timer;
     QPainter painter(&target);
-    timer.start();
-    canvas.paintView(painter, target.rect());
-    painter.end();
-    return timer.nsecsElapsed();
+    paints.time([&] {
+        canvas.paintView(painter, target.rect());
+        painter.end();
+    });
 }
 
 } // namespace
@@ -114,14 +112,12 @@ std::optional<double> DrawAllFigure::measure()
 
     DurationSamples whole;
     DurationSamples paints;
-    QElapsedTimer timer;
     for (int i = 0; i < Repetitions; ++i) {
-        timer.start();
-        drawTextures->click();
-        drawSprites->click();
-        const qint64 paint = PaintNs(canvas, viewport);
-        whole.add(timer.nsecsElapsed());
-        paints.add(paint);
+        whole.time([&] {
+            drawTextures->click();
+            drawSprites->click();
+            Paint(canvas, viewport, paints);
+        });
     }
     // Row k of a checklist draws texture k: every texture but number 0.
     if (state.lsvDrawList.count() != ObjectTextures - 1 || state.lsvSpriteDrawLisr.count() != Sprites - 1

@@ -4,7 +4,6 @@
 #include "C_ListInserter.h"
 #include "DurationSamples.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -21,21 +20,15 @@ std::optional<double> InsertRatioFigure::measure()
 
     DurationSamples inserts;
     DurationSamples copies;
-    QElapsedTimer timer;
     for (int i = 0; i < Repetitions; ++i) {
         QFile::remove(output);
-        timer.start();
-        const auto result = C_ListInserter().Insert(level, BenchList::listPath(dir), output);
-        inserts.add(timer.nsecsElapsed());
+        const auto result = inserts.time([&] { return C_ListInserter().Insert(level, BenchList::listPath(dir), output); });
         if (result.status != C_ListInserter::Status::Done) {
             std::fprintf(stderr, "insert_ratio: insertion failed: %s\n", qPrintable(result.error));
             return std::nullopt;
         }
         QFile::remove(copy);
-        timer.start();
-        const bool copied = QFile::copy(level, copy);
-        copies.add(timer.nsecsElapsed());
-        if (!copied) {
+        if (!copies.time([&] { return QFile::copy(level, copy); })) {
             std::fprintf(stderr, "insert_ratio: the copy failed\n");
             return std::nullopt;
         }

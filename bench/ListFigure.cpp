@@ -5,7 +5,6 @@
 #include "DurationSamples.h"
 #include "ListViewSet.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -31,12 +30,10 @@ std::optional<double> ListFigure::measure()
     }
 
     DurationSamples samples;
-    QElapsedTimer timer;
     for (int i = 0; i < Repetitions; ++i) {
-        timer.start();
-        const qint16 status = m_job == Job::Open ? views.openList(list, BenchList::listPath(dir))
-                                                 : list.PutAllListContents();
-        samples.add(timer.nsecsElapsed());
+        const qint16 status = samples.time([&] {
+            return m_job == Job::Open ? views.openList(list, BenchList::listPath(dir)) : list.PutAllListContents();
+        });
         if (status != C_ListInfo::Success) {
             std::fprintf(stderr, "%s: the list could not be %s\n", figure.constData(),
                          m_job == Job::Open ? "read" : "written");

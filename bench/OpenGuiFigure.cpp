@@ -9,7 +9,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -28,12 +27,9 @@ std::optional<double> OpenGuiFigure::measure()
     auto* open = window.findChild<QAction*>(QStringLiteral("mnuFileOpen"));
 
     DurationSamples samples;
-    QElapsedTimer timer;
     for (int i = 0; i < Repetitions; ++i) {
         prompts.fileNames = {BenchList::listPath(dir)};
-        timer.start();
-        open->trigger();
-        samples.add(timer.nsecsElapsed());
+        samples.time([&] { open->trigger(); });
         QApplication::processEvents();
     }
     const EditorState& state = window.state();

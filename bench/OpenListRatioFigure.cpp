@@ -11,7 +11,6 @@
 #include "SpriteTexture.h"
 #include "TableRecords.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtEndian>
@@ -48,14 +47,9 @@ std::optional<double> OpenListRatioFigure::measure()
 
     DurationSamples opens;
     DurationSamples decodes;
-    QElapsedTimer timer;
     for (int i = 0; i < Repetitions; ++i) {
-        timer.start();
-        views.openList(list, path);
-        opens.add(timer.nsecsElapsed());
-        timer.start();
-        decodeRecords(path);
-        decodes.add(timer.nsecsElapsed());
+        opens.time([&] { views.openList(list, path); });
+        decodes.time([&] { decodeRecords(path); });
     }
     std::fprintf(stderr, "open_list_ratio: open %.3f ms, decode %.3f ms (medians of %d)\n", opens.median() / 1e6,
                  decodes.median() / 1e6, Repetitions);

@@ -5,7 +5,6 @@
 #include "ucScrollPic.h"
 #include "ucScrollPicCanvas.h"
 
-#include <QElapsedTimer>
 #include <QPainter>
 #include <QRandomGenerator>
 #include <QScrollBar>
@@ -20,13 +19,12 @@ double MedianPaintNs(const ucScrollPicCanvas& canvas, int repetitions)
 {
     QImage target(canvas.size(), QImage::Format_RGB32);
     DurationSamples samples;
-    QElapsedTimer timer;
     for (int i = 0; i < repetitions; ++i) {
         QPainter painter(&target);
-        timer.start();
-        canvas.paintView(painter, target.rect());
-        painter.end();
-        samples.add(timer.nsecsElapsed());
+        samples.time([&] {
+            canvas.paintView(painter, target.rect());
+            painter.end();
+        });
     }
     return samples.median();
 }

@@ -2,7 +2,6 @@
 
 #include "DurationSamples.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -29,15 +28,10 @@ std::optional<double> ReadRatioFigure::measure()
 
     DurationSamples jobs;
     DurationSamples reads;
-    QElapsedTimer timer;
     for (int i = 0; i < Repetitions; ++i) {
-        timer.start();
-        run(path, dir.path());
-        jobs.add(timer.nsecsElapsed());
+        jobs.time([&] { run(path, dir.path()); });
         tidy(dir.path());
-        timer.start();
-        readAllBytes(path);
-        reads.add(timer.nsecsElapsed());
+        reads.time([&] { readAllBytes(path); });
     }
     std::fprintf(stderr, "%s: %s %.3f ms, read %.3f ms (medians of %d)\n", figure.constData(), jobName(),
                  jobs.median() / 1e6, reads.median() / 1e6, Repetitions);
