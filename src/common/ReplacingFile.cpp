@@ -59,7 +59,7 @@ bool ReplacingFile::open()
 bool ReplacingFile::write(const char* data, qint64 length)
 {
     if (!m_temporary.isOpen())
-        return failWith(QStringLiteral("is not open for writing"));
+        return notOpen();
     if (m_temporary.write(data, length) != length)
         return failWith(m_temporary.errorString());
     return true;
@@ -68,7 +68,7 @@ bool ReplacingFile::write(const char* data, qint64 length)
 bool ReplacingFile::commit()
 {
     if (!m_temporary.isOpen())
-        return failWith(QStringLiteral("is not open for writing"));
+        return notOpen();
     if (!m_temporary.flush())
         return failWith(m_temporary.errorString());
     m_temporary.close();
@@ -84,6 +84,14 @@ bool ReplacingFile::failWith(const QString& error)
 {
     m_error = error;
     discard();
+    return false;
+}
+
+// After a failure the first cause stands: it is the one worth reporting.
+bool ReplacingFile::notOpen()
+{
+    if (m_error.isEmpty())
+        m_error = QStringLiteral("is not open for writing");
     return false;
 }
 

@@ -26,6 +26,7 @@ public:
 
 private:
     bool failWith(const QString& error);
+    bool notOpen();
     void discard();
 
     QString m_path;

@@ -98,32 +98,30 @@ constexpr quint16 PlantSprite = DemoSpriteArt::FlameFrames + DemoSpriteArt::Coin
 
 // Three rooms built of the wall squares; the grate, the fence, the ice and
 // the fence triangle are left unused, so texture usage finds some of each.
+SyntheticRoom roomOf(const QByteArray& geometry, qint16 portals, qint16 sectorsZ, qint16 sectorsX, qint16 lights,
+                     qint16 staticMeshes)
+{
+    SyntheticRoom room = SyntheticRoom::holding(geometry);
+    room.portals = portals;
+    room.sectorsZ = sectorsZ;
+    room.sectorsX = sectorsX;
+    room.lights = lights;
+    room.staticMeshes = staticMeshes;
+    return room;
+}
+
 QList<SyntheticRoom> demoRooms()
 {
     using namespace Texture;
-    const QList<SyntheticRoom> layouts = {
-        {0, 1, 4, 4, 1, 0, false},
-        {0, 2, 6, 4, 2, 1, false},
-        {0, 1, 3, 3, 1, 0, false},
+    return {
+        roomOf(SyntheticGeometry::room(8, {StoneBlocks, Bricks, FloorTiles, Cobbles, Sand, MossyStone},
+                                       {StoneGrass, GrassStone}, {PlantSprite}),
+               1, 4, 4, 1, 0),
+        roomOf(SyntheticGeometry::room(12, {TreadPlate, Grass, RoofTiles, Carpet, Water, Lava},
+                                       {RoofPlanks, quint16(PlanksRoof | SyntheticGeometry::DoubleSided)}),
+               2, 6, 4, 2, 1),
+        roomOf(SyntheticGeometry::room(4, {Planks, Marble, Frieze}, {}), 1, 3, 3, 1, 0),
     };
-    const QByteArray geometry[] = {
-        SyntheticGeometry::room(8, {StoneBlocks, Bricks, FloorTiles, Cobbles, Sand, MossyStone}, {StoneGrass, GrassStone},
-                                {PlantSprite}),
-        SyntheticGeometry::room(12, {TreadPlate, Grass, RoofTiles, Carpet, Water, Lava},
-                                {RoofPlanks, quint16(PlanksRoof | SyntheticGeometry::DoubleSided)}),
-        SyntheticGeometry::room(4, {Planks, Marble, Frieze}, {}),
-    };
-    QList<SyntheticRoom> rooms;
-    for (int i = 0; i < layouts.size(); ++i) {
-        SyntheticRoom room = SyntheticRoom::holding(geometry[i]);
-        room.portals = layouts[i].portals;
-        room.sectorsZ = layouts[i].sectorsZ;
-        room.sectorsX = layouts[i].sectorsX;
-        room.lights = layouts[i].lights;
-        room.staticMeshes = layouts[i].staticMeshes;
-        rooms.append(room);
-    }
-    return rooms;
 }
 
 // A crate that two objects share and a little roof lit by vertex lights.
