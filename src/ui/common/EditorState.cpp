@@ -1,6 +1,8 @@
 #include "EditorState.h"
 
 #include "IPromptService.h"
+#include "ObjectTextureRow.h"
+#include "SpriteTextureRow.h"
 #include "m_IndexList.h"
 #include "ucScrollPic.h"
 
@@ -67,6 +69,33 @@ void EditorState::DrawOutlineRow(const ListViewModel& drawList, int row, int zoo
         // The label stands at the triangle's centroid, inside it.
         m_picture->PutText((x1 + x2 + x3) / 3, (y1 + y2 + y3) / 3, number, OutlineColor);
     }
+}
+
+namespace {
+
+// Draw lists hold a row's number, then what its reader gives to outline.
+template <typename RowReader>
+void AppendOutlines(const ListViewModel& source, const QStringList& keys, ListViewModel& drawList)
+{
+    std::vector<ListViewModel::Row> rows;
+    for (const QString& key : keys) {
+        const int row = source.findKey(key);
+        if (row >= 0)
+            rows.push_back({QString(), source.text(row), RowReader::Read(source, row).DrawColumns(), Qt::Unchecked});
+    }
+    drawList.appendRows(std::move(rows));
+}
+
+} // namespace
+
+void EditorState::AppendTextureOutlines(const QStringList& keys)
+{
+    AppendOutlines<ObjectTextureRow>(views.lsvTextures, keys, lsvDrawList);
+}
+
+void EditorState::AppendSpriteOutlines(const QStringList& keys)
+{
+    AppendOutlines<SpriteTextureRow>(views.lsvSprites, keys, lsvSpriteDrawLisr);
 }
 
 void EditorState::ShowStatus(const QString& message)

@@ -68,6 +68,10 @@ public:
     // One row of a draw list: a quad's rectangle or a triangle's three sides,
     // with its number in the middle.
     void DrawOutlineRow(const ListViewModel& drawList, int row, int zoom);
+    // Adds the texture (sprite) rows named by keys to lsvDrawList
+    // (lsvSpriteDrawLisr); a key that names no row adds nothing.
+    void AppendTextureOutlines(const QStringList& keys);
+    void AppendSpriteOutlines(const QStringList& keys);
 
     // A line in the window's status bar: what a silent failure did.
     void ShowStatus(const QString& message);

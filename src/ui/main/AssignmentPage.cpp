@@ -3,8 +3,6 @@
 #include "BusyCursor.h"
 #include "EditorState.h"
 #include "ListView.h"
-#include "ObjectTextureRow.h"
-#include "SpriteTextureRow.h"
 #include "TextureUsage.h"
 #include "ui_AssignmentPage.h"
 
@@ -113,9 +111,10 @@ void AssignmentPage::DrawChosen()
     m_state.lsvDrawList.clear();
     m_state.lsvSpriteDrawLisr.clear();
     if (m_state.IsBitmapLoaded) {
-        DrawTextures(ChosenNumbers(*m_ui->lsvPolygons) + ChosenNumbers(*m_ui->lsvMesh)
-                     + ChosenNumbers(*m_ui->lsvNotAssign));
-        DrawSprites(ChosenNumbers(*m_ui->lsvSprite));
+        m_state.AppendTextureOutlines(KeysOf(ChosenNumbers(*m_ui->lsvPolygons) + ChosenNumbers(*m_ui->lsvMesh)
+                                                 + ChosenNumbers(*m_ui->lsvNotAssign),
+                                             QLatin1Char('T')));
+        m_state.AppendSpriteOutlines(KeysOf(ChosenNumbers(*m_ui->lsvSprite), QLatin1Char('S')));
         m_state.ShowStatus(tr("Outlined %1 textures and %2 sprites.")
                                .arg(m_state.lsvDrawList.count())
                                .arg(m_state.lsvSpriteDrawLisr.count()));
@@ -125,28 +124,11 @@ void AssignmentPage::DrawChosen()
     m_state.RedrawOutlines();
 }
 
-void AssignmentPage::DrawTextures(const QList<int>& numbers)
+// The list's numbers as the keys of the texture (T) or sprite (S) table.
+QStringList AssignmentPage::KeysOf(const QList<int>& numbers, QChar table)
 {
-    const ListViewModel& textures = m_state.views.lsvTextures;
-    std::vector<ListViewModel::Row> rows;
-    for (int number : numbers) {
-        const int row = textures.findKey(QStringLiteral("T") + QString::number(number));
-        if (row >= 0)
-            rows.push_back({QString(), textures.text(row), ObjectTextureRow::Read(textures, row).DrawColumns(),
-                            Qt::Unchecked});
-    }
-    m_state.lsvDrawList.appendRows(std::move(rows));
-}
-
-void AssignmentPage::DrawSprites(const QList<int>& numbers)
-{
-    const ListViewModel& sprites = m_state.views.lsvSprites;
-    std::vector<ListViewModel::Row> rows;
-    for (int number : numbers) {
-        const int row = sprites.findKey(QStringLiteral("S") + QString::number(number));
-        if (row >= 0)
-            rows.push_back({QString(), sprites.text(row), SpriteTextureRow::Read(sprites, row).DrawColumns(),
-                            Qt::Unchecked});
-    }
-    m_state.lsvSpriteDrawLisr.appendRows(std::move(rows));
+    QStringList keys;
+    for (int number : numbers)
+        keys << table + QString::number(number);
+    return keys;
 }

@@ -41,8 +41,7 @@ private:
     static void Fill(ListViewModel& list, const QList<int>& numbers, const QString& prefix);
     // The numbers chosen in view, in list order.
     static QList<int> ChosenNumbers(const ListView& view);
-    void DrawTextures(const QList<int>& numbers);
-    void DrawSprites(const QList<int>& numbers);
+    static QStringList KeysOf(const QList<int>& numbers, QChar table);
 
     std::unique_ptr<Ui::AssignmentPage> m_ui;
     ListViewModel m_lsvPolygons;

@@ -475,20 +475,10 @@ void ObjectTexturePage::Flip(bool horizontal)
 void ObjectTexturePage::cmdDraw_Click()
 {
     m_state.lsvDrawList.clear();
-    const ListViewModel& textures = m_state.views.lsvTextures;
-    if (m_state.lsvObjects.count() >= 3 && m_state.IsBitmapLoaded) {
-        std::vector<ListViewModel::Row> rows;
-        // Checklist row k draws the texture keyed Tk: texture 0 has no row,
-        // and the last row finds nothing.
-        for (const QString& key : m_checklist->TickedKeys()) {
-            const int row = textures.findKey(key);
-            if (row < 0)
-                continue;
-            rows.push_back({QString(), textures.text(row), ObjectTextureRow::Read(textures, row).DrawColumns(),
-                            Qt::Unchecked});
-        }
-        m_state.lsvDrawList.appendRows(std::move(rows));
-    }
+    // Checklist row k draws the texture keyed Tk: texture 0 has no row, and
+    // the last row finds nothing.
+    if (m_state.lsvObjects.count() >= 3 && m_state.IsBitmapLoaded)
+        m_state.AppendTextureOutlines(m_checklist->TickedKeys());
     m_state.RedrawOutlines();
 }
 

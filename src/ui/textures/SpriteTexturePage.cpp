@@ -371,17 +371,7 @@ void SpriteTexturePage::LoadSprite(const QString& key, const QString& text)
 void SpriteTexturePage::cmdDrawSprite_Click()
 {
     m_state.lsvSpriteDrawLisr.clear();
-    const ListViewModel& sprites = m_state.views.lsvSprites;
-    if (m_state.lsvSpriteIndex.count() >= 3 && m_state.IsBitmapLoaded) {
-        std::vector<ListViewModel::Row> rows;
-        for (const QString& key : m_checklist->TickedKeys()) {
-            const int row = sprites.findKey(key);
-            if (row < 0)
-                continue;
-            rows.push_back(
-                {QString(), sprites.text(row), SpriteTextureRow::Read(sprites, row).DrawColumns(), Qt::Unchecked});
-        }
-        m_state.lsvSpriteDrawLisr.appendRows(std::move(rows));
-    }
+    if (m_state.lsvSpriteIndex.count() >= 3 && m_state.IsBitmapLoaded)
+        m_state.AppendSpriteOutlines(m_checklist->TickedKeys());
     m_state.RedrawOutlines();
 }
