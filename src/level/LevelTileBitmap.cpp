@@ -57,6 +57,8 @@ bool LevelTileBitmap::run()
 bool LevelTileBitmap::locateTiles(WalkedLevelFile& level)
 {
     const qint64 countPosition = level.walk().tileCountPosition;
+    if (countPosition == 0)
+        return fail(m_levelPath, QStringLiteral("ends before its texture tiles"));
     BinaryReader reader(level.file(), 4);
     m_tileCount = reader.u32(countPosition);
     m_tilesPosition = countPosition + 4 + m_tileCount * Tile8Size;

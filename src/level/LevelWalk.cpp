@@ -118,14 +118,15 @@ void LevelWalk::skipLongTable(int recordSize, qint64* position)
     pass(table);
 }
 
-// Both tile blocks hang off one count; either product overflowing ends the
-// walk before the count is recorded.
+// Both tile blocks hang off one count. Where the count stands is known once
+// it is read; either product overflowing ends the walk before the count is
+// recorded.
 void LevelWalk::walkTiles()
 {
     const qint32 tiles = readLong(m_p);
+    m_result.tileCountPosition = m_p;
     const qint64 tiles8Size = longProduct(tiles, Tile8Size);
     const qint64 tiles16Size = longProduct(tiles, Tile16Size);
-    m_result.tileCountPosition = m_p;
     m_result.tileCount = tiles;
     m_result.tiles8Size = tiles8Size;
     m_result.tiles16Size = tiles16Size;

@@ -171,6 +171,12 @@ private slots:
         QTest::newRow("no tiles") << SyntheticLevel(Game::TR2).build() << "no texture tiles";
         QTest::newRow("cut in the last tile") << twoTiles.left(tiles16End - 1) << "past the end";
         QTest::newRow("count 0xFFFFFFFF") << huge.build() << "past the end";
+        // The walk stops at a count whose tile bytes overflow; the version
+        // word must not stand in for it, however long the file.
+        SyntheticLevel overflowing(Game::TR2);
+        overflowing.overrideCount(Field::TileCount, 0x10000000);
+        QTest::newRow("count 0x10000000, long file")
+            << overflowing.build() + QByteArray(50 * SyntheticLevel::Tile16Size * 3 / 2, '\0') << "268435456";
     }
 
     // A level that cannot give a bitmap leaves the bitmap already there as it was.
