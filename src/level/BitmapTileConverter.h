@@ -6,8 +6,9 @@
 // Turns one 256 x 256 tile of 16-bit level pixels into the rows of a 24-bit
 // bitmap. A level pixel is a little-endian word: bit 15 opaque, then five
 // bits each of red, green and blue. On x86 processors the vector units take
-// eight (SSSE3) or sixteen (AVX2) pixels at once; elsewhere each pixel is
-// one table look-up. Every way gives the same bytes.
+// eight (SSSE3), sixteen (AVX2) or sixty-four (AVX-512 with its byte
+// permutes) pixels at once; elsewhere each pixel is one table look-up. Every
+// way gives the same bytes.
 class BitmapTileConverter
 {
 public:
@@ -16,7 +17,7 @@ public:
     static constexpr int BitmapTileSize = TileSide * TileSide * 3;
     static constexpr QRgb SeeThrough = 0xFFFF00FF; // magenta
 
-    enum class Way { Table, Ssse3, Avx2 };
+    enum class Way { Table, Ssse3, Avx2, Avx512 };
 
     // What a 16-bit pixel shows: each 5-bit channel c widened to
     // (c << 3) | (c >> 2); SeeThrough where bit 15 is clear.

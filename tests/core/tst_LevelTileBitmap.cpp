@@ -65,7 +65,7 @@ private slots:
     void everyWordByEveryWay_data()
     {
         QTest::addColumn<BitmapTileConverter::Way>("way");
-        const char* names[] = {"table", "SSSE3", "AVX2"};
+        const char* names[] = {"table", "SSSE3", "AVX2", "AVX-512"};
         for (BitmapTileConverter::Way way : BitmapTileConverter::waysOfThisProcessor())
             QTest::newRow(names[int(way)]) << way;
     }
@@ -121,20 +121,32 @@ private slots:
         QCOMPARE(image.pixel(7, 9), Magenta);
     }
 
-    // Tile 0 at the top; the corners of each tile where they belong.
-    void tileOrder()
+    // Every pixel of twelve tiles of random words against a decoding of its
+    // own: tile 0 at the top, rows in order, and the seams where the bitmap
+    // is written out in pieces (a mebibyte falls inside a tile and a pixel).
+    void everyPixelOfManyTiles()
     {
-        QList<Pixel> pixels;
-        for (int t = 0; t < 4; ++t) {
-            const auto red = quint16(0x8000 | (t + 1) << 10);
-            pixels += {{t, 0, 0, red}, {t, Side - 1, Side - 1, quint16(red | 0x1F)}};
+        const int tiles = 12;
+        QByteArray words(tiles * SyntheticLevel::Tile16Size, Qt::Uninitialized);
+        quint32 state = 7;
+        for (qsizetype at = 0; at < words.size(); at += 2) {
+            state = state * 1103515245u + 12345u;
+            qToLittleEndian(quint16(state >> 15), words.data() + at);
         }
-        const QImage image(bitmapOf(levelWithTiles(Game::TR2, 4, pixels), QStringLiteral("order")));
-        QCOMPARE(image.height(), 4 * Side);
-        const int reds[] = {8, 16, 24, 33};
-        for (int t = 0; t < 4; ++t) {
-            QCOMPARE(image.pixel(0, t * Side), qRgb(reds[t], 0, 0));
-            QCOMPARE(image.pixel(Side - 1, t * Side + Side - 1), qRgb(reds[t], 0, 255));
+        SyntheticLevel level(Game::TR2);
+        level.setTileCount(tiles, words);
+        const QImage image(bitmapOf(level, QStringLiteral("many")));
+        QCOMPARE(image.size(), QSize(Side, tiles * Side));
+        const auto widen = [](int c) { return c * 33 / 4; };
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < Side; ++x) {
+                const auto word = qFromLittleEndian<quint16>(words.constData() + (y * Side + x) * 2);
+                const QRgb expected = (word & 0x8000) == 0
+                                          ? Magenta
+                                          : qRgb(widen(word >> 10 & 31), widen(word >> 5 & 31), widen(word & 31));
+                if (image.pixel(x, y) != expected)
+                    QFAIL(qPrintable(QStringLiteral("pixel %1, %2").arg(x).arg(y)));
+            }
         }
     }
 
