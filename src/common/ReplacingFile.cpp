@@ -3,8 +3,14 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
+
+#ifdef Q_OS_LINUX
+#include <fcntl.h>
+#endif
 
 namespace {
 
@@ -53,6 +59,22 @@ bool ReplacingFile::open()
     // A replaced file keeps who may read and write it.
     if (QFile::exists(m_path))
         m_temporary.setPermissions(QFile::permissions(m_path));
+    return true;
+}
+
+bool ReplacingFile::reserve(qint64 size)
+{
+    if (!m_temporary.isOpen())
+        return notOpen();
+#ifdef Q_OS_LINUX
+    // Only a lack of room is a failure: a file system without reservations
+    // (EOPNOTSUPP) or one in a mood (EINTR) just writes without one.
+    if (size > 0 && ::fallocate(m_temporary.handle(), FALLOC_FL_KEEP_SIZE, 0, size) != 0
+        && (errno == ENOSPC || errno == EFBIG))
+        return failWith(QString::fromLocal8Bit(std::strerror(errno)));
+#else
+    Q_UNUSED(size);
+#endif
     return true;
 }
 

@@ -32,7 +32,7 @@ private:
     bool locateTiles(WalkedLevelFile& level);
     bool writeBitmap(WalkedLevelFile& level);
     bool writeTiles(QFileDevice& level, ReplacingFile& bitmap);
-    QByteArray header() const;
+    qint64 putHeader(char* bytes) const;
     bool fail(const QString& file, const QString& cause);
 
     QString m_levelPath;
