@@ -25,6 +25,7 @@ private slots:
     void startsWithNoList();
     void menusCarryTheirCaptions_data();
     void menusCarryTheirCaptions();
+    void separatorsShowNoCaption();
     void openFillsViewsIndexListsAndCounters();
     void tabsShowOnePageAtATime();
     void headerClicksToggleTheSortOrder();
@@ -78,6 +79,23 @@ void tst_frmMain::menusCarryTheirCaptions()
     QVERIFY(action);
     QCOMPARE(action->text(), caption);
     QVERIFY(action->shortcut().isEmpty());
+}
+
+// A separator's caption is "-", yet the menu shows a bare line: nothing as
+// dark as text on the separator's row.
+void tst_frmMain::separatorsShowNoCaption()
+{
+    EditorFixture f;
+    auto* menu = f.find<QMenu>("mnuFile");
+    const QImage image = menu->grab().toImage();
+    for (const char* name : {"mnuFileSep1", "mnuFileSep2"}) {
+        const QRect row = menu->actionGeometry(f.window->findChild<QAction*>(name)) & image.rect();
+        QVERIFY2(!row.isEmpty(), name);
+        for (int y = row.top(); y <= row.bottom(); ++y) {
+            for (int x = row.left(); x <= row.right(); ++x)
+                QVERIFY2(qGray(image.pixel(x, y)) > 128, name);
+        }
+    }
 }
 
 void tst_frmMain::openFillsViewsIndexListsAndCounters()

@@ -10,6 +10,7 @@
 #include "FileRequests.h"
 #include "LevelTableReader.h"
 #include "ObjectTexturePage.h"
+#include "PlainSeparatorStyle.h"
 #include "QtPromptService.h"
 #include "SequencePage.h"
 #include "SpriteTexturePage.h"
@@ -24,6 +25,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QMenu>
 #include <QTabBar>
 
 #include <cmath>
@@ -42,6 +44,10 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
     , m_ui(std::make_unique<Ui::frmMain>())
 {
     m_ui->setupUi(this);
+    auto* menuStyle = new PlainSeparatorStyle;
+    menuStyle->setParent(this);
+    for (QMenu* menu : m_ui->menuBar->findChildren<QMenu*>())
+        menu->setStyle(menuStyle);
     if (!prompts) {
         m_ownPrompts = std::make_unique<QtPromptService>(this);
         prompts = m_ownPrompts.get();
