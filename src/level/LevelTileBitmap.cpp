@@ -71,7 +71,7 @@ bool LevelTileBitmap::locateTiles(WalkedLevelFile& level)
         return fail(m_levelPath,
                     QStringLiteral("its %1 texture tiles run past the end of the file").arg(m_tileCount));
     }
-    if (HeaderSize + m_tileCount * BitmapTileSize > std::numeric_limits<quint32>::max())
+    if (bitmapSize() > std::numeric_limits<quint32>::max())
         return fail(m_levelPath, QStringLiteral("its %1 texture tiles exceed one bitmap").arg(m_tileCount));
     return true;
 }
@@ -79,7 +79,7 @@ bool LevelTileBitmap::locateTiles(WalkedLevelFile& level)
 bool LevelTileBitmap::writeBitmap(WalkedLevelFile& level)
 {
     ReplacingFile bitmap(m_bmpPath);
-    if (!bitmap.open() || !bitmap.reserve(HeaderSize + m_tileCount * BitmapTileSize))
+    if (!bitmap.open() || !bitmap.reserve(bitmapSize()))
         return fail(m_bmpPath, bitmap.errorString());
     if (!writeTiles(level.file(), bitmap))
         return false;
@@ -101,8 +101,8 @@ bool LevelTileBitmap::writeTiles(QFileDevice& level, ReplacingFile& bitmap)
     QByteArray chunk(ChunkSize + BitmapTileSize, Qt::Uninitialized);
     qint64 filled = putHeader(chunk.data());
     for (qint64 tile = m_tileCount - 1; tile >= 0; --tile) {
-        if (!level.seek(m_tilesPosition + tile * Tile16Size) || level.read(tile16.data(), Tile16Size) != Tile16Size)
-            return fail(m_levelPath, level.errorString());
+        if (!readTile(level, tile, tile16.data()))
+            return false;
         BitmapTileConverter::convertTile(tile16.constData(), chunk.data() + filled);
         filled += BitmapTileSize;
         if (filled >= ChunkSize) {
@@ -117,6 +117,20 @@ bool LevelTileBitmap::writeTiles(QFileDevice& level, ReplacingFile& bitmap)
     return true;
 }
 
+// A level shortened by another program since it was measured reads short
+// without an error of its own.
+bool LevelTileBitmap::readTile(QFileDevice& level, qint64 tile, char* tile16)
+{
+    if (!level.seek(m_tilesPosition + tile * Tile16Size))
+        return fail(m_levelPath, level.errorString());
+    const qint64 read = level.read(tile16, Tile16Size);
+    if (read < 0)
+        return fail(m_levelPath, level.errorString());
+    if (read != Tile16Size)
+        return fail(m_levelPath, QStringLiteral("was cut short while its texture tiles were read"));
+    return true;
+}
+
 // BITMAPFILEHEADER then BITMAPINFOHEADER: uncompressed, 24 bits, a positive
 // height for rows stored bottom-up.
 qint64 LevelTileBitmap::putHeader(char* bytes) const
@@ -125,7 +139,7 @@ qint64 LevelTileBitmap::putHeader(char* bytes) const
     std::memset(bytes, 0, HeaderSize);
     bytes[0] = 'B';
     bytes[1] = 'M';
-    put<quint32>(bytes + 2, quint32(HeaderSize + pixelBytes));
+    put<quint32>(bytes + 2, quint32(bitmapSize()));
     put<quint32>(bytes + 10, quint32(HeaderSize));
     put<quint32>(bytes + 14, InfoHeaderSize);
     put<qint32>(bytes + 18, TileSide);
@@ -136,6 +150,11 @@ qint64 LevelTileBitmap::putHeader(char* bytes) const
     put<qint32>(bytes + 38, PixelsPerMetre);
     put<qint32>(bytes + 42, PixelsPerMetre);
     return HeaderSize;
+}
+
+qint64 LevelTileBitmap::bitmapSize() const
+{
+    return HeaderSize + m_tileCount * BitmapTileSize;
 }
 
 bool LevelTileBitmap::fail(const QString& file, const QString& cause)
