@@ -4,6 +4,7 @@
 #include "ListView.h"
 #include "frmMain.h"
 #include "ucScrollPic.h"
+#include "ucScrollPicCanvas.h"
 
 #include <QAction>
 #include <QDialog>
@@ -13,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTest>
 
@@ -27,6 +29,8 @@ private slots:
     void findUsageWithoutAUsableLevelSaysWhy_data();
     void findUsageWithoutAUsableLevelSaysWhy();
     void drawOutlinesTheChosenNumbers();
+    void drawBringsTheFirstOutlineIntoView_data();
+    void drawBringsTheFirstOutlineIntoView();
     void newListTakesTheLevelsTilesAsItsBitmap();
     void tilesOfABadLevelGetOneMessage();
 
@@ -128,6 +132,48 @@ void tst_AssignmentPage::drawOutlinesTheChosenNumbers()
     click(f, "cmdAssignDraw");
     QCOMPARE(s.lsvDrawList.count(), 0);
     QVERIFY(f.window->statusBar()->currentMessage().startsWith("No bitmap is loaded"));
+}
+
+void tst_AssignmentPage::drawBringsTheFirstOutlineIntoView_data()
+{
+    QTest::addColumn<int>("zoom");
+    QTest::addColumn<QList<int>>("unused"); // rows of lsvNotAssign: textures 4, 11, 14, 28
+    QTest::addColumn<bool>("scrolls");
+    QTest::newRow("in view already") << 1 << QList<int>{3} << false;
+    QTest::newRow("a triangle below the view") << 3 << QList<int>{3} << true;
+    QTest::newRow("a rectangle below the view") << 3 << QList<int>{2} << true;
+    QTest::newRow("the first of several") << 3 << QList<int>{0, 3} << false;
+    QTest::newRow("none chosen") << 3 << QList<int>{} << false;
+}
+
+// Textures 4 and 14 are rectangles of the demo's first tile, 28 a triangle
+// of its second.
+void tst_AssignmentPage::drawBringsTheFirstOutlineIntoView()
+{
+    QFETCH(int, zoom);
+    QFETCH(QList<int>, unused);
+    QFETCH(bool, scrolls);
+    EditorFixture f;
+    f.openList(f.listPath());
+    f.window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
+    f.find<QScrollBar>("hscrlZoom")->setValue(zoom);
+    click(f, "cmdAssign");
+    choose(f.find<ListView>("lsvNotAssign"), unused);
+    click(f, "cmdAssignDraw");
+
+    ucScrollPic* view = f.window->state().picture();
+    QCOMPARE(view->VScroll1()->value() > 0, scrolls);
+    const ListViewModel& drawn = f.window->state().lsvDrawList;
+    if (drawn.count() > 0) {
+        const QRect outline = QRect(QPoint(drawn.subItem(0, 2).toInt(), drawn.subItem(0, 3).toInt()) * zoom,
+                                    QPoint(drawn.subItem(0, 4).toInt(), drawn.subItem(0, 5).toInt()) * zoom);
+        const QRect seen(view->HScroll1()->value(), view->VScroll1()->value(), view->Picture1()->width(),
+                         view->Picture1()->height());
+        QVERIFY2(seen.contains(outline), qPrintable(QStringLiteral("outline at y %1, view from %2")
+                                                        .arg(outline.top())
+                                                        .arg(seen.top())));
+    }
 }
 
 void tst_AssignmentPage::newListTakesTheLevelsTilesAsItsBitmap()

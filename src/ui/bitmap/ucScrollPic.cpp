@@ -111,6 +111,17 @@ void ucScrollPic::ClearSelection()
     m_canvas->clearSelection();
 }
 
+void ucScrollPic::ShowArea(int X1, int Y1, int X2, int Y2)
+{
+    const QRect area = QRect(QPoint(X1, Y1), QPoint(X2, Y2)).normalized();
+    const QRect view(m_canvas->offset(), m_canvas->size());
+    if (view.contains(area))
+        return;
+    // The bars clamp what lies beyond the picture's edges.
+    m_hScroll->setValue(area.center().x() - view.width() / 2);
+    m_vScroll->setValue(area.center().y() - view.height() / 2);
+}
+
 int ucScrollPic::ScrollMax(int pictureExtent, int viewportExtent, int otherBarThickness)
 {
     const int beyond = pictureExtent - viewportExtent;

@@ -47,6 +47,9 @@ public:
     // load, zoom or refresh wipes it with the rest.
     void DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Color);
     void ClearSelection();
+    // Scrolls a rectangle in zoomed picture coordinates into the middle of
+    // the view, as far as the picture allows; one already in view stays put.
+    void ShowArea(int X1, int Y1, int X2, int Y2);
 
     // A scroll bar's maximum: what the picture exceeds the viewport by, plus
     // the other bar's thickness and a margin of 5 when that bar is there.

@@ -71,6 +71,26 @@ void EditorState::DrawOutlineRow(const ListViewModel& drawList, int row, int zoo
     }
 }
 
+void EditorState::ShowFirstOutline()
+{
+    if (!m_picture || !m_picture->HasPicture())
+        return;
+    for (const ListViewModel* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
+        if (list->count() == 0)
+            continue;
+        // A draw row holds its sides, then the x and y of the corners it is
+        // drawn from: two of a rectangle, three of a triangle.
+        const qsizetype points = (list->row(0).subItems.size() - 1) / 2;
+        QRect area;
+        for (int point = 0; point < points; ++point) {
+            const QPoint at(list->subItem(0, 2 + 2 * point).toInt(), list->subItem(0, 3 + 2 * point).toInt());
+            area |= QRect(at * m_picture->ZoomFactor(), QSize(1, 1));
+        }
+        m_picture->ShowArea(area.left(), area.top(), area.right(), area.bottom());
+        return;
+    }
+}
+
 namespace {
 
 // Draw lists hold a row's number, then what its reader gives to outline.

@@ -68,6 +68,9 @@ public:
     // One row of a draw list: a quad's rectangle or a triangle's three sides,
     // with its number in the middle.
     void DrawOutlineRow(const ListViewModel& drawList, int row, int zoom);
+    // Scrolls the bitmap to the first outline of the draw lists, textures
+    // before sprites; with none, leaves the view where it is.
+    void ShowFirstOutline();
     // Adds the texture (sprite) rows named by keys to lsvDrawList
     // (lsvSpriteDrawLisr); a key that names no row adds nothing.
     void AppendTextureOutlines(const QStringList& keys);

@@ -122,6 +122,8 @@ void AssignmentPage::DrawChosen()
         m_state.ShowStatus(tr("No bitmap is loaded: there is nothing to outline on."));
     }
     m_state.RedrawOutlines();
+    // The chosen textures may lie far down a level's tiles: show where they start.
+    m_state.ShowFirstOutline();
 }
 
 // The list's numbers as the keys of the texture (T) or sprite (S) table.
