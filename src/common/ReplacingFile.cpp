@@ -67,8 +67,9 @@ bool ReplacingFile::reserve(qint64 size)
     if (!m_temporary.isOpen())
         return notOpen();
 #ifdef Q_OS_LINUX
-    // Only a lack of room is a failure: a file system without reservations
-    // (EOPNOTSUPP) or one in a mood (EINTR) just writes without one.
+    // Only a lack of room is a failure: on a file system without
+    // reservations (EOPNOTSUPP), or after an interrupted call, the writes
+    // simply go ahead without one.
     if (size > 0 && ::fallocate(m_temporary.handle(), FALLOC_FL_KEEP_SIZE, 0, size) != 0
         && (errno == ENOSPC || errno == EFBIG))
         return failWith(QString::fromLocal8Bit(std::strerror(errno)));

@@ -44,10 +44,7 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
     , m_ui(std::make_unique<Ui::frmMain>())
 {
     m_ui->setupUi(this);
-    auto* menuStyle = new PlainSeparatorStyle;
-    menuStyle->setParent(this);
-    for (QMenu* menu : m_ui->menuBar->findChildren<QMenu*>())
-        menu->setStyle(menuStyle);
+    DrawSeparatorsAsLines();
     if (!prompts) {
         m_ownPrompts = std::make_unique<QtPromptService>(this);
         prompts = m_ownPrompts.get();
@@ -92,6 +89,14 @@ void frmMain::CreatePages()
     tabs->setStyleSheet(QStringLiteral("QTabBar::tab { padding: 4px 7px; }"));
     tabs->setDrawBase(true);
     connect(tabs, &QTabBar::currentChanged, this, [this](int tab) { ShowPage(tab + 1); });
+}
+
+void frmMain::DrawSeparatorsAsLines()
+{
+    auto* menuStyle = new PlainSeparatorStyle;
+    menuStyle->setParent(this);
+    for (QMenu* menu : m_ui->menuBar->findChildren<QMenu*>())
+        menu->setStyle(menuStyle);
 }
 
 void frmMain::ConnectMenus()

@@ -71,6 +71,8 @@ protected:
 
 private:
     void Form_Load();
+    // The separators are captioned "-" but show a bare line.
+    void DrawSeparatorsAsLines();
     void ConnectMenus();
     void CreatePages();
     bool LoadList(bool IsNew);
