@@ -20,6 +20,7 @@ constexpr qint64 Tile16Size = BitmapTileConverter::Tile16Size;
 constexpr qint64 BitmapTileSize = BitmapTileConverter::BitmapTileSize;
 
 constexpr qint64 ChunkSize = 1 << 20;
+constexpr qint64 TilesPerRead = 8; // a mebibyte of 16-bit tiles
 
 template <typename T>
 void put(char* at, T value)
@@ -90,26 +91,27 @@ bool LevelTileBitmap::writeBitmap(WalkedLevelFile& level)
 
 // The bitmap stores its bottom row first: the last tile goes first, each
 // tile upside down. The tiles are read, not mapped: a level another program
-// cuts short while it is mapped would end the process. The header and the
-// tiles go out in chunks of a mebibyte from the start of the file: the page
-// cache takes such writes in large pages, where a write for each tile, at
-// the header's odd offset, costs it a third more.
+// cuts short while it is mapped would end the process. They are read a
+// mebibyte at a time, the last first, which spares the many small reads
+// their cost. The header and the tiles go out in chunks of a mebibyte from
+// the start of the file: the page cache takes such writes in large pages,
+// where a write for each tile, at the header's odd offset, costs it a third
+// more.
 bool LevelTileBitmap::writeTiles(QFileDevice& level, ReplacingFile& bitmap)
 {
-    QByteArray tile16(Tile16Size, Qt::Uninitialized);
+    QByteArray tiles16(qMin(m_tileCount, TilesPerRead) * Tile16Size, Qt::Uninitialized);
     // A chunk's worth and room for the tile that overflows it.
     QByteArray chunk(ChunkSize + BitmapTileSize, Qt::Uninitialized);
     qint64 filled = putHeader(chunk.data());
-    for (qint64 tile = m_tileCount - 1; tile >= 0; --tile) {
-        if (!readTile(level, tile, tile16.data()))
+    for (qint64 end = m_tileCount; end > 0; end -= TilesPerRead) {
+        const qint64 first = qMax<qint64>(0, end - TilesPerRead);
+        if (!readTiles(level, first, end - first, tiles16.data()))
             return false;
-        BitmapTileConverter::convertTile(tile16.constData(), chunk.data() + filled);
-        filled += BitmapTileSize;
-        if (filled >= ChunkSize) {
-            if (!bitmap.write(chunk.constData(), ChunkSize))
-                return fail(m_bmpPath, bitmap.errorString());
-            filled -= ChunkSize;
-            std::memmove(chunk.data(), chunk.constData() + ChunkSize, size_t(filled));
+        for (qint64 tile = end - 1; tile >= first; --tile) {
+            BitmapTileConverter::convertTile(tiles16.constData() + (tile - first) * Tile16Size, chunk.data() + filled);
+            filled += BitmapTileSize;
+            if (filled >= ChunkSize && !writeChunk(bitmap, chunk, filled))
+                return false;
         }
     }
     if (!bitmap.write(chunk.constData(), filled))
@@ -117,16 +119,27 @@ bool LevelTileBitmap::writeTiles(QFileDevice& level, ReplacingFile& bitmap)
     return true;
 }
 
+// Writes the chunk's first ChunkSize bytes and moves what lies beyond them
+// to its start.
+bool LevelTileBitmap::writeChunk(ReplacingFile& bitmap, QByteArray& chunk, qint64& filled)
+{
+    if (!bitmap.write(chunk.constData(), ChunkSize))
+        return fail(m_bmpPath, bitmap.errorString());
+    filled -= ChunkSize;
+    std::memmove(chunk.data(), chunk.constData() + ChunkSize, size_t(filled));
+    return true;
+}
+
 // A level shortened by another program since it was measured reads short
 // without an error of its own.
-bool LevelTileBitmap::readTile(QFileDevice& level, qint64 tile, char* tile16)
+bool LevelTileBitmap::readTiles(QFileDevice& level, qint64 first, qint64 count, char* tiles16)
 {
-    if (!level.seek(m_tilesPosition + tile * Tile16Size))
+    if (!level.seek(m_tilesPosition + first * Tile16Size))
         return fail(m_levelPath, level.errorString());
-    const qint64 read = level.read(tile16, Tile16Size);
+    const qint64 read = level.read(tiles16, count * Tile16Size);
     if (read < 0)
         return fail(m_levelPath, level.errorString());
-    if (read != Tile16Size)
+    if (read != count * Tile16Size)
         return fail(m_levelPath, QStringLiteral("was cut short while its texture tiles were read"));
     return true;
 }

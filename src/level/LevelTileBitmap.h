@@ -32,7 +32,8 @@ private:
     bool locateTiles(WalkedLevelFile& level);
     bool writeBitmap(WalkedLevelFile& level);
     bool writeTiles(QFileDevice& level, ReplacingFile& bitmap);
-    bool readTile(QFileDevice& level, qint64 tile, char* tile16);
+    bool writeChunk(ReplacingFile& bitmap, QByteArray& chunk, qint64& filled);
+    bool readTiles(QFileDevice& level, qint64 first, qint64 count, char* tiles16);
     qint64 putHeader(char* bytes) const;
     qint64 bitmapSize() const;
     bool fail(const QString& file, const QString& cause);
