@@ -9,8 +9,9 @@ class WalkedLevelFile;
 // A level's 16-bit texture tiles as a Windows bitmap: 24 bits per pixel, 256
 // pixels wide and 256 per tile high, tile 0 at the top. Each pixel is a
 // little-endian word: bit 15 opaque, then five bits each of red, green and
-// blue. The bitmap is written straight from the tiles, row by row from the
-// bottom as the format stores them, one converted tile in memory at a time.
+// blue. The bitmap is written straight from the tiles, from the bottom row
+// up as the format stores them, with a mebibyte of tiles and one of bitmap
+// in memory at a time.
 class LevelTileBitmap
 {
 public:
