@@ -1,8 +1,9 @@
 // Walks arbitrary bytes as a level. Besides crashes and sanitizer reports it
 // aborts on a walk that breaks what the editor relies on: numbers and sizes
 // within Long range, positions never negative, a number's sign its size's,
-// tables back to back after a complete walk, and the same answer whatever the
-// reader's window size.
+// tables back to back after a complete walk, the same answer whatever the
+// reader's window size, and a walk to the tiles finding the tiles the whole
+// walk finds.
 
 #include "BinaryReader.h"
 #include "C_LevelInfo.h"
@@ -74,10 +75,18 @@ bool sameWalk(const LevelWalk::Result& a, const LevelWalk::Result& b)
         && a.stateChangePosition == b.stateChangePosition && a.complete == b.complete;
 }
 
-LevelWalk::Result walkWithWindow(QBuffer& buffer, LevelWalk::Game game, qint64 window)
+LevelWalk::Result walkWithWindow(QBuffer& buffer, LevelWalk::Game game, qint64 window,
+                                 LevelWalk::Reach reach = LevelWalk::Reach::End)
 {
     BinaryReader reader(buffer, window);
-    return LevelWalk::walk(reader, game);
+    return LevelWalk::walk(reader, game, 4, reach);
+}
+
+bool sameTiles(const LevelWalk::Result& toTiles, const LevelWalk::Result& whole)
+{
+    return toTiles.tileCountPosition == whole.tileCountPosition && toTiles.tileCount == whole.tileCount
+        && toTiles.tiles8Size == whole.tiles8Size && toTiles.tiles16Size == whole.tiles16Size
+        && toTiles.roomCountPosition == 0 && !toTiles.complete;
 }
 
 // Both games whatever the version says, so the walk itself is explored
@@ -88,6 +97,7 @@ void walkAsEitherGame(QBuffer& buffer)
         const LevelWalk::Result small = walkWithWindow(buffer, game, 16);
         const LevelWalk::Result large = walkWithWindow(buffer, game, 1 << 16);
         require(sameWalk(small, large));
+        require(sameTiles(walkWithWindow(buffer, game, 1 << 16, LevelWalk::Reach::Tiles), large));
         requireInRange(small);
         requireBackToBack(small, game);
     }

@@ -38,19 +38,19 @@ bool C_LevelInfo::WalkTheLevel(const QString& sFileName)
     QFile file(sFileName);
     if (!ReadOnlyFile::open(file, m_errorString, QIODevice::Unbuffered))
         return false;
-    WalkOpenDevice(file);
+    WalkOpenDevice(file, LevelWalk::Reach::End);
     return false;
 }
 
-void C_LevelInfo::WalkDevice(QIODevice& device)
+void C_LevelInfo::WalkDevice(QIODevice& device, LevelWalk::Reach reach)
 {
     *this = C_LevelInfo();
     m_opened = true;
-    WalkOpenDevice(device);
+    WalkOpenDevice(device, reach);
     m_fileLength = device.size();
 }
 
-void C_LevelInfo::WalkOpenDevice(QIODevice& device)
+void C_LevelInfo::WalkOpenDevice(QIODevice& device, LevelWalk::Reach reach)
 {
     m_version = 0;
     m_walk = {};
@@ -60,10 +60,10 @@ void C_LevelInfo::WalkOpenDevice(QIODevice& device)
     BinaryReader reader(device, WalkWindow);
     switch (LevelVersion::gameOf(version)) {
     case LevelVersion::Game::TR2:
-        m_walk = LevelWalk::walk(reader, LevelWalk::Game::TR2);
+        m_walk = LevelWalk::walk(reader, LevelWalk::Game::TR2, 4, reach);
         break;
     case LevelVersion::Game::TR3:
-        m_walk = LevelWalk::walk(reader, LevelWalk::Game::TR3);
+        m_walk = LevelWalk::walk(reader, LevelWalk::Game::TR3, 4, reach);
         break;
     case LevelVersion::Game::TR1: // recognised, never walked
     case LevelVersion::Game::Unknown:

@@ -22,8 +22,9 @@ public:
     // which is always false.
     bool WalkTheLevel(const QString& sFileName);
 
-    // The same walk over a device that is already open (tests, fuzzing).
-    void WalkDevice(QIODevice& device);
+    // The same walk over a device that is already open (tests, fuzzing, and
+    // what reads a level further); reach can stop it after the tiles.
+    void WalkDevice(QIODevice& device, LevelWalk::Reach reach = LevelWalk::Reach::End);
 
     // The positions, numbers and sizes are Longs, signed 32-bit as the walk
     // keeps them; a number and its size are negative where the level's count is.
@@ -67,7 +68,7 @@ public:
 
 private:
     QString ReadVersionString(QIODevice& device);
-    void WalkOpenDevice(QIODevice& device);
+    void WalkOpenDevice(QIODevice& device, LevelWalk::Reach reach);
 
     QString m_fileName;
     quint32 m_version = 0;

@@ -49,7 +49,7 @@ bool LevelTileBitmap::write(const QString& levelPath, const QString& bmpPath, QS
 
 bool LevelTileBitmap::run()
 {
-    WalkedLevelFile level(m_levelPath);
+    WalkedLevelFile level(m_levelPath, LevelWalk::Reach::Tiles);
     QString cause;
     if (!level.open(cause))
         return fail(m_levelPath, cause);

@@ -38,12 +38,15 @@ LevelWalk::LevelWalk(BinaryReader& reader, Game game, qint64 start)
 {
 }
 
-LevelWalk::Result LevelWalk::walk(BinaryReader& reader, Game game, qint64 start)
+LevelWalk::Result LevelWalk::walk(BinaryReader& reader, Game game, qint64 start, Reach reach)
 {
     LevelWalk walk(reader, game, start);
     try {
-        walk.run();
-        walk.m_result.complete = true;
+        walk.walkToTiles();
+        if (reach == Reach::End) {
+            walk.walkPastTiles();
+            walk.m_result.complete = true;
+        }
     } catch (const WalkStopped&) {
     }
     return walk.m_result;
@@ -135,14 +138,17 @@ void LevelWalk::walkTiles()
     advance(tiles16Size);
 }
 
-void LevelWalk::run()
+void LevelWalk::walkToTiles()
 {
     m_result.palette8Position = m_p;
     advance(Palette8Size);
     m_result.palette16Position = m_p;
     advance(Palette16Size);
-
     walkTiles();
+}
+
+void LevelWalk::walkPastTiles()
+{
     advance(4); // unused 32-bit word
 
     const qint16 rooms = readShort(m_p);

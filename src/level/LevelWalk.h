@@ -54,12 +54,18 @@ public:
         bool complete = false;
     };
 
-    static Result walk(BinaryReader& reader, Game game, qint64 start = 4);
+    // How far a walk goes: to its end, or only as far as the texture tiles
+    // for what needs nothing beyond them (a walk to the tiles is never
+    // complete).
+    enum class Reach { Tiles, End };
+
+    static Result walk(BinaryReader& reader, Game game, qint64 start = 4, Reach reach = Reach::End);
 
 private:
     LevelWalk(BinaryReader& reader, Game game, qint64 start);
 
-    void run();
+    void walkToTiles();
+    void walkPastTiles();
     void walkRoom();
 
     qint32 readLong(qint64 pos);

@@ -2,8 +2,9 @@
 
 #include "ReadOnlyFile.h"
 
-WalkedLevelFile::WalkedLevelFile(const QString& path)
+WalkedLevelFile::WalkedLevelFile(const QString& path, LevelWalk::Reach reach)
     : m_file(path)
+    , m_reach(reach)
 {
 }
 
@@ -11,7 +12,7 @@ bool WalkedLevelFile::open(QString& error)
 {
     if (!ReadOnlyFile::open(m_file, error, QIODevice::Unbuffered))
         return false;
-    m_info.WalkDevice(m_file);
+    m_info.WalkDevice(m_file, m_reach);
     if (LevelVersion::hasTextureTables(m_info.Game()))
         return true;
     error = LevelVersion::refusal(m_info.VersionString());

@@ -7,11 +7,12 @@
 
 // A TR2 or TR3 level the user chose, opened read-only and walked once: where
 // reading more of it than its tables begins (its tiles, its geometry). The
-// file stays open for those reads while this lives.
+// file stays open for those reads while this lives. What needs only the
+// tiles walks no further: a level's rooms cost most of a walk.
 class WalkedLevelFile
 {
 public:
-    explicit WalkedLevelFile(const QString& path);
+    explicit WalkedLevelFile(const QString& path, LevelWalk::Reach reach = LevelWalk::Reach::End);
 
     // False with a one-line cause when the file cannot be read or is not a
     // TR2 or TR3 level.
@@ -23,5 +24,6 @@ public:
 
 private:
     QFile m_file;
+    LevelWalk::Reach m_reach;
     C_LevelInfo m_info;
 };

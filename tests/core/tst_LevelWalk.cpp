@@ -28,12 +28,12 @@ ExpectedWalk emptyWalk(Game game)
             {tr2 ? 1878 : 1874, 0, 0}, tr2 ? 1862 : 1858, 1882, true};
 }
 
-C_LevelInfo walkBytes(QByteArray bytes)
+C_LevelInfo walkBytes(QByteArray bytes, LevelWalk::Reach reach = LevelWalk::Reach::End)
 {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     C_LevelInfo info;
-    info.WalkDevice(buffer);
+    info.WalkDevice(buffer, reach);
     return info;
 }
 
@@ -272,13 +272,23 @@ private slots:
         QFETCH(qint64, tiles8Size);
         QFETCH(qint64, tiles16Size);
         QFETCH(bool, complete);
-        const C_LevelInfo info = walkBytes(overridden(game, Field::TileCount, raw).build());
+        const QByteArray level = overridden(game, Field::TileCount, raw).build();
+        const C_LevelInfo info = walkBytes(level);
         const LevelWalk::Result& walk = info.Walk();
         QCOMPARE(walk.tileCountPosition, 1796);
         QCOMPARE(walk.tileCount, recorded ? qint64(qint32(raw)) : 0);
         QCOMPARE(walk.tiles8Size, tiles8Size);
         QCOMPARE(walk.tiles16Size, tiles16Size);
         (complete ? emptyWalk(game).shiftedBy(tiles8Size + tiles16Size) : ExpectedWalk()).verify(info);
+
+        // A walk to the tiles finds them alike and goes no further.
+        const C_LevelInfo tilesOnly = walkBytes(level, LevelWalk::Reach::Tiles);
+        const LevelWalk::Result& toTiles = tilesOnly.Walk();
+        QCOMPARE(toTiles.tileCountPosition, walk.tileCountPosition);
+        QCOMPARE(toTiles.tileCount, walk.tileCount);
+        QCOMPARE(toTiles.tiles16Size, walk.tiles16Size);
+        QCOMPARE(toTiles.roomCountPosition, 0);
+        ExpectedWalk().verify(tilesOnly);
     }
 
     void hostileCounts_data()
