@@ -3,12 +3,12 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 
 #ifdef Q_OS_LINUX
+#include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #endif
 

@@ -52,22 +52,39 @@ void EditorState::RedrawOutlines()
     }
 }
 
+namespace {
+
+// A draw row holds its sides, then the corners it is drawn from, zoomed
+// here: two opposite corners of a rectangle ("4"), the three of a triangle
+// ("3"). Any other row has none.
+QList<QPoint> OutlineCorners(const ListViewModel& drawList, int row, int zoom)
+{
+    const QString sides = drawList.subItem(row, 1);
+    const int corners = sides == QLatin1String("4") ? 2 : sides == QLatin1String("3") ? 3 : 0;
+    QList<QPoint> points;
+    for (int corner = 0; corner < corners; ++corner)
+        points << QPoint(drawList.subItem(row, 2 + 2 * corner).toInt(), drawList.subItem(row, 3 + 2 * corner).toInt())
+                      * zoom;
+    return points;
+}
+
+} // namespace
+
 void EditorState::DrawOutlineRow(const ListViewModel& drawList, int row, int zoom)
 {
-    auto at = [&](int subItem) { return drawList.subItem(row, subItem).toInt() * zoom; };
-    const QString sides = drawList.subItem(row, 1);
+    const QList<QPoint> corners = OutlineCorners(drawList, row, zoom);
     const QString number = drawList.text(row);
-    if (sides == QLatin1String("4")) {
-        const int x1 = at(2), y1 = at(3), x2 = at(4), y2 = at(5);
-        m_picture->DrawContour(x1, y1, x2, y2, OutlineColor);
-        m_picture->PutText((x1 + x2) / 2, (y1 + y2) / 2, number, OutlineColor);
-    } else if (sides == QLatin1String("3")) {
-        const int x1 = at(2), y1 = at(3), x2 = at(4), y2 = at(5), x3 = at(6), y3 = at(7);
-        m_picture->DrawLine(x1, y1, x2, y2, OutlineColor);
-        m_picture->DrawLine(x2, y2, x3, y3, OutlineColor);
-        m_picture->DrawLine(x3, y3, x1, y1, OutlineColor);
+    if (corners.size() == 2) {
+        const QPoint a = corners[0], b = corners[1];
+        m_picture->DrawContour(a.x(), a.y(), b.x(), b.y(), OutlineColor);
+        m_picture->PutText((a.x() + b.x()) / 2, (a.y() + b.y()) / 2, number, OutlineColor);
+    } else if (corners.size() == 3) {
+        const QPoint a = corners[0], b = corners[1], c = corners[2];
+        m_picture->DrawLine(a.x(), a.y(), b.x(), b.y(), OutlineColor);
+        m_picture->DrawLine(b.x(), b.y(), c.x(), c.y(), OutlineColor);
+        m_picture->DrawLine(c.x(), c.y(), a.x(), a.y(), OutlineColor);
         // The label stands at the triangle's centroid, inside it.
-        m_picture->PutText((x1 + x2 + x3) / 3, (y1 + y2 + y3) / 3, number, OutlineColor);
+        m_picture->PutText((a.x() + b.x() + c.x()) / 3, (a.y() + b.y() + c.y()) / 3, number, OutlineColor);
     }
 }
 
@@ -78,15 +95,11 @@ void EditorState::ShowFirstOutline()
     for (const ListViewModel* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
         if (list->count() == 0)
             continue;
-        // A draw row holds its sides, then the x and y of the corners it is
-        // drawn from: two of a rectangle, three of a triangle.
-        const qsizetype points = (list->row(0).subItems.size() - 1) / 2;
         QRect area;
-        for (int point = 0; point < points; ++point) {
-            const QPoint at(list->subItem(0, 2 + 2 * point).toInt(), list->subItem(0, 3 + 2 * point).toInt());
-            area |= QRect(at * m_picture->ZoomFactor(), QSize(1, 1));
-        }
-        m_picture->ShowArea(area.left(), area.top(), area.right(), area.bottom());
+        for (const QPoint corner : OutlineCorners(*list, 0, m_picture->ZoomFactor()))
+            area |= QRect(corner, QSize(1, 1));
+        if (!area.isNull())
+            m_picture->ShowArea(area.left(), area.top(), area.right(), area.bottom());
         return;
     }
 }
