@@ -1,7 +1,7 @@
 #include "BenchList.h"
 
-#include "LevelListExtractor.h"
-#include "SyntheticLevel.h"
+#include "list/LevelListExtractor.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QTemporaryDir>
 

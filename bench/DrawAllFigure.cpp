@@ -3,14 +3,14 @@
 #include "BenchBitmap.h"
 #include "BenchPrompts.h"
 #include "DurationSamples.h"
-#include "EditorState.h"
-#include "ObjectTexture.h"
-#include "SpriteTexture.h"
-#include "frmMain.h"
-#include "m_SpriteList.h"
-#include "m_TextureList.h"
-#include "ucScrollPic.h"
-#include "ucScrollPicCanvas.h"
+#include "ui/common/EditorState.h"
+#include "level/ObjectTexture.h"
+#include "level/SpriteTexture.h"
+#include "ui/main/frmMain.h"
+#include "list/m_SpriteList.h"
+#include "list/m_TextureList.h"
+#include "ui/bitmap/ucScrollPic.h"
+#include "ui/bitmap/ucScrollPicCanvas.h"
 
 #include <QApplication>
 #include <QImage>

@@ -1,7 +1,7 @@
 #include "InsertRatioFigure.h"
 
 #include "BenchList.h"
-#include "C_ListInserter.h"
+#include "list/C_ListInserter.h"
 #include "DurationSamples.h"
 
 #include <QFile>

@@ -1,9 +1,9 @@
 #include "ListFigure.h"
 
 #include "BenchList.h"
-#include "C_ListInfo.h"
+#include "list/C_ListInfo.h"
 #include "DurationSamples.h"
-#include "ListViewSet.h"
+#include "list/ListViewSet.h"
 
 #include <QTemporaryDir>
 

@@ -4,8 +4,8 @@
 #include "BenchList.h"
 #include "BenchPrompts.h"
 #include "DurationSamples.h"
-#include "EditorState.h"
-#include "frmMain.h"
+#include "ui/common/EditorState.h"
+#include "ui/main/frmMain.h"
 
 #include <QAction>
 #include <QApplication>

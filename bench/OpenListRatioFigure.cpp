@@ -1,15 +1,15 @@
 #include "OpenListRatioFigure.h"
 
-#include "AnimatedTextureBlock.h"
+#include "level/AnimatedTextureBlock.h"
 #include "BenchList.h"
-#include "BinaryReader.h"
-#include "C_ListInfo.h"
+#include "level/BinaryReader.h"
+#include "list/C_ListInfo.h"
 #include "DurationSamples.h"
-#include "ListViewSet.h"
-#include "ObjectTexture.h"
-#include "SpriteSequence.h"
-#include "SpriteTexture.h"
-#include "TableRecords.h"
+#include "list/ListViewSet.h"
+#include "level/ObjectTexture.h"
+#include "level/SpriteSequence.h"
+#include "level/SpriteTexture.h"
+#include "list/TableRecords.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -2,8 +2,8 @@
 
 #include "BenchBitmap.h"
 #include "DurationSamples.h"
-#include "ucScrollPic.h"
-#include "ucScrollPicCanvas.h"
+#include "ui/bitmap/ucScrollPic.h"
+#include "ui/bitmap/ucScrollPicCanvas.h"
 
 #include <QPainter>
 #include <QRandomGenerator>

@@ -1,7 +1,7 @@
 #include "TilesRatioFigure.h"
 
-#include "LevelTileBitmap.h"
-#include "SyntheticLevel.h"
+#include "level/LevelTileBitmap.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QDir>
 #include <QFile>

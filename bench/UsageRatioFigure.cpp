@@ -1,9 +1,9 @@
 #include "UsageRatioFigure.h"
 
-#include "SyntheticGeometry.h"
-#include "SyntheticLevel.h"
-#include "SyntheticMeshSet.h"
-#include "TextureUsage.h"
+#include "synthetic/SyntheticGeometry.h"
+#include "synthetic/SyntheticLevel.h"
+#include "synthetic/SyntheticMeshSet.h"
+#include "level/TextureUsage.h"
 
 #include <cstdio>
 

@@ -1,7 +1,7 @@
 #include "WalkRatioFigure.h"
 
-#include "C_LevelInfo.h"
-#include "SyntheticLevel.h"
+#include "level/C_LevelInfo.h"
+#include "synthetic/SyntheticLevel.h"
 
 bool WalkRatioFigure::writeLevel(const QString& path, QString* error) const
 {

@@ -1,8 +1,8 @@
 #include "ZoomMemoryFigure.h"
 
 #include "BenchBitmap.h"
-#include "ucScrollPic.h"
-#include "ucScrollPicCanvas.h"
+#include "ui/bitmap/ucScrollPic.h"
+#include "ui/bitmap/ucScrollPicCanvas.h"
 
 #include <QFile>
 #include <QPainter>

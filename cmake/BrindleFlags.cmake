@@ -20,3 +20,9 @@ if(BRINDLE_SANITIZE OR BRINDLE_FUZZ)
         target_link_options(brindle_flags INTERFACE -fsanitize=address,undefined)
     endif()
 endif()
+
+# Rebuilds of several work trees share compiled objects when ccache is there.
+find_program(BRINDLE_CCACHE ccache)
+if(BRINDLE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${BRINDLE_CCACHE})
+endif()

@@ -5,9 +5,9 @@
 // reader's window size, and a walk to the tiles finding the tiles the whole
 // walk finds.
 
-#include "BinaryReader.h"
-#include "C_LevelInfo.h"
-#include "LevelWalk.h"
+#include "level/BinaryReader.h"
+#include "level/C_LevelInfo.h"
+#include "level/LevelWalk.h"
 
 #include <QBuffer>
 #include <QByteArray>

@@ -1,9 +1,9 @@
 // Inserts arbitrary bytes, taken as a list file of the level's version, into
 // a synthetic TR2 level: whatever the list claims, insertion must refuse it
 // or write an output, never crash, hang or touch its inputs.
-#include "C_ListInserter.h"
-#include "LevelVersion.h"
-#include "SyntheticLevel.h"
+#include "list/C_ListInserter.h"
+#include "level/LevelVersion.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,8 +1,8 @@
 // Reads arbitrary bytes as a list file into the six views, writes the views
 // back and reads that again: no input may crash, hang or allocate beyond
 // what its bytes hold.
-#include "C_ListInfo.h"
-#include "ListViewSet.h"
+#include "list/C_ListInfo.h"
+#include "list/ListViewSet.h"
 
 #include <QFile>
 #include <QTemporaryDir>

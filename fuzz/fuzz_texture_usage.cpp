@@ -3,7 +3,7 @@
 // breaks what its readers rely on: every list ascending without repeats,
 // face textures within 15 bits, and no unused texture that something uses.
 
-#include "TextureUsage.h"
+#include "level/TextureUsage.h"
 
 #include <QBuffer>
 #include <QByteArray>

@@ -5,7 +5,7 @@
 // light map are longer; they also let the fuzzer grow inputs that far.
 
 #include "CorpusWriter.h"
-#include "SyntheticLevel.h"
+#include "synthetic/SyntheticLevel.h"
 
 namespace {
 

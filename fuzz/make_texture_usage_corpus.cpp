@@ -4,9 +4,9 @@
 // hostile counts and pointers; and cut copies.
 
 #include "CorpusWriter.h"
-#include "SyntheticGeometry.h"
-#include "SyntheticLevel.h"
-#include "SyntheticMeshSet.h"
+#include "synthetic/SyntheticGeometry.h"
+#include "synthetic/SyntheticLevel.h"
+#include "synthetic/SyntheticMeshSet.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "frmMain.h"
+#include "ui/main/frmMain.h"
 
 #include <QApplication>
 #include <QGuiApplication>

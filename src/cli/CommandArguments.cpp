@@ -1,4 +1,4 @@
-#include "CommandArguments.h"
+#include "cli/CommandArguments.h"
 
 CommandArguments::CommandArguments(const QStringList& words, const QStringList& valueOptions,
                                    const QStringList& flags)

@@ -1,12 +1,12 @@
-#include "CommandLine.h"
+#include "cli/CommandLine.h"
 
-#include "DemoCommand.h"
-#include "DumpCommand.h"
-#include "ExtractCommand.h"
-#include "InfoCommand.h"
-#include "InsertCommand.h"
-#include "TilesCommand.h"
-#include "UsageCommand.h"
+#include "cli/DemoCommand.h"
+#include "cli/DumpCommand.h"
+#include "cli/ExtractCommand.h"
+#include "cli/InfoCommand.h"
+#include "cli/InsertCommand.h"
+#include "cli/TilesCommand.h"
+#include "cli/UsageCommand.h"
 
 #include <QCoreApplication>
 

@@ -1,8 +1,8 @@
-#include "DemoCommand.h"
+#include "cli/DemoCommand.h"
 
-#include "CommandArguments.h"
-#include "CommandLine.h"
-#include "DemoLevel.h"
+#include "cli/CommandArguments.h"
+#include "cli/CommandLine.h"
+#include "demo/DemoLevel.h"
 
 int DemoCommand::run(const QStringList& words)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Command.h"
+#include "cli/Command.h"
 
 // demo DIR: writes the demo level, its bitmap and the list extracted from the
 // level into DIR (created if needed) and prints their absolute paths.

@@ -1,10 +1,10 @@
-#include "DumpCommand.h"
+#include "cli/DumpCommand.h"
 
-#include "C_ListInfo.h"
-#include "CommandArguments.h"
-#include "CommandLine.h"
-#include "ListViewSet.h"
-#include "TablePositionFields.h"
+#include "list/C_ListInfo.h"
+#include "cli/CommandArguments.h"
+#include "cli/CommandLine.h"
+#include "list/ListViewSet.h"
+#include "cli/TablePositionFields.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Command.h"
+#include "cli/Command.h"
 
 // dump LIST [--json]: a list's header, table positions and the rows of its
 // six views.

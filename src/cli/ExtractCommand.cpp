@@ -1,8 +1,8 @@
-#include "ExtractCommand.h"
+#include "cli/ExtractCommand.h"
 
-#include "CommandArguments.h"
-#include "CommandLine.h"
-#include "LevelListExtractor.h"
+#include "cli/CommandArguments.h"
+#include "cli/CommandLine.h"
+#include "list/LevelListExtractor.h"
 
 #include <QFileInfo>
 #include <QImageReader>

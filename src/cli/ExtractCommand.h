@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Command.h"
+#include "cli/Command.h"
 
 // extract LEVEL --bitmap BMP -o LIST: a new list made from a level, the same
 // bytes the editor's New List writes (absolute names, version from the level).

@@ -1,9 +1,9 @@
-#include "InfoCommand.h"
+#include "cli/InfoCommand.h"
 
-#include "C_LevelInfo.h"
-#include "CommandArguments.h"
-#include "CommandLine.h"
-#include "TablePositionFields.h"
+#include "level/C_LevelInfo.h"
+#include "cli/CommandArguments.h"
+#include "cli/CommandLine.h"
+#include "cli/TablePositionFields.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

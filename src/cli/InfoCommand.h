@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Command.h"
+#include "cli/Command.h"
 
 // info LEVEL [--json]: the game version and every table position of a level.
 class InfoCommand : public Command

@@ -1,8 +1,8 @@
-#include "InsertCommand.h"
+#include "cli/InsertCommand.h"
 
-#include "C_ListInserter.h"
-#include "CommandArguments.h"
-#include "CommandLine.h"
+#include "list/C_ListInserter.h"
+#include "cli/CommandArguments.h"
+#include "cli/CommandLine.h"
 
 int InsertCommand::run(const QStringList& words)
 {

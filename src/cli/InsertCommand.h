@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Command.h"
+#include "cli/Command.h"
 
 // insert LEVEL LIST [-o OUT]: the level with the list's tables.
 class InsertCommand : public Command

@@ -1,8 +1,8 @@
-#include "TilesCommand.h"
+#include "cli/TilesCommand.h"
 
-#include "CommandArguments.h"
-#include "CommandLine.h"
-#include "LevelTileBitmap.h"
+#include "cli/CommandArguments.h"
+#include "cli/CommandLine.h"
+#include "level/LevelTileBitmap.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Command.h"
+#include "cli/Command.h"
 
 // tiles LEVEL -o BMP: the level's 16-bit texture tiles as a 24-bit bitmap,
 // tile 0 at the top; prints the bitmap's absolute path.

@@ -1,8 +1,8 @@
-#include "UsageCommand.h"
+#include "cli/UsageCommand.h"
 
-#include "CommandArguments.h"
-#include "CommandLine.h"
-#include "TextureUsage.h"
+#include "cli/CommandArguments.h"
+#include "cli/CommandLine.h"
+#include "level/TextureUsage.h"
 
 #include <QList>
 #include <QPair>

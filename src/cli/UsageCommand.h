@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Command.h"
+#include "cli/Command.h"
 
 // usage LEVEL [--json]: the object textures the level's room faces use
 // ("polygons"), those its mesh faces use ("objects"), the sprite textures its

@@ -1,6 +1,6 @@
-#include "ListCell.h"
+#include "common/ListCell.h"
 
-#include "NumberText.h"
+#include "common/NumberText.h"
 
 ListCell::ListCell(QStringView text)
 {

@@ -1,4 +1,4 @@
-#include "ListRowStore.h"
+#include "common/ListRowStore.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ListCell.h"
+#include "common/ListCell.h"
 
 #include <QStringList>
 

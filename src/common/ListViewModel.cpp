@@ -1,4 +1,4 @@
-#include "ListViewModel.h"
+#include "common/ListViewModel.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ListCell.h"
-#include "ListRowStore.h"
+#include "common/ListCell.h"
+#include "common/ListRowStore.h"
 
 #include <QAbstractTableModel>
 #include <QHash>

@@ -1,4 +1,4 @@
-#include "ReplacingFile.h"
+#include "common/ReplacingFile.h"
 
 #include <QFileInfo>
 #include <QRandomGenerator>

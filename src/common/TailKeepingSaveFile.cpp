@@ -1,4 +1,4 @@
-#include "TailKeepingSaveFile.h"
+#include "common/TailKeepingSaveFile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
-#include "m_Code.h"
+#include "common/m_Code.h"
 
-#include "ListViewModel.h"
+#include "common/ListViewModel.h"
 
 namespace m_Code {
 

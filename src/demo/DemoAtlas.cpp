@@ -1,6 +1,6 @@
-#include "DemoAtlas.h"
+#include "demo/DemoAtlas.h"
 
-#include "DemoColor.h"
+#include "demo/DemoColor.h"
 
 namespace {
 

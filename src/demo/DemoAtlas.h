@@ -1,9 +1,9 @@
 #pragma once
 
-#include "AnimatedTextureBlock.h"
-#include "ObjectTexture.h"
-#include "SpriteSequence.h"
-#include "SpriteTexture.h"
+#include "level/AnimatedTextureBlock.h"
+#include "level/ObjectTexture.h"
+#include "level/SpriteSequence.h"
+#include "level/SpriteTexture.h"
 
 #include <QImage>
 #include <QList>

@@ -1,4 +1,4 @@
-#include "DemoColor.h"
+#include "demo/DemoColor.h"
 
 #include <QtGlobal>
 

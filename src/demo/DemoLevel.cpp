@@ -1,13 +1,13 @@
-#include "DemoLevel.h"
+#include "demo/DemoLevel.h"
 
-#include "DemoColor.h"
-#include "DemoLiquids.h"
-#include "DemoSpriteArt.h"
-#include "DemoSurfaces.h"
-#include "DemoTile16Encoder.h"
-#include "LevelListExtractor.h"
-#include "SyntheticGeometry.h"
-#include "SyntheticMeshSet.h"
+#include "demo/DemoColor.h"
+#include "demo/DemoLiquids.h"
+#include "demo/DemoSpriteArt.h"
+#include "demo/DemoSurfaces.h"
+#include "demo/DemoTile16Encoder.h"
+#include "list/LevelListExtractor.h"
+#include "synthetic/SyntheticGeometry.h"
+#include "synthetic/SyntheticMeshSet.h"
 
 #include <QDir>
 #include <QFileInfo>

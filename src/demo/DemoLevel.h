@@ -1,11 +1,11 @@
 #pragma once
 
-#include "AnimatedTextureBlock.h"
-#include "DemoAtlas.h"
-#include "ObjectTexture.h"
-#include "SpriteSequence.h"
-#include "SpriteTexture.h"
-#include "SyntheticLevel.h"
+#include "level/AnimatedTextureBlock.h"
+#include "demo/DemoAtlas.h"
+#include "level/ObjectTexture.h"
+#include "level/SpriteSequence.h"
+#include "level/SpriteTexture.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QByteArray>
 #include <QImage>

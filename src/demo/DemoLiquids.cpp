@@ -1,7 +1,7 @@
-#include "DemoLiquids.h"
+#include "demo/DemoLiquids.h"
 
-#include "DemoColor.h"
-#include "DemoNoise.h"
+#include "demo/DemoColor.h"
+#include "demo/DemoNoise.h"
 
 QRgb DemoLiquids::water(int frame, int u, int v)
 {

@@ -1,4 +1,4 @@
-#include "DemoNoise.h"
+#include "demo/DemoNoise.h"
 
 #include <cmath>
 

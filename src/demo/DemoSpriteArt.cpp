@@ -1,7 +1,7 @@
-#include "DemoSpriteArt.h"
+#include "demo/DemoSpriteArt.h"
 
-#include "DemoColor.h"
-#include "DemoNoise.h"
+#include "demo/DemoColor.h"
+#include "demo/DemoNoise.h"
 
 #include <QtGlobal>
 

@@ -1,7 +1,7 @@
-#include "DemoSurfaces.h"
+#include "demo/DemoSurfaces.h"
 
-#include "DemoColor.h"
-#include "DemoNoise.h"
+#include "demo/DemoColor.h"
+#include "demo/DemoNoise.h"
 
 #include <QtGlobal>
 

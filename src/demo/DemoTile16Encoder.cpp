@@ -1,4 +1,4 @@
-#include "DemoTile16Encoder.h"
+#include "demo/DemoTile16Encoder.h"
 
 #include <QImage>
 #include <QtEndian>

@@ -1,6 +1,6 @@
-#include "AnimatedTextureBlock.h"
+#include "level/AnimatedTextureBlock.h"
 
-#include "ReadTableRecords.h"
+#include "level/ReadTableRecords.h"
 
 #include <QtEndian>
 

@@ -1,4 +1,4 @@
-#include "BinaryReader.h"
+#include "level/BinaryReader.h"
 
 #include <QIODevice>
 #include <QtEndian>

@@ -1,4 +1,4 @@
-#include "BitmapTileConverter.h"
+#include "level/BitmapTileConverter.h"
 
 #include <QtEndian>
 

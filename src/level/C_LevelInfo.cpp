@@ -1,8 +1,8 @@
-#include "C_LevelInfo.h"
+#include "level/C_LevelInfo.h"
 
-#include "BinaryReader.h"
-#include "ReadOnlyFile.h"
-#include "m_AllBinTo.h"
+#include "level/BinaryReader.h"
+#include "level/ReadOnlyFile.h"
+#include "level/m_AllBinTo.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "LevelVersion.h"
-#include "LevelWalk.h"
-#include "TablePosition.h"
+#include "level/LevelVersion.h"
+#include "level/LevelWalk.h"
+#include "level/TablePosition.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
-#include "GeometryCursor.h"
+#include "level/GeometryCursor.h"
 
-#include "TextureIndexSet.h"
+#include "level/TextureIndexSet.h"
 
 #include <QtEndian>
 

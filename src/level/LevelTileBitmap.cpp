@@ -1,9 +1,9 @@
-#include "LevelTileBitmap.h"
+#include "level/LevelTileBitmap.h"
 
-#include "BinaryReader.h"
-#include "BitmapTileConverter.h"
-#include "ReplacingFile.h"
-#include "WalkedLevelFile.h"
+#include "level/BinaryReader.h"
+#include "level/BitmapTileConverter.h"
+#include "common/ReplacingFile.h"
+#include "level/WalkedLevelFile.h"
 
 #include <QtEndian>
 

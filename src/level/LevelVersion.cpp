@@ -1,6 +1,6 @@
-#include "LevelVersion.h"
+#include "level/LevelVersion.h"
 
-#include "m_AllBinTo.h"
+#include "level/m_AllBinTo.h"
 
 namespace LevelVersion {
 

@@ -1,6 +1,6 @@
-#include "LevelWalk.h"
+#include "level/LevelWalk.h"
 
-#include "BinaryReader.h"
+#include "level/BinaryReader.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TablePosition.h"
+#include "level/TablePosition.h"
 
 #include <QList>
 

@@ -1,4 +1,4 @@
-#include "ObjectTexture.h"
+#include "level/ObjectTexture.h"
 
 #include <QtEndian>
 

@@ -1,4 +1,4 @@
-#include "ReadOnlyFile.h"
+#include "level/ReadOnlyFile.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "BinaryReader.h"
-#include "TablePosition.h"
+#include "level/BinaryReader.h"
+#include "level/TablePosition.h"
 
 #include <QList>
 

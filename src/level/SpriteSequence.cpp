@@ -1,4 +1,4 @@
-#include "SpriteSequence.h"
+#include "level/SpriteSequence.h"
 
 #include <QtEndian>
 

@@ -1,4 +1,4 @@
-#include "SpriteTexture.h"
+#include "level/SpriteTexture.h"
 
 #include <QtEndian>
 

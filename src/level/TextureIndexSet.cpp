@@ -1,4 +1,4 @@
-#include "TextureIndexSet.h"
+#include "level/TextureIndexSet.h"
 
 #include <bit>
 

@@ -1,13 +1,13 @@
-#include "TextureUsage.h"
+#include "level/TextureUsage.h"
 
-#include "AnimatedTextureBlock.h"
-#include "BinaryReader.h"
-#include "GeometryCursor.h"
-#include "ObjectTexture.h"
-#include "ReadTableRecords.h"
-#include "SpriteSequence.h"
-#include "TextureIndexSet.h"
-#include "WalkedLevelFile.h"
+#include "level/AnimatedTextureBlock.h"
+#include "level/BinaryReader.h"
+#include "level/GeometryCursor.h"
+#include "level/ObjectTexture.h"
+#include "level/ReadTableRecords.h"
+#include "level/SpriteSequence.h"
+#include "level/TextureIndexSet.h"
+#include "level/WalkedLevelFile.h"
 
 #include <QtEndian>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LevelWalk.h"
+#include "level/LevelWalk.h"
 
 #include <QList>
 #include <QString>

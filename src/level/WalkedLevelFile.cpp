@@ -1,6 +1,6 @@
-#include "WalkedLevelFile.h"
+#include "level/WalkedLevelFile.h"
 
-#include "ReadOnlyFile.h"
+#include "level/ReadOnlyFile.h"
 
 WalkedLevelFile::WalkedLevelFile(const QString& path, LevelWalk::Reach reach)
     : m_file(path)

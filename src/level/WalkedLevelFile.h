@@ -1,6 +1,6 @@
 #pragma once
 
-#include "C_LevelInfo.h"
+#include "level/C_LevelInfo.h"
 
 #include <QFile>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "m_AllBinTo.h"
+#include "level/m_AllBinTo.h"
 
 namespace m_AllBinTo {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Currency.h"
+#include "list/Currency.h"
 
 #include <QList>
 #include <QObject>

@@ -1,15 +1,15 @@
-#include "C_ListInfo.h"
+#include "list/C_ListInfo.h"
 
-#include "BinaryReader.h"
-#include "ListViewModel.h"
-#include "ObjectTexture.h"
-#include "ReadOnlyFile.h"
-#include "SpriteSequence.h"
-#include "SpriteTexture.h"
-#include "TailKeepingSaveFile.h"
-#include "m_AllBinTo.h"
-#include "m_SpriteList.h"
-#include "m_TextureList.h"
+#include "level/BinaryReader.h"
+#include "common/ListViewModel.h"
+#include "level/ObjectTexture.h"
+#include "level/ReadOnlyFile.h"
+#include "level/SpriteSequence.h"
+#include "level/SpriteTexture.h"
+#include "common/TailKeepingSaveFile.h"
+#include "level/m_AllBinTo.h"
+#include "list/m_SpriteList.h"
+#include "list/m_TextureList.h"
 
 #include <QFile>
 #include <QtEndian>

@@ -1,8 +1,8 @@
-#include "C_ListInserter.h"
+#include "list/C_ListInserter.h"
 
-#include "C_LevelInfo.h"
-#include "C_ListInfo.h"
-#include "TailKeepingSaveFile.h"
+#include "level/C_LevelInfo.h"
+#include "list/C_ListInfo.h"
+#include "common/TailKeepingSaveFile.h"
 
 #include <QFile>
 #include <QFileInfo>

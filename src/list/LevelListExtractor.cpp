@@ -1,9 +1,9 @@
-#include "LevelListExtractor.h"
+#include "list/LevelListExtractor.h"
 
-#include "C_LevelInfo.h"
-#include "C_ListInfo.h"
-#include "LevelTableReader.h"
-#include "ListViewSet.h"
+#include "level/C_LevelInfo.h"
+#include "list/C_ListInfo.h"
+#include "list/LevelTableReader.h"
+#include "list/ListViewSet.h"
 
 namespace {
 

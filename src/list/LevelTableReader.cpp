@@ -1,10 +1,10 @@
-#include "LevelTableReader.h"
+#include "list/LevelTableReader.h"
 
-#include "BinaryReader.h"
-#include "C_LevelInfo.h"
-#include "ReadOnlyFile.h"
-#include "m_SpriteList.h"
-#include "m_TextureList.h"
+#include "level/BinaryReader.h"
+#include "level/C_LevelInfo.h"
+#include "level/ReadOnlyFile.h"
+#include "list/m_SpriteList.h"
+#include "list/m_TextureList.h"
 
 #include <QFile>
 

@@ -1,9 +1,9 @@
-#include "ListViewSet.h"
+#include "list/ListViewSet.h"
 
-#include "C_ListInfo.h"
-#include "ObjectTexture.h"
-#include "SpriteSequence.h"
-#include "SpriteTexture.h"
+#include "list/C_ListInfo.h"
+#include "level/ObjectTexture.h"
+#include "level/SpriteSequence.h"
+#include "level/SpriteTexture.h"
 
 ListViewSet::ListViewSet(QObject* parent)
     : QObject(parent)

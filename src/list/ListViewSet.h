@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ListViewModel.h"
+#include "common/ListViewModel.h"
 
 #include <QObject>
 

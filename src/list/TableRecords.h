@@ -1,12 +1,12 @@
 #pragma once
 
-#include "BinaryReader.h"
-#include "ListCell.h"
-#include "ListViewModel.h"
-#include "NumberText.h"
-#include "ReadTableRecords.h"
-#include "TablePosition.h"
-#include "m_Code.h"
+#include "level/BinaryReader.h"
+#include "common/ListCell.h"
+#include "common/ListViewModel.h"
+#include "common/NumberText.h"
+#include "level/ReadTableRecords.h"
+#include "level/TablePosition.h"
+#include "common/m_Code.h"
 
 #include <QList>
 

@@ -1,7 +1,7 @@
-#include "m_IndexList.h"
+#include "list/m_IndexList.h"
 
-#include "ListViewModel.h"
-#include "NumberText.h"
+#include "common/ListViewModel.h"
+#include "common/NumberText.h"
 
 #include <vector>
 

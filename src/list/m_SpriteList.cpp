@@ -1,7 +1,7 @@
-#include "m_SpriteList.h"
+#include "list/m_SpriteList.h"
 
-#include "NumberText.h"
-#include "TableRecords.h"
+#include "common/NumberText.h"
+#include "list/TableRecords.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ListViewModel.h"
-#include "SpriteSequence.h"
-#include "SpriteTexture.h"
-#include "TablePosition.h"
+#include "common/ListViewModel.h"
+#include "level/SpriteSequence.h"
+#include "level/SpriteTexture.h"
+#include "level/TablePosition.h"
 
 class BinaryReader;
 

@@ -1,7 +1,7 @@
-#include "m_TextureList.h"
+#include "list/m_TextureList.h"
 
-#include "NumberText.h"
-#include "TableRecords.h"
+#include "common/NumberText.h"
+#include "list/TableRecords.h"
 
 #include <QHash>
 

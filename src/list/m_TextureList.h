@@ -1,9 +1,9 @@
 #pragma once
 
-#include "AnimatedTextureBlock.h"
-#include "ListViewModel.h"
-#include "ObjectTexture.h"
-#include "TablePosition.h"
+#include "level/AnimatedTextureBlock.h"
+#include "common/ListViewModel.h"
+#include "level/ObjectTexture.h"
+#include "level/TablePosition.h"
 
 class BinaryReader;
 

@@ -1,11 +1,11 @@
-#include "C_LevelInfo.h"
-#include "C_ListInfo.h"
-#include "ListFixture.h"
-#include "ListViewSet.h"
-#include "ScratchDir.h"
-#include "SyntheticGeometry.h"
-#include "SyntheticLevel.h"
-#include "SyntheticMeshSet.h"
+#include "level/C_LevelInfo.h"
+#include "list/C_ListInfo.h"
+#include "support/ListFixture.h"
+#include "list/ListViewSet.h"
+#include "support/ScratchDir.h"
+#include "synthetic/SyntheticGeometry.h"
+#include "synthetic/SyntheticLevel.h"
+#include "synthetic/SyntheticMeshSet.h"
 
 #include <QFileInfo>
 #include <QImage>

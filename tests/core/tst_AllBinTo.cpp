@@ -1,5 +1,5 @@
-#include "LevelVersion.h"
-#include "m_AllBinTo.h"
+#include "level/LevelVersion.h"
+#include "level/m_AllBinTo.h"
 
 #include <QTest>
 

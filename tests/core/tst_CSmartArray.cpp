@@ -1,4 +1,4 @@
-#include "CSmartArray.h"
+#include "list/CSmartArray.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,8 +1,8 @@
-#include "C_ListInfo.h"
-#include "LevelVersion.h"
-#include "ListFixture.h"
-#include "ListViewSet.h"
-#include "ScratchDir.h"
+#include "list/C_ListInfo.h"
+#include "level/LevelVersion.h"
+#include "support/ListFixture.h"
+#include "list/ListViewSet.h"
+#include "support/ScratchDir.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,9 @@
-#include "C_ListInfo.h"
-#include "C_ListInserter.h"
-#include "ListFixture.h"
-#include "ListViewSet.h"
-#include "ScratchDir.h"
-#include "SyntheticLevel.h"
+#include "list/C_ListInfo.h"
+#include "list/C_ListInserter.h"
+#include "support/ListFixture.h"
+#include "list/ListViewSet.h"
+#include "support/ScratchDir.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QFile>
 #include <QRandomGenerator>

@@ -1,12 +1,12 @@
-#include "C_LevelInfo.h"
-#include "C_ListInfo.h"
-#include "DemoColor.h"
-#include "DemoLevel.h"
-#include "DemoTile16Encoder.h"
-#include "ExpectedWalk.h"
-#include "ListFixture.h"
-#include "ListViewSet.h"
-#include "ScratchDir.h"
+#include "level/C_LevelInfo.h"
+#include "list/C_ListInfo.h"
+#include "demo/DemoColor.h"
+#include "demo/DemoLevel.h"
+#include "demo/DemoTile16Encoder.h"
+#include "support/ExpectedWalk.h"
+#include "support/ListFixture.h"
+#include "list/ListViewSet.h"
+#include "support/ScratchDir.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
-#include "NumberText.h"
-#include "m_Code.h"
+#include "common/NumberText.h"
+#include "common/m_Code.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
-#include "ListViewModel.h"
-#include "m_IndexList.h"
+#include "common/ListViewModel.h"
+#include "list/m_IndexList.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
-#include "BitmapTileConverter.h"
-#include "LevelTileBitmap.h"
-#include "ScratchDir.h"
-#include "SyntheticLevel.h"
+#include "level/BitmapTileConverter.h"
+#include "level/LevelTileBitmap.h"
+#include "support/ScratchDir.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QImage>
 #include <QTest>

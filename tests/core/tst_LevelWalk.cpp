@@ -1,7 +1,7 @@
-#include "C_LevelInfo.h"
-#include "ExpectedWalk.h"
-#include "ScratchDir.h"
-#include "SyntheticLevel.h"
+#include "level/C_LevelInfo.h"
+#include "support/ExpectedWalk.h"
+#include "support/ScratchDir.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QBuffer>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
-#include "ListViewModel.h"
-#include "NumberText.h"
-#include "m_Code.h"
+#include "common/ListViewModel.h"
+#include "common/NumberText.h"
+#include "common/m_Code.h"
 
 #include <QAbstractItemModelTester>
 #include <QPersistentModelIndex>

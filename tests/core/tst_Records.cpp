@@ -1,7 +1,7 @@
-#include "AnimatedTextureBlock.h"
-#include "ObjectTexture.h"
-#include "SpriteSequence.h"
-#include "SpriteTexture.h"
+#include "level/AnimatedTextureBlock.h"
+#include "level/ObjectTexture.h"
+#include "level/SpriteSequence.h"
+#include "level/SpriteTexture.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
-#include "ReplacingFile.h"
-#include "ScratchDir.h"
+#include "common/ReplacingFile.h"
+#include "support/ScratchDir.h"
 
 #include <QDir>
 #include <QTest>

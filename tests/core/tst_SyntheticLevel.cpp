@@ -1,5 +1,5 @@
-#include "ScratchDir.h"
-#include "SyntheticLevel.h"
+#include "support/ScratchDir.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QTest>
 

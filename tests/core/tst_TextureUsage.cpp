@@ -1,8 +1,8 @@
-#include "ScratchDir.h"
-#include "SyntheticGeometry.h"
-#include "SyntheticLevel.h"
-#include "SyntheticMeshSet.h"
-#include "TextureUsage.h"
+#include "support/ScratchDir.h"
+#include "synthetic/SyntheticGeometry.h"
+#include "synthetic/SyntheticLevel.h"
+#include "synthetic/SyntheticMeshSet.h"
+#include "level/TextureUsage.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "ExpectedWalk.h"
+#include "support/ExpectedWalk.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "C_LevelInfo.h"
-#include "SyntheticLevel.h"
-#include "TablePosition.h"
+#include "level/C_LevelInfo.h"
+#include "synthetic/SyntheticLevel.h"
+#include "level/TablePosition.h"
 
 #include <QList>
 #include <QMetaType>

@@ -1,9 +1,9 @@
-#include "ListFixture.h"
+#include "support/ListFixture.h"
 
-#include "C_ListInfo.h"
-#include "ListViewSet.h"
-#include "m_SpriteList.h"
-#include "m_TextureList.h"
+#include "list/C_ListInfo.h"
+#include "list/ListViewSet.h"
+#include "list/m_SpriteList.h"
+#include "list/m_TextureList.h"
 
 #include <QRandomGenerator>
 

@@ -1,4 +1,4 @@
-#include "ScratchDir.h"
+#include "support/ScratchDir.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,9 @@
-#include "AnimationPage.h"
-#include "EditorFixture.h"
-#include "EditorState.h"
-#include "ListView.h"
-#include "PageUser.h"
-#include "m_TextureList.h"
+#include "ui/animation/AnimationPage.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/EditorState.h"
+#include "ui/common/ListView.h"
+#include "uisupport/PageUser.h"
+#include "list/m_TextureList.h"
 
 #include <QAbstractButton>
 #include <QAction>

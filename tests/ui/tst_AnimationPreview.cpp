@@ -1,10 +1,10 @@
-#include "AnimationPage.h"
-#include "DemoLevel.h"
-#include "EditorFixture.h"
-#include "EditorState.h"
-#include "ListView.h"
-#include "PageUser.h"
-#include "ucAnimTexture.h"
+#include "ui/animation/AnimationPage.h"
+#include "demo/DemoLevel.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/EditorState.h"
+#include "ui/common/ListView.h"
+#include "uisupport/PageUser.h"
+#include "ui/animation/ucAnimTexture.h"
 
 #include <QAbstractButton>
 #include <QAction>

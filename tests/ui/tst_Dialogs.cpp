@@ -1,7 +1,7 @@
-#include "EditorFixture.h"
-#include "QtPromptService.h"
-#include "frmVersion.h"
-#include "m_CodeForms.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/QtPromptService.h"
+#include "ui/dialogs/frmVersion.h"
+#include "ui/common/m_CodeForms.h"
 
 #include <QLineEdit>
 #include <QRadioButton>

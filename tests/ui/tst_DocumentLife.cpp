@@ -1,9 +1,9 @@
-#include "C_ListInfo.h"
-#include "EditorFixture.h"
-#include "EditorState.h"
-#include "ListFixture.h"
-#include "frmMain.h"
-#include "ucScrollPic.h"
+#include "list/C_ListInfo.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/EditorState.h"
+#include "support/ListFixture.h"
+#include "ui/main/frmMain.h"
+#include "ui/bitmap/ucScrollPic.h"
 
 #include <QAction>
 #include <QDialog>

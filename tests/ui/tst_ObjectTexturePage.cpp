@@ -1,10 +1,10 @@
-#include "EditorFixture.h"
-#include "EditorState.h"
-#include "LevelVersion.h"
-#include "ListView.h"
-#include "UserActions.h"
-#include "frmMain.h"
-#include "ucScrollPic.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/EditorState.h"
+#include "level/LevelVersion.h"
+#include "ui/common/ListView.h"
+#include "uisupport/UserActions.h"
+#include "ui/main/frmMain.h"
+#include "ui/bitmap/ucScrollPic.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,10 +1,10 @@
-#include "DemoLevel.h"
-#include "EditorFixture.h"
-#include "EditorState.h"
-#include "ListView.h"
-#include "PageUser.h"
-#include "SequencePage.h"
-#include "m_SpriteList.h"
+#include "demo/DemoLevel.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/EditorState.h"
+#include "ui/common/ListView.h"
+#include "uisupport/PageUser.h"
+#include "ui/animation/SequencePage.h"
+#include "list/m_SpriteList.h"
 
 #include <QAbstractButton>
 #include <QAction>

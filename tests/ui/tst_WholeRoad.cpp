@@ -1,9 +1,9 @@
-#include "C_LevelInfo.h"
-#include "C_ListInfo.h"
-#include "DemoLevel.h"
-#include "EditorFixture.h"
-#include "EditorState.h"
-#include "PageUser.h"
+#include "level/C_LevelInfo.h"
+#include "list/C_ListInfo.h"
+#include "demo/DemoLevel.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/EditorState.h"
+#include "uisupport/PageUser.h"
 
 #include <QAction>
 #include <QDataStream>

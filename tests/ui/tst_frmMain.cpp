@@ -1,10 +1,10 @@
-#include "AnimationPage.h"
-#include "EditorFixture.h"
-#include "EditorState.h"
-#include "ListView.h"
-#include "ObjectTexturePage.h"
-#include "frmMain.h"
-#include "ucScrollPic.h"
+#include "ui/animation/AnimationPage.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/EditorState.h"
+#include "ui/common/ListView.h"
+#include "ui/textures/ObjectTexturePage.h"
+#include "ui/main/frmMain.h"
+#include "ui/bitmap/ucScrollPic.h"
 
 #include <QAction>
 #include <QHeaderView>

@@ -1,8 +1,8 @@
-#include "EditorFixture.h"
-#include "EditorState.h"
-#include "frmMain.h"
-#include "ucScrollPic.h"
-#include "ucScrollPicCanvas.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/EditorState.h"
+#include "ui/main/frmMain.h"
+#include "ui/bitmap/ucScrollPic.h"
+#include "ui/bitmap/ucScrollPicCanvas.h"
 
 #include <QAction>
 #include <QLabel>

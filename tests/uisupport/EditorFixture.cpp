@@ -1,7 +1,7 @@
-#include "EditorFixture.h"
+#include "uisupport/EditorFixture.h"
 
-#include "DemoLevel.h"
-#include "frmMain.h"
+#include "demo/DemoLevel.h"
+#include "ui/main/frmMain.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ScratchDir.h"
-#include "ScriptedPrompts.h"
+#include "support/ScratchDir.h"
+#include "uisupport/ScriptedPrompts.h"
 
 #include <QString>
 
@@ -43,7 +43,7 @@ public:
     template <typename T> T* find(const char* name) const;
 };
 
-#include "frmMain.h"
+#include "ui/main/frmMain.h"
 
 template <typename T> T* EditorFixture::find(const char* name) const
 {

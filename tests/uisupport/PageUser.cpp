@@ -1,8 +1,8 @@
-#include "PageUser.h"
+#include "uisupport/PageUser.h"
 
-#include "EditorFixture.h"
-#include "ListView.h"
-#include "ListViewModel.h"
+#include "uisupport/EditorFixture.h"
+#include "ui/common/ListView.h"
+#include "common/ListViewModel.h"
 
 #include <QAbstractButton>
 #include <QLabel>

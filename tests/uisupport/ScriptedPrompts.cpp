@@ -1,4 +1,4 @@
-#include "ScriptedPrompts.h"
+#include "uisupport/ScriptedPrompts.h"
 
 #include <QDialog>
 

@@ -1,7 +1,7 @@
-#include "UserActions.h"
+#include "uisupport/UserActions.h"
 
-#include "ListView.h"
-#include "ListViewModel.h"
+#include "ui/common/ListView.h"
+#include "common/ListViewModel.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,7 +1,7 @@
-#include "frmAbout.h"
+#include "ui/about/frmAbout.h"
 
-#include "IPromptService.h"
-#include "m_CodeForms.h"
+#include "ui/common/IPromptService.h"
+#include "ui/common/m_CodeForms.h"
 #include "ui_frmAbout.h"
 
 #include <QApplication>

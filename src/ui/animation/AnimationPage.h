@@ -1,8 +1,8 @@
 #pragma once
 
-#include "EditorPage.h"
-#include "ListViewModel.h"
-#include "PreviewFrameList.h"
+#include "ui/common/EditorPage.h"
+#include "common/ListViewModel.h"
+#include "list/PreviewFrameList.h"
 
 #include <memory>
 

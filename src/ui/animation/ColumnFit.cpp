@@ -1,4 +1,4 @@
-#include "ColumnFit.h"
+#include "ui/animation/ColumnFit.h"
 
 #include <QHeaderView>
 #include <QTreeView>

@@ -1,9 +1,9 @@
-#include "PreviewPlayer.h"
+#include "ui/animation/PreviewPlayer.h"
 
-#include "ButtonCaption.h"
-#include "EditorState.h"
-#include "PreviewFrameList.h"
-#include "ucAnimTexture.h"
+#include "ui/common/ButtonCaption.h"
+#include "ui/common/EditorState.h"
+#include "list/PreviewFrameList.h"
+#include "ui/animation/ucAnimTexture.h"
 
 #include <QAbstractButton>
 #include <QTimer>

@@ -1,13 +1,13 @@
-#include "SequencePage.h"
+#include "ui/animation/SequencePage.h"
 
-#include "ButtonCaption.h"
-#include "ColumnFit.h"
-#include "EditorState.h"
-#include "IPromptService.h"
-#include "NumberText.h"
-#include "PreviewPlayer.h"
-#include "m_SpriteList.h"
-#include "ucAnimTexture.h"
+#include "ui/common/ButtonCaption.h"
+#include "ui/animation/ColumnFit.h"
+#include "ui/common/EditorState.h"
+#include "ui/common/IPromptService.h"
+#include "common/NumberText.h"
+#include "ui/animation/PreviewPlayer.h"
+#include "list/m_SpriteList.h"
+#include "ui/animation/ucAnimTexture.h"
 #include "ui_SequencePage.h"
 
 #include <QTimer>

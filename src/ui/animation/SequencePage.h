@@ -1,8 +1,8 @@
 #pragma once
 
-#include "EditorPage.h"
-#include "PreviewFrameList.h"
-#include "SequenceCheck.h"
+#include "ui/common/EditorPage.h"
+#include "list/PreviewFrameList.h"
+#include "list/SequenceCheck.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
-#include "ucAnimTexture.h"
+#include "ui/animation/ucAnimTexture.h"
 
-#include "BitmapCache.h"
+#include "ui/bitmap/BitmapCache.h"
 
 #include <QPainter>
 

@@ -1,4 +1,4 @@
-#include "BitmapCache.h"
+#include "ui/bitmap/BitmapCache.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
-#include "ucScrollPic.h"
+#include "ui/bitmap/ucScrollPic.h"
 
-#include "BitmapCache.h"
-#include "ucScrollPicCanvas.h"
+#include "ui/bitmap/BitmapCache.h"
+#include "ui/bitmap/ucScrollPicCanvas.h"
 
 #include <QScrollBar>
 #include <QStyle>

@@ -1,4 +1,4 @@
-#include "ucScrollPicCanvas.h"
+#include "ui/bitmap/ucScrollPicCanvas.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "BusyCursor.h"
+#include "ui/common/BusyCursor.h"
 
 #include <QCursor>
 #include <QGuiApplication>

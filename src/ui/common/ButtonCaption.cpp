@@ -1,8 +1,8 @@
-#include "ButtonCaption.h"
+#include "ui/common/ButtonCaption.h"
 
 #include <QAbstractButton>
 
-bool ButtonCaption::Is(const QAbstractButton& button, const QString& caption)
+bool ButtonCaption::Is(const QAbstractButton& button, QStringView caption)
 {
-    return button.text().compare(caption, Qt::CaseInsensitive) == 0;
+    return QStringView(button.text()).compare(caption, Qt::CaseInsensitive) == 0;
 }

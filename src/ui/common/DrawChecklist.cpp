@@ -1,7 +1,7 @@
-#include "DrawChecklist.h"
+#include "ui/common/DrawChecklist.h"
 
-#include "ListView.h"
-#include "ListViewModel.h"
+#include "ui/common/ListView.h"
+#include "common/ListViewModel.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "EditBoxLook.h"
+#include "ui/common/EditBoxLook.h"
 
 #include <QApplication>
 #include <QLineEdit>

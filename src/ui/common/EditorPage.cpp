@@ -1,4 +1,4 @@
-#include "EditorPage.h"
+#include "ui/common/EditorPage.h"
 
 EditorPage::EditorPage(EditorState& state, QWidget* parent)
     : QGroupBox(parent)

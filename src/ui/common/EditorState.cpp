@@ -1,10 +1,10 @@
-#include "EditorState.h"
+#include "ui/common/EditorState.h"
 
-#include "IPromptService.h"
-#include "ObjectTextureRow.h"
-#include "SpriteTextureRow.h"
-#include "m_IndexList.h"
-#include "ucScrollPic.h"
+#include "ui/common/IPromptService.h"
+#include "list/ObjectTextureRow.h"
+#include "list/SpriteTextureRow.h"
+#include "list/m_IndexList.h"
+#include "ui/bitmap/ucScrollPic.h"
 
 namespace {
 

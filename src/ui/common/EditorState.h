@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ListViewModel.h"
-#include "ListViewSet.h"
+#include "common/ListViewModel.h"
+#include "list/ListViewSet.h"
 
 #include <QColor>
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "FileRequests.h"
+#include "ui/common/FileRequests.h"
 
 namespace FileRequests {
 

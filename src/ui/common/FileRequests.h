@@ -1,6 +1,6 @@
 #pragma once
 
-#include "IPromptService.h"
+#include "ui/common/IPromptService.h"
 
 // The file dialogs the forms show, each with its title, filter, default
 // extension and flags, written once.

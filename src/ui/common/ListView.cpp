@@ -1,7 +1,7 @@
-#include "ListView.h"
+#include "ui/common/ListView.h"
 
-#include "ListViewModel.h"
-#include "m_Code.h"
+#include "common/ListViewModel.h"
+#include "common/m_Code.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "PlainSeparatorStyle.h"
+#include "ui/common/PlainSeparatorStyle.h"
 
 #include <QStyleOptionMenuItem>
 

@@ -1,4 +1,4 @@
-#include "QtPromptService.h"
+#include "ui/common/QtPromptService.h"
 
 #include <QApplication>
 #include <QColorDialog>

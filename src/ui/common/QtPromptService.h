@@ -1,6 +1,6 @@
 #pragma once
 
-#include "IPromptService.h"
+#include "ui/common/IPromptService.h"
 
 #include <QMessageBox>
 

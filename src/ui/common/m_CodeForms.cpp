@@ -1,4 +1,4 @@
-#include "m_CodeForms.h"
+#include "ui/common/m_CodeForms.h"
 
 #include <QGuiApplication>
 #include <QLineEdit>

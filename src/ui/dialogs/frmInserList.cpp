@@ -1,12 +1,12 @@
-#include "frmInserList.h"
+#include "ui/dialogs/frmInserList.h"
 
-#include "BusyCursor.h"
-#include "C_LevelInfo.h"
-#include "C_ListInfo.h"
-#include "C_ListInserter.h"
-#include "FileRequests.h"
-#include "IPromptService.h"
-#include "m_CodeForms.h"
+#include "ui/common/BusyCursor.h"
+#include "level/C_LevelInfo.h"
+#include "list/C_ListInfo.h"
+#include "list/C_ListInserter.h"
+#include "ui/common/FileRequests.h"
+#include "ui/common/IPromptService.h"
+#include "ui/common/m_CodeForms.h"
 #include "ui_frmInserList.h"
 
 #include <QCoreApplication>

@@ -1,10 +1,10 @@
-#include "frmNewList.h"
+#include "ui/dialogs/frmNewList.h"
 
-#include "FileRequests.h"
-#include "BusyCursor.h"
-#include "IPromptService.h"
-#include "LevelTileBitmap.h"
-#include "m_CodeForms.h"
+#include "ui/common/FileRequests.h"
+#include "ui/common/BusyCursor.h"
+#include "ui/common/IPromptService.h"
+#include "level/LevelTileBitmap.h"
+#include "ui/common/m_CodeForms.h"
 #include "ui_frmNewList.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
-#include "frmVersion.h"
+#include "ui/dialogs/frmVersion.h"
 
-#include "LevelVersion.h"
-#include "m_CodeForms.h"
+#include "level/LevelVersion.h"
+#include "ui/common/m_CodeForms.h"
 #include "ui_frmVersion.h"
 
 frmVersion::frmVersion(QWidget* parent)

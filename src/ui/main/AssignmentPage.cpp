@@ -1,9 +1,9 @@
-#include "AssignmentPage.h"
+#include "ui/main/AssignmentPage.h"
 
-#include "BusyCursor.h"
-#include "EditorState.h"
-#include "ListView.h"
-#include "TextureUsage.h"
+#include "ui/common/BusyCursor.h"
+#include "ui/common/EditorState.h"
+#include "ui/common/ListView.h"
+#include "level/TextureUsage.h"
 #include "ui_AssignmentPage.h"
 
 #include <QDir>

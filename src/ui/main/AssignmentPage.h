@@ -1,7 +1,7 @@
 #pragma once
 
-#include "EditorPage.h"
-#include "ListViewModel.h"
+#include "ui/common/EditorPage.h"
+#include "common/ListViewModel.h"
 
 #include <memory>
 

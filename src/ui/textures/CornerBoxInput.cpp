@@ -1,7 +1,7 @@
-#include "CornerBoxInput.h"
+#include "ui/textures/CornerBoxInput.h"
 
-#include "m_Code.h"
-#include "m_CodeForms.h"
+#include "common/m_Code.h"
+#include "ui/common/m_CodeForms.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,7 +1,7 @@
-#include "CornerBoxes.h"
+#include "ui/textures/CornerBoxes.h"
 
-#include "CornerBoxInput.h"
-#include "EditBoxLook.h"
+#include "ui/textures/CornerBoxInput.h"
+#include "ui/common/EditBoxLook.h"
 
 #include <QLineEdit>
 

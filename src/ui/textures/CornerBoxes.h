@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TextureGeometry.h"
+#include "list/TextureGeometry.h"
 
 #include <QObject>
 #include <QStringList>

@@ -1,13 +1,13 @@
-#include "ObjectTexturePage.h"
+#include "ui/textures/ObjectTexturePage.h"
 
-#include "ButtonCaption.h"
-#include "CornerBoxes.h"
-#include "DrawChecklist.h"
-#include "EditBoxLook.h"
-#include "EditorState.h"
-#include "NumberText.h"
-#include "ObjectTextureRow.h"
-#include "RowKeyNumber.h"
+#include "ui/common/ButtonCaption.h"
+#include "ui/textures/CornerBoxes.h"
+#include "ui/common/DrawChecklist.h"
+#include "ui/common/EditBoxLook.h"
+#include "ui/common/EditorState.h"
+#include "common/NumberText.h"
+#include "list/ObjectTextureRow.h"
+#include "list/RowKeyNumber.h"
 #include "ui_ObjectTexturePage.h"
 
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "EditorPage.h"
-#include "TextureGeometry.h"
+#include "ui/common/EditorPage.h"
+#include "list/TextureGeometry.h"
 
 #include <memory>
 

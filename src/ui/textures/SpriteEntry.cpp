@@ -1,4 +1,4 @@
-#include "SpriteEntry.h"
+#include "ui/textures/SpriteEntry.h"
 
 #include <QLocale>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "EditorPage.h"
-#include "SpriteEntry.h"
+#include "ui/common/EditorPage.h"
+#include "ui/textures/SpriteEntry.h"
 
 #include <memory>
 

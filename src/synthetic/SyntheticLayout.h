@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SyntheticField.h"
+#include "synthetic/SyntheticField.h"
 
 #include <QList>
 #include <QtGlobal>

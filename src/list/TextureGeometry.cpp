@@ -1,6 +1,6 @@
-#include "TextureGeometry.h"
+#include "list/TextureGeometry.h"
 
-#include "LevelVersion.h"
+#include "level/LevelVersion.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "SyntheticMeshSet.h"
+#include "synthetic/SyntheticMeshSet.h"
 
-#include "SyntheticLevel.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QtEndian>
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "AnimatedTextureBlock.h"
-#include "LevelVersion.h"
-#include "ObjectTexture.h"
-#include "SpriteSequence.h"
-#include "SpriteTexture.h"
-#include "SyntheticField.h"
-#include "SyntheticLayout.h"
-#include "SyntheticRoom.h"
+#include "level/AnimatedTextureBlock.h"
+#include "level/LevelVersion.h"
+#include "level/ObjectTexture.h"
+#include "level/SpriteSequence.h"
+#include "level/SpriteTexture.h"
+#include "synthetic/SyntheticField.h"
+#include "synthetic/SyntheticLayout.h"
+#include "synthetic/SyntheticRoom.h"
 
 #include <QByteArray>
 #include <QList>

@@ -1,4 +1,4 @@
-#include "SyntheticGeometry.h"
+#include "synthetic/SyntheticGeometry.h"
 
 #include <QtEndian>
 

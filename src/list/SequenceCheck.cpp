@@ -1,4 +1,4 @@
-#include "SequenceCheck.h"
+#include "list/SequenceCheck.h"
 
 #include <limits>
 

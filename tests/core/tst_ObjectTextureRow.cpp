@@ -1,5 +1,5 @@
-#include "ListViewModel.h"
-#include "ObjectTextureRow.h"
+#include "common/ListViewModel.h"
+#include "list/ObjectTextureRow.h"
 
 #include <QTest>
 

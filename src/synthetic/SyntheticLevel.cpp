@@ -1,6 +1,6 @@
-#include "SyntheticLevel.h"
+#include "synthetic/SyntheticLevel.h"
 
-#include "SyntheticSink.h"
+#include "synthetic/SyntheticSink.h"
 
 #include <QBuffer>
 #include <QSaveFile>

@@ -1,7 +1,7 @@
-#include "PreviewFrameList.h"
+#include "list/PreviewFrameList.h"
 
-#include "NumberText.h"
-#include "ObjectTextureRow.h"
+#include "common/NumberText.h"
+#include "list/ObjectTextureRow.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "BitmapSelection.h"
+#include "common/BitmapSelection.h"
 
 #include <QtGlobal>
 

@@ -1,8 +1,8 @@
-#include "ObjectTextureRow.h"
+#include "list/ObjectTextureRow.h"
 
-#include "ListViewModel.h"
-#include "NumberText.h"
-#include "TextureGeometry.h"
+#include "common/ListViewModel.h"
+#include "common/NumberText.h"
+#include "list/TextureGeometry.h"
 
 #include <algorithm>
 #include <climits>

@@ -1,7 +1,7 @@
-#include "RowKeyNumber.h"
+#include "list/RowKeyNumber.h"
 
-#include "ListViewModel.h"
-#include "m_Code.h"
+#include "common/ListViewModel.h"
+#include "common/m_Code.h"
 
 qint64 RowKeyNumber::FirstFree(const ListViewModel& rows, QChar prefix, qint64 from)
 {

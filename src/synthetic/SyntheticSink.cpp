@@ -1,4 +1,4 @@
-#include "SyntheticSink.h"
+#include "synthetic/SyntheticSink.h"
 
 #include <QIODevice>
 #include <QtEndian>

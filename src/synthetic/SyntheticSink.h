@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SyntheticField.h"
-#include "SyntheticLayout.h"
+#include "synthetic/SyntheticField.h"
+#include "synthetic/SyntheticLayout.h"
 
 #include <QByteArray>
 #include <QString>

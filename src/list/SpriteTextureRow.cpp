@@ -1,8 +1,8 @@
-#include "SpriteTextureRow.h"
+#include "list/SpriteTextureRow.h"
 
-#include "ListViewModel.h"
-#include "NumberText.h"
-#include "TextureGeometry.h"
+#include "common/ListViewModel.h"
+#include "common/NumberText.h"
+#include "list/TextureGeometry.h"
 
 namespace {
 
