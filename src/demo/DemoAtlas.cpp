@@ -4,12 +4,6 @@
 
 namespace {
 
-// Object texture list columns of corner i (0 to 3).
-int xColumn(int corner) { return 3 + 2 * corner; }
-int yColumn(int corner) { return 4 + 2 * corner; }
-int xHiColumn(int corner) { return 11 + 2 * corner; }
-int yHiColumn(int corner) { return 12 + 2 * corner; }
-
 // The byte before each pixel coordinate marks which edge of the texture the
 // corner lies on: 1 on the low edge, 255 on the high edge.
 quint8 edgeMark(int coordinate, int highEdge)
@@ -19,17 +13,17 @@ quint8 edgeMark(int coordinate, int highEdge)
 
 void setCorner(ObjectTexture& record, int corner, const QPoint& at, const QRect& bounds)
 {
-    record.setColumn(xColumn(corner), at.x());
-    record.setColumn(yColumn(corner), at.y());
-    record.setColumn(xHiColumn(corner), edgeMark(at.x(), bounds.right()));
-    record.setColumn(yHiColumn(corner), edgeMark(at.y(), bounds.bottom()));
+    record.setColumn(ObjectTexture::XColumn(corner), at.x());
+    record.setColumn(ObjectTexture::YColumn(corner), at.y());
+    record.setColumn(ObjectTexture::XHiColumn(corner), edgeMark(at.x(), bounds.right()));
+    record.setColumn(ObjectTexture::YHiColumn(corner), edgeMark(at.y(), bounds.bottom()));
 }
 
 ObjectTexture textureRecord(int tile, bool transparent)
 {
     ObjectTexture record;
-    record.setColumn(1, tile);
-    record.setColumn(2, transparent ? 1 : 0);
+    record.setColumn(ObjectTexture::TileColumn, tile);
+    record.setColumn(ObjectTexture::TransColumn, transparent ? 1 : 0);
     return record;
 }
 

@@ -13,13 +13,23 @@ struct ColumnField
     int width;
 };
 
-constexpr std::array<ColumnField, ObjectTexture::ColumnCount + 1> Fields{{
-    {0, 0}, // "No" is not stored
-    {2, 2}, // Tile#
-    {0, 2}, // Trans
-    {5, 1}, {7, 1}, {9, 1}, {11, 1}, {13, 1}, {15, 1}, {17, 1}, {19, 1}, // X1 .. Y4
-    {4, 1}, {6, 1}, {8, 1}, {10, 1}, {12, 1}, {14, 1}, {16, 1}, {18, 1}, // X1Hi .. Y4Hi
-}};
+// Corner i's four bytes start at 4 + 4 i: X sub-pixel, X, Y sub-pixel, Y.
+constexpr std::array<ColumnField, ObjectTexture::ColumnCount + 1> MakeFields()
+{
+    std::array<ColumnField, ObjectTexture::ColumnCount + 1> fields{};
+    fields[ObjectTexture::TileColumn] = {2, 2};
+    fields[ObjectTexture::TransColumn] = {0, 2};
+    for (int corner = 0; corner < 4; ++corner) {
+        const int at = 4 + 4 * corner;
+        fields[size_t(ObjectTexture::XHiColumn(corner))] = {at, 1};
+        fields[size_t(ObjectTexture::XColumn(corner))] = {at + 1, 1};
+        fields[size_t(ObjectTexture::YHiColumn(corner))] = {at + 2, 1};
+        fields[size_t(ObjectTexture::YColumn(corner))] = {at + 3, 1};
+    }
+    return fields;
+}
+
+constexpr std::array<ColumnField, ObjectTexture::ColumnCount + 1> Fields = MakeFields();
 
 } // namespace
 

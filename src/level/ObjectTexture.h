@@ -18,6 +18,14 @@ struct ObjectTexture
     static constexpr int Size = 20;
     static constexpr int ColumnCount = 18; // the list columns after "No"
 
+    // The list columns by name, "Tile#" first; corner is 0 to 3.
+    static constexpr int TileColumn = 1;
+    static constexpr int TransColumn = 2;
+    static constexpr int XColumn(int corner) { return 3 + 2 * corner; }
+    static constexpr int YColumn(int corner) { return 4 + 2 * corner; }
+    static constexpr int XHiColumn(int corner) { return 11 + 2 * corner; }
+    static constexpr int YHiColumn(int corner) { return 12 + 2 * corner; }
+
     std::array<quint8, Size> bytes{};
 
     static ObjectTexture fromBytes(const char* data);

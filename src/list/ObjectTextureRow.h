@@ -1,5 +1,7 @@
 #pragma once
 
+#include "level/ObjectTexture.h"
+
 #include <QPoint>
 #include <QRect>
 #include <QStringList>
@@ -40,12 +42,12 @@ public:
     // corners (1 and 3), or a triangle's three corners.
     QStringList DrawColumns() const;
 
-    // Sub-item numbers of the complete texture list.
-    static constexpr int TileColumn = 1;
-    static constexpr int TransColumn = 2;
-    static int XColumn(int corner) { return 3 + 2 * corner; }
-    static int YColumn(int corner) { return 4 + 2 * corner; }
-    static int XHiColumn(int corner) { return 11 + 2 * corner; }
-    static int YHiColumn(int corner) { return 12 + 2 * corner; }
-    static constexpr int ColumnCount = 18;
+    // Sub-item numbers of the complete texture list: the record's own.
+    static constexpr int TileColumn = ObjectTexture::TileColumn;
+    static constexpr int TransColumn = ObjectTexture::TransColumn;
+    static constexpr int XColumn(int corner) { return ObjectTexture::XColumn(corner); }
+    static constexpr int YColumn(int corner) { return ObjectTexture::YColumn(corner); }
+    static constexpr int XHiColumn(int corner) { return ObjectTexture::XHiColumn(corner); }
+    static constexpr int YHiColumn(int corner) { return ObjectTexture::YHiColumn(corner); }
+    static constexpr int ColumnCount = ObjectTexture::ColumnCount;
 };

@@ -2,6 +2,8 @@
 
 #include "level/LevelVersion.h"
 
+#include <algorithm>
+
 namespace {
 
 const QString Opaque = QStringLiteral("Is Opaque");
@@ -81,6 +83,36 @@ QString TextureGeometry::MarkerOf(int xByte, int yByte)
     if (xByte == LowEdge && yByte == LowEdge)
         return QStringLiteral("Lo");
     return {};
+}
+
+std::optional<TextureGeometry::LoHi> TextureGeometry::RectangleLoHi(const std::array<QPoint, 4>& corners)
+{
+    int left = corners[0].x(), right = left, top = corners[0].y(), bottom = top;
+    for (const QPoint& corner : corners) {
+        left = std::min(left, corner.x());
+        right = std::max(right, corner.x());
+        top = std::min(top, corner.y());
+        bottom = std::max(bottom, corner.y());
+    }
+    if (left == right || top == bottom)
+        return std::nullopt;
+    int lo = -1, hi = -1, seen = 0;
+    for (int i = 0; i < 4; ++i) {
+        const QPoint c = corners[size_t(i)];
+        if ((c.x() != left && c.x() != right) || (c.y() != top && c.y() != bottom))
+            return std::nullopt;
+        const int bit = (c.x() == right ? 1 : 0) + (c.y() == bottom ? 2 : 0);
+        seen |= 1 << bit;
+        if (c == QPoint(left, top))
+            lo = i;
+        if (c == QPoint(right, bottom))
+            hi = i;
+    }
+    // All four combinations, and Lo and Hi across a diagonal: the corners go
+    // round the rectangle rather than across it.
+    if (seen != 0xF || (lo + 2) % 4 != hi)
+        return std::nullopt;
+    return LoHi{lo, hi};
 }
 
 QString TextureGeometry::AttributeCaption(int value)

@@ -49,6 +49,17 @@ public:
     // "Hi" for two high-edge bytes, "Lo" for two low-edge bytes, else "".
     static QString MarkerOf(int xByte, int yByte);
 
+    struct LoHi
+    {
+        int lo;
+        int hi;
+    };
+    // The Lo and Hi rows of four corners that go round an axis-aligned
+    // rectangle: two X and two Y values, each combination once, Lo on the
+    // smaller X and Y and Hi on the opposite corner. Nothing for any other
+    // shape, whatever the sub-pixel bytes say.
+    static std::optional<LoHi> RectangleLoHi(const std::array<QPoint, 4>& corners);
+
     // Attribute values 0, 1, 2 and the captions of the attribute button.
     static QString AttributeCaption(int value);
     // The attribute a loaded row shows: 0, 1 or 2; anything else is opaque.

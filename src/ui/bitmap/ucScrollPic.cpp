@@ -62,6 +62,7 @@ void ucScrollPic::NoPicture()
     m_fileName.clear();
     m_canvas->setImage({});
     m_canvas->clearShapes();
+    m_canvas->clearEditOutline();
     m_hasPicture = false;
     m_pictureWidth = 0;
     m_pictureHeight = 0;
@@ -109,6 +110,16 @@ void ucScrollPic::DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Co
 void ucScrollPic::ClearSelection()
 {
     m_canvas->clearSelection();
+}
+
+void ucScrollPic::DrawEditOutline(const QPolygon& bitmapCorners, const QColor& Color)
+{
+    m_canvas->setEditOutline(bitmapCorners, Color);
+}
+
+void ucScrollPic::ClearEditOutline()
+{
+    m_canvas->clearEditOutline();
 }
 
 void ucScrollPic::ShowArea(int X1, int Y1, int X2, int Y2)

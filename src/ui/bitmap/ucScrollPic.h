@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPolygon>
 #include <QString>
 #include <QWidget>
 
@@ -47,6 +48,11 @@ public:
     // load, zoom or refresh wipes it with the rest.
     void DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Color);
     void ClearSelection();
+    // The outline of the texture being edited, its corners in bitmap pixels
+    // (not zoomed): it follows every zoom and scroll and outlives reloads
+    // and redraws until it is cleared or the picture goes.
+    void DrawEditOutline(const QPolygon& bitmapCorners, const QColor& Color);
+    void ClearEditOutline();
     // Scrolls a rectangle in zoomed picture coordinates into the middle of
     // the view, as far as the picture allows; one already in view stays put.
     void ShowArea(int X1, int Y1, int X2, int Y2);

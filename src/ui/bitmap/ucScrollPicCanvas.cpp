@@ -84,10 +84,42 @@ void ucScrollPicCanvas::clearSelection()
     m_selection = QRect();
 }
 
+void ucScrollPicCanvas::setEditOutline(const QPolygon& bitmapCorners, const QColor& color)
+{
+    if (bitmapCorners == m_editOutline && color == m_editOutlineColor)
+        return;
+    const QRegion before = editOutlineRegion();
+    m_editOutline = bitmapCorners;
+    m_editOutlineColor = color;
+    update(before + editOutlineRegion());
+}
+
+void ucScrollPicCanvas::clearEditOutline()
+{
+    if (m_editOutline.isEmpty())
+        return;
+    update(editOutlineRegion());
+    m_editOutline.clear();
+}
+
+QRegion ucScrollPicCanvas::editOutlineRegion() const
+{
+    QRegion region;
+    const int count = int(m_editOutline.size());
+    for (int i = 0; i < count; ++i) {
+        const QPoint a = m_editOutline[i] * m_zoom;
+        const QPoint b = m_editOutline[(i + 1) % count] * m_zoom;
+        region += Spanning(a, b).adjusted(-1, -1, 1, 1).translated(-m_offset);
+    }
+    return region;
+}
+
 void ucScrollPicCanvas::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    paintView(painter, event->rect());
+    // Only what changed: a drag repaints the strips under the edited outline.
+    for (const QRect& area : event->region())
+        paintView(painter, area);
 }
 
 void ucScrollPicCanvas::paintView(QPainter& painter, const QRect& area) const
@@ -104,6 +136,8 @@ void ucScrollPicCanvas::paintView(QPainter& painter, const QRect& area) const
     paintShapes(painter, visible);
     if (!m_selection.isNull() && visible.intersects(m_selection.adjusted(-1, -1, 1, 1)))
         paintContour(painter, m_selection, m_selectionColor);
+    painter.setClipRect(visible);
+    paintEditOutline(painter);
     painter.restore();
 }
 
@@ -171,6 +205,20 @@ void ucScrollPicCanvas::paintContour(QPainter& painter, const QRect& r, const QC
     painter.fillRect(r.left(), r.bottom(), r.width(), 1, color);
     painter.fillRect(r.left(), r.top(), 1, r.height(), color);
     painter.fillRect(r.right(), r.top(), 1, r.height(), color);
+}
+
+void ucScrollPicCanvas::paintEditOutline(QPainter& painter) const
+{
+    const int count = int(m_editOutline.size());
+    if (count < 2)
+        return;
+    QPolygon zoomed = m_editOutline;
+    for (QPoint& corner : zoomed)
+        corner *= m_zoom;
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(m_editOutlineColor, 0));
+    painter.drawPolygon(zoomed);
 }
 
 const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& color) const

@@ -5,7 +5,9 @@
 #include <QImage>
 #include <QLine>
 #include <QPoint>
+#include <QPolygon>
 #include <QRect>
+#include <QRegion>
 #include <QString>
 #include <QWidget>
 
@@ -54,6 +56,15 @@ public:
     QColor selectionColor() const { return m_selectionColor; }
     const std::vector<Shape>& shapes() const { return m_shapes; }
 
+    // The outline of the texture being edited, its corners in bitmap pixels,
+    // drawn over everything in a colour of its own at whatever zoom and
+    // scroll. It belongs to the edition, not to the drawing: a reload or a
+    // zoom change keeps it, until it is cleared.
+    void setEditOutline(const QPolygon& bitmapCorners, const QColor& color);
+    void clearEditOutline();
+    const QPolygon& editOutline() const { return m_editOutline; }
+    QColor editOutlineColor() const { return m_editOutlineColor; }
+
     // Paints the viewport onto painter (the widget's own paint uses it too).
     void paintView(QPainter& painter, const QRect& area) const;
 
@@ -75,6 +86,9 @@ private:
     void paintBitmap(QPainter& painter, const QRect& visible) const;
     void paintShapes(QPainter& painter, const QRect& visible) const;
     static void paintContour(QPainter& painter, const QRect& rectangle, const QColor& color);
+    void paintEditOutline(QPainter& painter) const;
+    // The viewport pixels the edit outline covers: a thin strip per side.
+    QRegion editOutlineRegion() const;
     // Shapes are filed by the horizontal bands of the picture they cross, so
     // a paint looks only at those near the visible part.
     static constexpr int BandHeight = 256;
@@ -87,6 +101,8 @@ private:
     std::vector<std::vector<int>> m_bands;
     QRect m_selection;
     QColor m_selectionColor;
+    QPolygon m_editOutline;
+    QColor m_editOutlineColor;
     // Labels are numbers that repeat at every redraw: each is laid out once.
     const QImage& labelImage(const QString& text, const QColor& color) const;
     mutable QHash<QString, QImage> m_labels;

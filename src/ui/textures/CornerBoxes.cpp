@@ -81,7 +81,12 @@ void CornerBoxes::LockCornerBoxes(bool openLoHi, bool triangle)
         EditBoxLook::Lock(*row.x);
         EditBoxLook::Lock(*row.y);
     }
-    if (openLoHi) {
+    if (openLoHi && m_free) {
+        for (int i = 0; i < (triangle ? 3 : 4); ++i) {
+            EditBoxLook::Unlock(*m_rows[size_t(i)].x);
+            EditBoxLook::Unlock(*m_rows[size_t(i)].y);
+        }
+    } else if (openLoHi) {
         for (int i : {FindLoCorner(), FindHiCorner()}) {
             if (i < 0)
                 continue;
@@ -141,9 +146,24 @@ void CornerBoxes::Clear()
     }
 }
 
+std::optional<QPoint> CornerBoxes::Corner(int i) const
+{
+    const Row& row = m_rows[size_t(i)];
+    if (row.x->text().isEmpty() || row.y->text().isEmpty())
+        return std::nullopt;
+    // The boxes hold at most three digits, or what a loaded row held.
+    return QPoint(row.x->text().toInt(), row.y->text().toInt());
+}
+
+void CornerBoxes::SetCorner(int i, QPoint at)
+{
+    m_rows[size_t(i)].x->setText(QString::number(at.x()));
+    m_rows[size_t(i)].y->setText(QString::number(at.y()));
+}
+
 void CornerBoxes::Follow(int changedRow, bool isX)
 {
-    if (m_held)
+    if (m_held || m_free)
         return;
     const int lo = FindLoCorner();
     const int hi = FindHiCorner();

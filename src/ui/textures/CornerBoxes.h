@@ -3,9 +3,11 @@
 #include "list/TextureGeometry.h"
 
 #include <QObject>
+#include <QPoint>
 #include <QStringList>
 
 #include <array>
+#include <optional>
 
 class QLineEdit;
 
@@ -52,8 +54,15 @@ public:
     int FindHiCorner() const;
 
     // Locks the eight X and Y boxes; with openLoHi the Lo and Hi rows are
-    // then opened for typing; a triangle's fourth row is shown unused.
+    // then opened for typing (with free corners, every row in use); a
+    // triangle's fourth row is shown unused.
     void LockCornerBoxes(bool openLoHi, bool triangle);
+    // Free corners are typed one by one: no row follows another.
+    void SetFreeCorners(bool free) { m_free = free; }
+    bool FreeCorners() const { return m_free; }
+    // Row i's X and Y as numbers; nothing while either box is empty.
+    std::optional<QPoint> Corner(int i) const;
+    void SetCorner(int i, QPoint at);
     // The fourth row in use (a quad) or not (a triangle).
     void ShowFourthCornerInUse(bool inUse);
 
@@ -71,4 +80,5 @@ private:
 
     std::array<Row, 4> m_rows;
     bool m_held = false;
+    bool m_free = false;
 };

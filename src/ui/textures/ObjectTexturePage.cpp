@@ -2,13 +2,18 @@
 
 #include "ui/common/ButtonCaption.h"
 #include "ui/textures/CornerBoxes.h"
+#include "ui/textures/TextureDrag.h"
+#include "ui/bitmap/ucScrollPic.h"
 #include "ui/common/DrawChecklist.h"
 #include "ui/common/EditBoxLook.h"
 #include "ui/common/EditorState.h"
 #include "common/NumberText.h"
 #include "list/ObjectTextureRow.h"
 #include "list/RowKeyNumber.h"
+#include "list/SubPixelConvention.h"
 #include "ui_ObjectTexturePage.h"
+
+#include <QCheckBox>
 
 #include <vector>
 
@@ -20,6 +25,8 @@ const QString Accept = QStringLiteral("Accept");
 const QString MakeTriad = QStringLiteral("Make Triad");
 const QString MakeQuad = QStringLiteral("Make Quad");
 constexpr QChar KeyPrefix = QLatin1Char('T');
+const QColor EditColor(255, 0, 255);
+const QColor EditColorBesideMagenta(0, 255, 255);
 
 // A box's number as the stored texture takes it: its leading integer, 0
 // for an empty box or one that holds no number.
@@ -48,6 +55,7 @@ ObjectTexturePage::ObjectTexturePage(EditorState& state, QWidget* parent)
         {u.txtCorner_3, u.txtX_3, u.txtY_3, u.txtHiLo_3},
     }});
     ConnectControls();
+    ConnectDrag();
 }
 
 ObjectTexturePage::~ObjectTexturePage() = default;
@@ -70,6 +78,16 @@ void ObjectTexturePage::ConnectControls()
     connect(u.lsvTextures, &ListView::ItemClick, this, &ObjectTexturePage::lsvTextures_ItemClick);
     // A tile typed by the user is an edit of the list.
     connect(u.txtTileNo, &QLineEdit::textEdited, this, [this] { m_state.MarkDirty(); });
+    connect(u.chkFreeCorners, &QCheckBox::clicked, this, &ObjectTexturePage::chkFreeCorners_Click);
+    for (int i = 0; i < 4; ++i) {
+        for (QLineEdit* box : {Corners().row(i).x, Corners().row(i).y})
+            connect(box, &QLineEdit::textChanged, this, &ObjectTexturePage::ShowEditOutline);
+    }
+}
+
+bool ObjectTexturePage::IsEditingFrame() const
+{
+    return ButtonCaption::Is(*m_ui->cmdAdd, Accept) || ButtonCaption::Is(*m_ui->cmdEdit, Accept);
 }
 
 // --- The page's life with the window ---
@@ -140,6 +158,7 @@ void ObjectTexturePage::BeginAdding()
     ResetTextureEdition(false);
     ClearTextureEdition();
     ShowAttribute(0);
+    m_attributeChosen = false;
     m_ui->txtTileNo->clear();
     EnableTileBox(true);
     {
@@ -149,20 +168,23 @@ void ObjectTexturePage::BeginAdding()
     m_flips = {};
     SetCornerLabels();
     ShowSides(4);
+    SetFreeCorners(false);
     SetFlipCaptions();
-    LockCornerBoxes(true);
     for (QPushButton* button : {m_ui->cmdSides, m_ui->cmdAttrib, m_ui->cmdFlipHor, m_ui->cmdFlipVert})
         button->setEnabled(true);
     m_ui->cmdAdd->setText(Accept);
+    LockCornerBoxes(true);
+    EnableFreeCorners(true);    ShowEditOutline();
 }
 
 void ObjectTexturePage::AcceptAdding()
 {
-    const bool stored = StoreEditedTexture(QString());
+    // What cannot be stored stays in the frame to be put right.
+    if (!StoreEditedTexture(QString()))
+        return;
     m_ui->cmdAdd->setText(Add);
     ShowViewing();
-    if (stored)
-        m_state.MarkDirty();
+    m_state.MarkDirty();
 }
 
 void ObjectTexturePage::ShowTextureNumber()
@@ -184,6 +206,8 @@ void ObjectTexturePage::cmdEdit_Click()
         m_ui->cmdEdit->setText(Accept);
         EnableFlips(true);
         LockCornerBoxes(true);
+        EnableFreeCorners(true);
+        ShowEditOutline();
         return;
     }
     AcceptEditing();
@@ -191,14 +215,18 @@ void ObjectTexturePage::cmdEdit_Click()
 
 void ObjectTexturePage::AcceptEditing()
 {
-    m_ui->cmdEdit->setText(Edit);
     const ListViewModel& textures = m_state.views.lsvTextures;
     const QString key = textures.key(textures.selectedRow());
     bool stored = false;
-    if (key.isEmpty())
+    if (key.isEmpty()) {
         m_state.ShowStatus(tr("Nothing was stored: no texture of the list is selected."));
-    else
+    } else {
         stored = StoreEditedTexture(key);
+        // What cannot be stored stays in the frame to be put right.
+        if (!stored)
+            return;
+    }
+    m_ui->cmdEdit->setText(Edit);
     ShowViewing();
     ClearTextureEdition();
     if (stored)
@@ -230,6 +258,8 @@ void ObjectTexturePage::ShowViewing()
     LockCornerBoxes(false);
     EnableTileBox(false);
     EnableFlips(false);
+    EnableFreeCorners(false);
+    ShowEditOutline();
 }
 
 void ObjectTexturePage::ResetTextureEdition(bool enabled)
@@ -264,40 +294,75 @@ void ObjectTexturePage::EnableTileBox(bool enabled)
 
 bool ObjectTexturePage::StoreEditedTexture(const QString& key)
 {
-    const int lo = Corners().FindLoCorner();
-    const int hi = Corners().FindHiCorner();
-    if (lo < 0 || hi < 0) {
-        m_state.ShowStatus(tr("Nothing was stored: no corner is marked Lo and Hi. A texture read from a level whose "
-                              "sub-pixel bytes are not 1 and 255 has no such corners; press Add to enter it anew."));
+    ListViewModel& textures = m_state.views.lsvTextures;
+    std::optional<ObjectTextureRow> original;
+    if (!key.isEmpty()) {
+        const int at = textures.findKey(key);
+        if (at < 0) {
+            m_state.ShowStatus(tr("Nothing was stored: the texture %1 is no longer in the list.").arg(key));
+            return false;
+        }
+        original = ObjectTextureRow::Read(textures, at);
+    }
+    // A changed corner takes the bytes its row uses; a new row, those most
+    // rows of the list use.
+    std::optional<SubPixelConvention> convention;
+    if (original)
+        convention = SubPixelConvention::Of(*original);
+    if (!convention)
+        convention = SubPixelConvention::MostUsed(textures);
+
+    const EditedTexture::Stored stored = EditedTexture::Build(ReadFrame(), original, *convention);
+    if (!stored.ok) {
+        m_state.ShowStatus(stored.why);
+        FocusCorner(stored.badRow);
         return false;
     }
-    const TextureGeometry::TilePlace place =
-        TextureGeometry::HoldInOneTile(BoxValue(m_ui->txtTileNo), BoxValue(Corners().row(lo).y),
-                                       BoxValue(Corners().row(hi).y));
-    const int xlo = BoxValue(Corners().row(lo).x);
-    const int xhi = BoxValue(Corners().row(hi).x);
-
     const int row = StoreRow(key);
     if (row < 0)
         return false;
+    WriteTextureCells(row, TextureCells(stored, m_attribute, m_sides));
+    ReportStored(textures.text(row), stored, original);
+    return true;
+}
 
-    const std::array<QPoint, 4> corners = TextureGeometry::StoredCorners(lo, xlo, place.ylo, xhi, place.yhi);
-    const std::array<QPoint, 4> bytes = TextureGeometry::SubPixelBytes(lo);
-    ListViewModel& textures = m_state.views.lsvTextures;
-    textures.setSubItem(row, ObjectTextureRow::TileColumn, QString::number(place.tile));
-    textures.setSubItem(row, ObjectTextureRow::TransColumn, QString::number(m_attribute));
+EditedTexture::Frame ObjectTexturePage::ReadFrame() const
+{
+    EditedTexture::Frame frame;
+    frame.tile = BoxValue(m_ui->txtTileNo);
+    frame.sides = m_sides;
+    frame.freeCorners = Corners().FreeCorners();
+    frame.loRow = Corners().FindLoCorner();
+    frame.hiRow = Corners().FindHiCorner();
+    for (int i = 0; i < 4; ++i)
+        frame.boxes[size_t(i)] = QPoint(BoxValue(Corners().row(i).x), BoxValue(Corners().row(i).y));
+    return frame;
+}
+
+QStringList ObjectTexturePage::TextureCells(const EditedTexture::Stored& stored, int attribute, int sides)
+{
+    QStringList cells(ObjectTextureRow::ColumnCount);
+    auto set = [&cells](int column, int value) { cells[column - 1] = QString::number(value); };
+    set(ObjectTextureRow::TileColumn, stored.tile);
+    set(ObjectTextureRow::TransColumn, attribute);
     for (int i = 0; i < 4; ++i) {
         // A triangle has no fourth corner: zeros, whatever the boxes hold.
-        const bool unused = i == 3 && m_sides != 4;
-        const QPoint corner = unused ? QPoint() : corners[size_t(i)];
-        const QPoint byte = unused ? QPoint() : bytes[size_t(i)];
-        textures.setSubItem(row, ObjectTextureRow::XColumn(i), QString::number(corner.x()));
-        textures.setSubItem(row, ObjectTextureRow::YColumn(i), QString::number(corner.y()));
-        textures.setSubItem(row, ObjectTextureRow::XHiColumn(i), QString::number(byte.x()));
-        textures.setSubItem(row, ObjectTextureRow::YHiColumn(i), QString::number(byte.y()));
+        const bool unused = i == 3 && sides != 4;
+        const QPoint corner = unused ? QPoint() : stored.corners[size_t(i)];
+        const QPoint byte = unused ? QPoint() : stored.bytes[size_t(i)];
+        set(ObjectTextureRow::XColumn(i), corner.x());
+        set(ObjectTextureRow::YColumn(i), corner.y());
+        set(ObjectTextureRow::XHiColumn(i), byte.x());
+        set(ObjectTextureRow::YHiColumn(i), byte.y());
     }
-    WarnOfBytesOutOfRange(textures.text(row), {xlo, xhi, place.ylo, place.yhi});
-    return true;
+    return cells;
+}
+
+void ObjectTexturePage::WriteTextureCells(int row, const QStringList& cells)
+{
+    ListViewModel& textures = m_state.views.lsvTextures;
+    for (int column = 1; column <= cells.size(); ++column)
+        textures.setSubItem(row, column, cells[column - 1]);
 }
 
 int ObjectTexturePage::StoreRow(const QString& key)
@@ -320,17 +385,51 @@ int ObjectTexturePage::StoreRow(const QString& key)
     return row;
 }
 
-void ObjectTexturePage::WarnOfBytesOutOfRange(const QString& number, const QList<int>& values)
+void ObjectTexturePage::ReportStored(const QString& number, const EditedTexture::Stored& stored,
+                                     const std::optional<ObjectTextureRow>& original)
 {
-    for (int value : values) {
-        if (value < 0 || value > 255) {
-            m_state.ShowStatus(tr("Texture %1 was stored with the coordinate %2: a list file keeps 0 to 255 "
-                                  "within a tile, so it will not read back as typed.")
-                                   .arg(number)
-                                   .arg(value));
-            return;
+    // What a kept rule stored that the user did not type, and the way back.
+    int top = stored.corners[0].y();
+    for (int i = 1; i < (m_sides == 4 ? 4 : 3); ++i)
+        top = qMin(top, stored.corners[size_t(i)].y());
+    const bool attributeFromX1 = original && !m_attributeChosen && original->trans != m_attribute;
+    if (stored.keptBelowTileTop) {
+        m_state.ShowStatus(tr("Texture %1 stored at Y %2 of tile %3, not Y %4: a top Y of 256 keeps the tile "
+                              "named. To store Y %4, Edit and type %4 as its top Y.")
+                               .arg(number)
+                               .arg(top)
+                               .arg(stored.tile)
+                               .arg(top - TextureGeometry::TileSize));
+        return;
+    }
+    if (attributeFromX1) {
+        m_state.ShowStatus(tr("Texture %1 stored as %2, read from X1 (Trans was %3): Edit and press %2 to choose "
+                              "another.")
+                               .arg(number, TextureGeometry::AttributeCaption(m_attribute))
+                               .arg(original->trans));
+        return;
+    }
+    for (int i = 0; i < (m_sides == 4 ? 4 : 3); ++i) {
+        const QPoint corner = stored.corners[size_t(i)];
+        for (int value : {corner.x(), corner.y()}) {
+            if (value > 255) {
+                m_state.ShowStatus(tr("Texture %1 stored with the coordinate %2: a list file keeps 0 to 255 "
+                                      "within a tile, so it will not read back as typed.")
+                                       .arg(number)
+                                       .arg(value));
+                return;
+            }
         }
     }
+}
+
+void ObjectTexturePage::FocusCorner(int row)
+{
+    if (row < 0 || row > 3)
+        return;
+    QLineEdit* box = Corners().row(row).x;
+    box->setFocus();
+    box->selectAll();
 }
 
 // --- Loading a row ---
@@ -355,6 +454,7 @@ void ObjectTexturePage::LoadTextureRow(int row)
     // The attribute comes from "X1", not "Trans": Edit then Accept keeps
     // what the row held as X1 unless the attribute button is pressed.
     ShowAttribute(TextureGeometry::KnownAttribute(texture.firstX));
+    m_attributeChosen = false;
 
     QStringList markers;
     for (int i = 0; i < 4; ++i) {
@@ -369,6 +469,13 @@ void ObjectTexturePage::LoadTextureRow(int row)
         Corners().row(3).y->clear();
     }
     Corners().SetMarkers(markers);
+    // A rectangle is known by its corners, whatever bytes its tool wrote;
+    // anything else is edited corner by corner.
+    const std::optional<TextureGeometry::LoHi> rectangle =
+        sides == 4 ? TextureGeometry::RectangleLoHi(texture.corners) : std::nullopt;
+    if (rectangle && (Corners().FindLoCorner() != rectangle->lo || Corners().FindHiCorner() != rectangle->hi))
+        TakeRectangleMarkers(*rectangle);
+    SetFreeCorners(!rectangle);
     SetFlipState(Corners().FindLoCorner());
     CompleteFourthCorner();
     SetCornerLabels();
@@ -378,11 +485,9 @@ void ObjectTexturePage::LoadTextureRow(int row)
     ShowSides(sides);
     LockCornerBoxes(false);
     EnableFlips(false);
+    EnableFreeCorners(false);
     m_ui->cmdDel->setEnabled(true);
-    if (Corners().FindLoCorner() < 0 || Corners().FindHiCorner() < 0)
-        m_state.ShowStatus(tr("Texture %1 has no corner with both sub-pixel bytes 1 (Lo) and one with both 255 (Hi): "
-                              "Edit then Accept would store nothing.")
-                               .arg(m_state.views.lsvTextures.text(row)));
+    ShowEditOutline();
 }
 
 void ObjectTexturePage::ShowAttribute(int value)
@@ -423,23 +528,91 @@ void ObjectTexturePage::LockCornerBoxes(bool openLoHi)
     Corners().LockCornerBoxes(openLoHi, m_sides == 3);
 }
 
+// --- Free corners ---
+
+void ObjectTexturePage::SetFreeCorners(bool free)
+{
+    Corners().SetFreeCorners(free);
+    m_ui->chkFreeCorners->setChecked(free);
+}
+
+void ObjectTexturePage::EnableFreeCorners(bool editing)
+{
+    // A triangle has nothing but free corners.
+    m_ui->chkFreeCorners->setEnabled(editing && m_sides == 4);
+}
+
+void ObjectTexturePage::chkFreeCorners_Click(bool checked)
+{
+    if (checked) {
+        SetFreeCorners(true);
+        LockCornerBoxes(IsEditingFrame());
+        return;
+    }
+    const std::optional<TextureGeometry::LoHi> rectangle = BoxesFormRectangle();
+    if (!rectangle) {
+        SetFreeCorners(true);
+        m_state.ShowStatus(tr("Free corners stay on: the four corners do not form a rectangle, which takes two X "
+                              "and two Y values, one corner at each pair, Lo and Hi across."));
+        return;
+    }
+    {
+        CornerBoxes::Hold hold(Corners());
+        TakeRectangleMarkers(*rectangle);
+    }
+    SetFreeCorners(false);
+    SetFlipState(rectangle->lo);
+    SetCornerLabels();
+    SetFlipCaptions();
+    LockCornerBoxes(IsEditingFrame());
+}
+
+std::optional<TextureGeometry::LoHi> ObjectTexturePage::BoxesFormRectangle() const
+{
+    if (m_sides != 4)
+        return std::nullopt;
+    std::array<QPoint, 4> corners;
+    for (int i = 0; i < 4; ++i) {
+        const std::optional<QPoint> corner = Corners().Corner(i);
+        if (!corner)
+            return std::nullopt;
+        corners[size_t(i)] = *corner;
+    }
+    return TextureGeometry::RectangleLoHi(corners);
+}
+
+void ObjectTexturePage::TakeRectangleMarkers(TextureGeometry::LoHi loHi)
+{
+    QStringList markers(4);
+    markers[loHi.lo] = QStringLiteral("Lo");
+    markers[loHi.hi] = QStringLiteral("Hi");
+    Corners().SetMarkers(markers);
+}
+
 // --- Attribute, sides and flips ---
 
 void ObjectTexturePage::cmdAttrib_Click()
 {
-    if (const std::optional<int> next = TextureGeometry::NextAttribute(m_state.ListVersion, m_ui->cmdAttrib->text()))
+    if (const std::optional<int> next = TextureGeometry::NextAttribute(m_state.ListVersion, m_ui->cmdAttrib->text())) {
         ShowAttribute(*next);
+        m_attributeChosen = true;
+    }
 }
 
 void ObjectTexturePage::cmdSides_Click()
 {
     if (ButtonCaption::Is(*m_ui->cmdSides, MakeTriad)) {
         ShowSides(3);
-        Corners().ShowFourthCornerInUse(false);
+        // A triangle's three corners are typed one by one.
+        SetFreeCorners(true);
+        LockCornerBoxes(IsEditingFrame());
     } else if (ButtonCaption::Is(*m_ui->cmdSides, MakeQuad)) {
         ShowSides(4);
         Corners().ShowFourthCornerInUse(true);
+        LockCornerBoxes(IsEditingFrame());
     }
+    EnableFreeCorners(IsEditingFrame());
+    ShowEditOutline();
 }
 
 void ObjectTexturePage::cmdFlipHor_Click()
@@ -468,6 +641,7 @@ void ObjectTexturePage::Flip(bool horizontal)
     SetCornerLabels();
     SetFlipCaptions();
     LockCornerBoxes(true);
+    ShowEditOutline();
 }
 
 // --- Drawing ---
@@ -513,4 +687,82 @@ bool ObjectTexturePage::SetCornersFromSelection(int x1, int y1, int x2, int y2)
         Corners().row(2).y->setText(QString::number(qMax(y1, y2)));
     }
     return x1 != x2 && y1 != y2;
+}
+
+// --- The edited texture on the bitmap ---
+
+QColor ObjectTexturePage::EditOutlineColor() const
+{
+    return m_state.OutlineColor == EditColor ? EditColorBesideMagenta : EditColor;
+}
+
+void ObjectTexturePage::ConnectDrag()
+{
+    ucScrollPic* view = m_state.picture();
+    if (!view)
+        return;
+    m_drag = new TextureDrag(*view, this);
+    // The drag is this page's only while the user sees it adding or editing;
+    // otherwise the bitmap's clicks go where they always went.
+    m_drag->isEditing = [this] { return isVisible() && IsEditingFrame(); };
+    m_drag->hasFreeCorners = [this] { return Corners().FreeCorners(); };
+    m_drag->corners = [this] { return EditedCorners(); };
+    connect(m_drag, &TextureDrag::rectangleDragged, this, &ObjectTexturePage::DragRectangle);
+    connect(m_drag, &TextureDrag::cornerDragged, this, &ObjectTexturePage::DragCorner);
+    connect(m_drag, &TextureDrag::pressedAwayFromCorners, this, [this] {
+        m_state.ShowStatus(tr("Free corners: press on a corner of the outline to move it, or untick Free corners "
+                              "to draw a rectangle."));
+    });
+}
+
+void ObjectTexturePage::DragRectangle(int tile, QPoint lo, QPoint hi)
+{
+    int loRow = Corners().FindLoCorner();
+    int hiRow = Corners().FindHiCorner();
+    if (loRow < 0 || hiRow < 0 || (loRow + 2) % 4 != hiRow) {
+        CornerBoxes::Hold hold(Corners());
+        TakeRectangleMarkers({0, 2});
+        m_flips = {};
+        SetCornerLabels();
+        SetFlipCaptions();
+        LockCornerBoxes(true);
+        loRow = 0;
+        hiRow = 2;
+    }
+    m_ui->txtTileNo->setText(QString::number(tile));
+    // The rectangle sync fills the two other corners.
+    Corners().SetCorner(loRow, lo);
+    Corners().SetCorner(hiRow, hi);
+}
+
+void ObjectTexturePage::DragCorner(int row, QPoint at)
+{
+    // A corner stays in the tile the texture lies in.
+    const int top = qMax(0, BoxValue(m_ui->txtTileNo)) * TextureGeometry::TileSize;
+    Corners().SetCorner(row, QPoint(qBound(0, at.x(), TextureGeometry::TileSize),
+                                    qBound(top, at.y(), top + TextureGeometry::TileSize)));
+}
+
+QList<QPoint> ObjectTexturePage::EditedCorners() const
+{
+    QList<QPoint> corners;
+    for (int i = 0; i < (m_sides == 4 ? 4 : 3); ++i) {
+        const std::optional<QPoint> corner = Corners().Corner(i);
+        if (!corner)
+            return {};
+        corners << *corner;
+    }
+    return corners;
+}
+
+void ObjectTexturePage::ShowEditOutline()
+{
+    ucScrollPic* view = m_state.picture();
+    if (!view)
+        return;
+    const QList<QPoint> corners = IsEditingFrame() ? EditedCorners() : QList<QPoint>();
+    if (corners.isEmpty())
+        view->ClearEditOutline();
+    else
+        view->DrawEditOutline(QPolygon(corners), EditOutlineColor());
 }

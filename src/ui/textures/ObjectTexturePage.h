@@ -1,12 +1,18 @@
 #pragma once
 
 #include "ui/common/EditorPage.h"
+#include "list/EditedTexture.h"
 #include "list/TextureGeometry.h"
 
+#include <QColor>
+#include <QPolygon>
+
 #include <memory>
+#include <optional>
 
 class CornerBoxes;
 class DrawChecklist;
+class TextureDrag;
 namespace Ui {
 class ObjectTexturePage;
 }
@@ -16,7 +22,11 @@ class ObjectTexturePage;
 // is added or changed by typing the two diagonal corners of its rectangle.
 // The frame is viewing (Add and Edit, corners locked), adding (Add reads
 // "Accept") or editing (Edit reads "Accept"); Accept stores the frame into
-// the complete list and returns to viewing.
+// the complete list and returns to viewing, or says in the status bar why
+// it cannot and stays. A rectangle is typed by its Lo and Hi corners or
+// dragged on the bitmap; a triangle, or any quad with free corners, is typed
+// corner by corner, or its corners dragged one by one. While adding or
+// editing, the texture is outlined on the bitmap in a colour of its own.
 class ObjectTexturePage : public EditorPage
 {
     Q_OBJECT
@@ -44,6 +54,11 @@ public:
     // open for typing. A triangle's fourth corner is shown unused.
     void LockCornerBoxes(bool openLoHi);
 
+    // Adding or editing: Add or Edit reads "Accept".
+    bool IsEditingFrame() const;
+    // The colour the edited texture is outlined in: never the outline colour.
+    QColor EditOutlineColor() const;
+
     int Sides() const { return m_sides; }
     int Attribute() const { return m_attribute; }
     TextureGeometry::Flips Flips() const { return m_flips; }
@@ -64,6 +79,7 @@ private:
     void cmdFlipVert_Click();
     void cmdDraw_Click();
     void lsvTextures_ItemClick(int row);
+    void chkFreeCorners_Click(bool checked);
 
     void BeginAdding();
     void AcceptAdding();
@@ -74,8 +90,13 @@ private:
     // The frame's texture written into the complete list: a new row for an
     // empty key, else the row with that key. False when nothing was stored.
     bool StoreEditedTexture(const QString& key);
+    EditedTexture::Frame ReadFrame() const;
     int StoreRow(const QString& key);
-    void WarnOfBytesOutOfRange(const QString& number, const QList<int>& values);
+    static QStringList TextureCells(const EditedTexture::Stored& stored, int attribute, int sides);
+    void WriteTextureCells(int row, const QStringList& cells);
+    void ReportStored(const QString& number, const EditedTexture::Stored& stored,
+                      const std::optional<ObjectTextureRow>& original);
+    void FocusCorner(int row);
 
     void LoadTextureRow(int row);
     void ShowAttribute(int value);
@@ -91,10 +112,24 @@ private:
     void Flip(bool horizontal);
     bool SetCornersFromSelection(int x1, int y1, int x2, int y2);
 
+    void SetFreeCorners(bool free);
+    void EnableFreeCorners(bool editing);
+    std::optional<TextureGeometry::LoHi> BoxesFormRectangle() const;
+    void TakeRectangleMarkers(TextureGeometry::LoHi loHi);
+
+    void ConnectDrag();
+    void DragRectangle(int tile, QPoint lo, QPoint hi);
+    void DragCorner(int row, QPoint at);
+    QList<QPoint> EditedCorners() const;
+    void ShowEditOutline();
+
     std::unique_ptr<Ui::ObjectTexturePage> m_ui;
     std::unique_ptr<CornerBoxes> m_corners;
     DrawChecklist* m_checklist = nullptr;
+    TextureDrag* m_drag = nullptr;
     int m_sides = 4;
     int m_attribute = 0;
+    // The attribute button was pressed since the row was loaded.
+    bool m_attributeChosen = false;
     TextureGeometry::Flips m_flips;
 };

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "list/ObjectTextureRow.h"
+#include "list/SubPixelConvention.h"
+
+#include <QPoint>
+#include <QString>
+
+#include <array>
+#include <optional>
+
+// The texture of the edition frame turned into what the complete list
+// stores: the tile, the four corners within the tile and their sub-pixel
+// bytes. A rectangle is built from its Lo and Hi corners; free corners (any
+// triangle, any quad that is no rectangle) are taken as they stand. Either
+// way the texture is held to one tile as a rectangle always was: at most 256
+// pixels high, and moved into the tile its top lies in when that is below
+// the first tile (a top at exactly 256 stays in the tile the frame names).
+//
+// Sub-pixel bytes: a corner whose coordinate is what the row held keeps the
+// row's byte, so Edit then Accept with no change writes the row back as it
+// was; a changed coordinate takes the convention's byte for its edge.
+class EditedTexture
+{
+public:
+    struct Frame
+    {
+        int tile = 0;
+        int sides = 4;
+        bool freeCorners = false;
+        int loRow = -1; // rows marked Lo and Hi, -1 for none
+        int hiRow = -1;
+        std::array<QPoint, 4> boxes{}; // each row's X and whole-bitmap Y
+    };
+
+    struct Stored
+    {
+        bool ok = false;
+        QString why;     // when nothing can be stored: what and why, one line
+        int badRow = -1; // the row whose boxes are at fault, -1 for none
+        int tile = 0;
+        std::array<QPoint, 4> corners{};
+        std::array<QPoint, 4> bytes{};
+        // The top stayed at Y 256 of the tile the frame named, not moved down
+        // into the next tile.
+        bool keptBelowTileTop = false;
+    };
+
+    // original is the row being edited, nothing for a new one.
+    static Stored Build(const Frame& frame, const std::optional<ObjectTextureRow>& original,
+                        const SubPixelConvention& convention);
+
+private:
+    static Stored PlaceRectangle(const Frame& frame);
+    static Stored PlaceFreeCorners(const Frame& frame);
+    static QString ShapeFault(const Stored& stored, int used, bool rectangle, int* badRow);
+    static void TakeBytes(Stored& stored, const std::array<bool, 8>& highEdges, int used,
+                          const std::optional<ObjectTextureRow>& original, const SubPixelConvention& convention);
+};
