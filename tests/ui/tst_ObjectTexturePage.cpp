@@ -1,12 +1,14 @@
 #include "uisupport/EditorFixture.h"
 #include "ui/common/EditorState.h"
 #include "level/LevelVersion.h"
+#include "list/TextureGeometry.h"
 #include "ui/common/ListView.h"
 #include "uisupport/UserActions.h"
 #include "ui/main/frmMain.h"
 #include "ui/bitmap/ucScrollPic.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
@@ -138,6 +140,7 @@ void tst_ObjectTexturePage::loadingARow_data()
     QTest::addColumn<Cells>("markers");
     QTest::addColumn<Cells>("labels");
     QTest::addColumn<QString>("flipHor");
+    QTest::addColumn<bool>("free"); // corners typed one by one
 
     const QList<QPoint> square{{10, 20}, {50, 20}, {50, 60}, {10, 60}};
     const QList<QPoint> loFirst{{1, 1}, {255, 1}, {255, 255}, {1, 255}};
@@ -145,39 +148,56 @@ void tst_ObjectTexturePage::loadingARow_data()
     QTest::newRow("trans 1, X1 0: opaque")
         << Row(0, 1, {{0, 20}, {50, 20}, {50, 60}, {0, 60}}, loFirst) << "Is Opaque" << "Make Triad"
         << Cells{"0", "50", "50", "0"} << Cells{"20", "20", "60", "60"} << Cells{"Lo", "", "Hi", ""}
-        << Cells{"1", "2", "3", "4"} << "Flip Horiz.";
+        << Cells{"1", "2", "3", "4"} << "Flip Horiz." << false;
     QTest::newRow("X1 1: transparent") << Row(0, 0, {{1, 20}, {50, 20}, {50, 60}, {1, 60}}, loFirst)
                                        << "Is Transparent" << "Make Triad" << Cells{"1", "50", "50", "1"}
                                        << Cells{"20", "20", "60", "60"} << Cells{"Lo", "", "Hi", ""}
-                                       << Cells{"1", "2", "3", "4"} << "Flip Horiz.";
+                                       << Cells{"1", "2", "3", "4"} << "Flip Horiz." << false;
     QTest::newRow("X1 2: equal") << Row(0, 1, {{2, 20}, {50, 20}, {50, 60}, {2, 60}}, loFirst) << "Is Equal"
                                  << "Make Triad" << Cells{"2", "50", "50", "2"} << Cells{"20", "20", "60", "60"}
-                                 << Cells{"Lo", "", "Hi", ""} << Cells{"1", "2", "3", "4"} << "Flip Horiz.";
+                                 << Cells{"Lo", "", "Hi", ""} << Cells{"1", "2", "3", "4"} << "Flip Horiz." << false;
     QTest::newRow("X1 7 is no attribute") << Row(0, 2, {{7, 20}, {50, 20}, {50, 60}, {7, 60}}, loFirst)
                                           << "Is Opaque" << "Make Triad" << Cells{"7", "50", "50", "7"}
                                           << Cells{"20", "20", "60", "60"} << Cells{"Lo", "", "Hi", ""}
-                                          << Cells{"1", "2", "3", "4"} << "Flip Horiz.";
+                                          << Cells{"1", "2", "3", "4"} << "Flip Horiz." << false;
     // Y in the boxes is whole-bitmap: the tile's offset is added.
     QTest::newRow("tile 2") << Row(2, 0, square, loFirst) << "Is Opaque" << "Make Triad"
                             << Cells{"10", "50", "50", "10"} << Cells{"532", "532", "572", "572"}
-                            << Cells{"Lo", "", "Hi", ""} << Cells{"1", "2", "3", "4"} << "Flip Horiz.";
+                            << Cells{"Lo", "", "Hi", ""} << Cells{"1", "2", "3", "4"} << "Flip Horiz." << false;
     QTest::newRow("Lo on corner 2: flipped across")
         << Row(0, 0, {{50, 20}, {10, 20}, {10, 60}, {50, 60}}, {{255, 1}, {1, 1}, {1, 255}, {255, 255}}) << "Is Opaque"
         << "Make Triad" << Cells{"50", "10", "10", "50"} << Cells{"20", "20", "60", "60"} << Cells{"", "Lo", "", "Hi"}
-        << Cells{"2", "1", "4", "3"} << "Un-flip Horiz.";
+        << Cells{"2", "1", "4", "3"} << "Un-flip Horiz." << false;
     QTest::newRow("Lo on corner 3: flipped both ways")
         << Row(0, 0, {{50, 60}, {10, 60}, {10, 20}, {50, 20}}, {{255, 255}, {1, 255}, {1, 1}, {255, 1}})
         << "Is Opaque" << "Make Triad" << Cells{"50", "10", "10", "50"} << Cells{"60", "60", "20", "20"}
-        << Cells{"Hi", "", "Lo", ""} << Cells{"3", "4", "1", "2"} << "Un-flip Horiz.";
+        << Cells{"Hi", "", "Lo", ""} << Cells{"3", "4", "1", "2"} << "Un-flip Horiz." << false;
     // A triangle's fourth corner is filled from corners 1 and 3.
     QTest::newRow("triangle") << Row(0, 0, {{10, 20}, {50, 20}, {50, 60}, {0, 0}}, {{1, 1}, {255, 1}, {255, 255}, {0, 0}})
                               << "Is Opaque" << "Make Quad" << Cells{"10", "50", "50", "10"}
                               << Cells{"20", "20", "60", "60"} << Cells{"Lo", "", "Hi", ""}
-                              << Cells{"1", "2", "3", "4"} << "Flip Horiz.";
-    QTest::newRow("bytes of a level: no markers")
-        << Row(0, 0, square, {{0, 0}, {128, 0}, {128, 128}, {0, 128}}) << "Is Opaque" << "Make Triad"
-        << Cells{"10", "50", "50", "10"} << Cells{"20", "20", "60", "60"} << Cells{"", "", "", ""}
-        << Cells{"1", "2", "3", "4"} << "Flip Horiz.";
+                              << Cells{"1", "2", "3", "4"} << "Flip Horiz." << true;
+    // Tools that wrote levels left other sub-pixel bytes: the corners tell Lo and Hi.
+    QTest::newRow("all bytes 0") << Row(0, 0, square, QList<QPoint>(4))
+                                 << "Is Opaque" << "Make Triad" << Cells{"10", "50", "50", "10"}
+                                 << Cells{"20", "20", "60", "60"} << Cells{"Lo", "", "Hi", ""}
+                                 << Cells{"1", "2", "3", "4"} << "Flip Horiz." << false;
+    QTest::newRow("bytes 127, Lo on corner 3")
+        << Row(0, 0, {{50, 60}, {10, 60}, {10, 20}, {50, 20}}, QList<QPoint>(4, {127, 127})) << "Is Opaque"
+        << "Make Triad" << Cells{"50", "10", "10", "50"} << Cells{"60", "60", "20", "20"} << Cells{"Hi", "", "Lo", ""}
+        << Cells{"3", "4", "1", "2"} << "Un-flip Horiz." << false;
+    QTest::newRow("bytes 0 and 128, Lo on corner 4")
+        << Row(0, 0, {{10, 60}, {50, 60}, {50, 20}, {10, 20}}, {{0, 128}, {128, 128}, {128, 0}, {0, 0}})
+        << "Is Opaque" << "Make Triad" << Cells{"10", "50", "50", "10"} << Cells{"60", "60", "20", "20"}
+        << Cells{"", "Hi", "", "Lo"} << Cells{"4", "3", "2", "1"} << "Flip Horiz." << false;
+    QTest::newRow("bytes 1 and 255 that the corners belie")
+        << Row(0, 0, {{50, 20}, {10, 20}, {10, 60}, {50, 60}}, loFirst) << "Is Opaque" << "Make Triad"
+        << Cells{"50", "10", "10", "50"} << Cells{"20", "20", "60", "60"} << Cells{"", "Lo", "", "Hi"}
+        << Cells{"2", "1", "4", "3"} << "Un-flip Horiz." << false;
+    QTest::newRow("a quad that is no rectangle")
+        << Row(0, 0, {{10, 10}, {60, 20}, {70, 80}, {5, 60}}, QList<QPoint>(4)) << "Is Opaque" << "Make Triad"
+        << Cells{"10", "60", "70", "5"} << Cells{"10", "20", "80", "60"} << Cells(4) << Cells{"1", "2", "3", "4"}
+        << "Flip Horiz." << true;
 }
 
 void tst_ObjectTexturePage::loadingARow()
@@ -190,6 +210,7 @@ void tst_ObjectTexturePage::loadingARow()
     QFETCH(Cells, markers);
     QFETCH(Cells, labels);
     QFETCH(QString, flipHor);
+    QFETCH(bool, free);
     Page p;
     const int at = p.textures().addRow(QStringLiteral("T30"), QStringLiteral("30"), row);
     p.load(at);
@@ -210,8 +231,25 @@ void tst_ObjectTexturePage::loadingARow()
     const bool triangle = sides == QLatin1String("Make Quad");
     QCOMPARE(p.box("txtX_3")->palette().color(QPalette::Base),
              triangle ? QColor(0x00, 0x80, 0x00) : QColor(0xE0, 0xE0, 0xE0));
-    // A row with no Lo or Hi corner says why Accept will store nothing.
-    QCOMPARE(p.status().contains(QLatin1String("store nothing")), markers.count(QString()) == 4);
+    auto* freeCorners = p.f.find<QCheckBox>("chkFreeCorners");
+    QCOMPARE(freeCorners->isChecked(), free);
+    QVERIFY(!freeCorners->isEnabled());
+
+    // Edit opens the typed corners: Lo and Hi of a rectangle, every corner in use when free.
+    p.click("cmdEdit");
+    const int lo = markers.indexOf(QStringLiteral("Lo")), hi = markers.indexOf(QStringLiteral("Hi"));
+    for (int i = 0; i < 4; ++i) {
+        const bool open = free ? i < (triangle ? 3 : 4) : (i == lo || i == hi);
+        QCOMPARE(!p.box(QStringLiteral("txtY_%1").arg(i))->isReadOnly(), open);
+    }
+    QCOMPARE(freeCorners->isEnabled(), !triangle);
+    // Accept with no change writes the row back as it was, but for the
+    // attribute, which is read from "X1".
+    const Cells before = p.cells(at);
+    p.click("cmdEdit");
+    Cells expected = before;
+    expected[1] = QString::number(TextureGeometry::KnownAttribute(before[2].toInt()));
+    QCOMPARE(p.cells(at), expected);
 }
 
 void tst_ObjectTexturePage::cornerBoxesHoldTheirInput_data()
@@ -449,7 +487,8 @@ void tst_ObjectTexturePage::oneTileRules()
     const Cells cells = p.cells(row);
     QCOMPARE((Cells{cells[0], cells[3], cells[5], cells[7], cells[9]}), stored);
     // What the user did not type is stored, with a word in the status bar.
-    QVERIFY2(status.isEmpty() ? p.status().isEmpty() : p.status().contains(status), qPrintable(p.status()));
+    QVERIFY2(status.isEmpty() ? !p.status().contains(QLatin1String("stored")) : p.status().contains(status),
+             qPrintable(p.status()));
 }
 
 void tst_ObjectTexturePage::deletionKeepsNumbersAndAddTakesAFreeOne()

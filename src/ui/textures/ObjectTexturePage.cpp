@@ -477,7 +477,9 @@ void ObjectTexturePage::LoadTextureRow(int row)
         TakeRectangleMarkers(*rectangle);
     SetFreeCorners(!rectangle);
     SetFlipState(Corners().FindLoCorner());
-    CompleteFourthCorner();
+    // A free quad's fourth corner is its own.
+    if (rectangle || sides == 3)
+        CompleteFourthCorner();
     SetCornerLabels();
     SetFlipCaptions();
     ResetTextureEdition(true);
