@@ -45,7 +45,8 @@ QList<ObjectTexture> SyntheticTextures::Rows(Convention convention, int count, i
     rows.reserve(count);
     tiles = std::max(1, tiles);
     for (int row = 0; row < count; ++row) {
-        const int xlo = (row * 37) % 200, ylo = (row * 53) % 200;
+        // Every seventh row from the second starts at the top of its tile.
+        const int xlo = (row * 37) % 200, ylo = row % 7 == 1 ? 0 : (row * 53) % 200;
         const int xhi = xlo + 8 + row % 48, yhi = ylo + 8 + (row * 7) % 48;
         const int first = row % 4;
         const std::array<QPoint, 4> rectangle = TextureGeometry::StoredCorners(first, xlo, ylo, xhi, yhi);

@@ -18,8 +18,9 @@ public:
         Mixed,   // 0, 1 and 255, changing from row to row and within rows
     };
 
-    // count rows over tiles tiles, every fifth a triangle; every run makes
-    // the same rows.
+    // count rows over tiles tiles, row n in tile n mod tiles, every fifth a
+    // triangle, every seventh from the second at the top of its tile; every
+    // run makes the same rows.
     static QList<ObjectTexture> Rows(Convention convention, int count, int tiles);
 
     // The bytes of a low and a high edge in row number row.

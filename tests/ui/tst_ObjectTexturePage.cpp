@@ -2,6 +2,8 @@
 #include "ui/common/EditorState.h"
 #include "level/LevelVersion.h"
 #include "list/TextureGeometry.h"
+#include "synthetic/SyntheticLevel.h"
+#include "synthetic/SyntheticTextures.h"
 #include "ui/common/ListView.h"
 #include "uisupport/UserActions.h"
 #include "ui/main/frmMain.h"
@@ -17,6 +19,11 @@
 #include <QTest>
 
 using Cells = QStringList;
+using Convention = SyntheticTextures::Convention;
+using Game = LevelVersion::Game;
+
+Q_DECLARE_METATYPE(Convention)
+Q_DECLARE_METATYPE(Game)
 
 // The "Object Textures" page driven as a user would, over the demo list
 // (30 textures: 0 to 22 and 29 quads with Lo on corner 1, 23 to 28 triangles,
@@ -45,6 +52,8 @@ private slots:
     void drawOutlinesTickedTextures();
     void editsSurviveSaveAndReopen();
     void anyRowLoadsWithoutHarm();
+    void everyRowOfALevelSurvivesEditAndAccept_data();
+    void everyRowOfALevelSurvivesEditAndAccept();
 
 private:
     struct Page
@@ -638,6 +647,64 @@ void tst_ObjectTexturePage::anyRowLoadsWithoutHarm()
         p.click("cmdDraw");
     }
     QCOMPARE(p.textures().count(), 34);
+}
+
+void tst_ObjectTexturePage::everyRowOfALevelSurvivesEditAndAccept_data()
+{
+    QTest::addColumn<Game>("game");
+    QTest::addColumn<Convention>("convention");
+    QTest::newRow("TR 2, 1 and 255") << Game::TR2 << Convention::LowHigh;
+    QTest::newRow("TR 2, all 0") << Game::TR2 << Convention::Zero;
+    QTest::newRow("TR 3, 127 and triangles 0") << Game::TR3 << Convention::Half;
+    QTest::newRow("TR 2, mixed") << Game::TR2 << Convention::Mixed;
+}
+
+void tst_ObjectTexturePage::everyRowOfALevelSurvivesEditAndAccept()
+{
+    QFETCH(Game, game);
+    QFETCH(Convention, convention);
+    EditorFixture f;
+    SyntheticLevel level(game);
+    level.setTileCount(3);
+    level.setObjectTextures(SyntheticTextures::Rows(convention, 120, 3));
+    const QString levelPath = f.dir.filePath(QStringLiteral("level.tr2"));
+    QVERIFY(level.writeTo(levelPath));
+    const QString listPath = f.dir.filePath(QStringLiteral("level.trt"));
+    f.newList(listPath, levelPath, f.writeBitmap(QStringLiteral("level.bmp"), 3));
+    f.window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
+    ListViewModel& textures = f.window->state().views.lsvTextures;
+    QCOMPARE(textures.count(), 120);
+
+    QList<Cells> read;
+    for (int row = 0; row < textures.count(); ++row) {
+        read << textures.row(row).subItems;
+        UserActions::ClickRow(f.find<ListView>("lsvTextures"), row);
+        QTest::mouseClick(f.find<QPushButton>("cmdEdit"), Qt::LeftButton);
+        QTest::mouseClick(f.find<QPushButton>("cmdEdit"), Qt::LeftButton);
+        // Only the two kept rules change anything: the attribute read from
+        // "X1", and a top at Y 0 of tile 1, shown as 256, stays in tile 1.
+        Cells expected = read.last();
+        expected[1] = QString::number(TextureGeometry::KnownAttribute(expected[2].toInt()));
+        const bool triangle = Cells{expected[8], expected[9], expected[16], expected[17]} == Cells(4, "0");
+        const int used = triangle ? 3 : 4;
+        int top = 255;
+        for (int i = 0; i < used; ++i)
+            top = qMin(top, expected[3 + 2 * i].toInt());
+        for (int i = 0; i < used && expected[0] == QLatin1String("1") && top == 0; ++i)
+            expected[3 + 2 * i] = QString::number(expected[3 + 2 * i].toInt() + 256);
+        QCOMPARE(textures.row(row).subItems, expected);
+    }
+
+    // Saved, the Y kept at 256 is its old byte again: the list holds the
+    // level's bytes but for the attributes.
+    f.find<QAction>("mnuFileSaveList")->trigger();
+    f.openList(listPath);
+    for (int row = 0; row < textures.count(); ++row) {
+        Cells expected = read[row];
+        expected[1] = QString::number(TextureGeometry::KnownAttribute(expected[2].toInt()));
+        QCOMPARE(textures.row(row).subItems, expected);
+    }
 }
 
 QTEST_MAIN(tst_ObjectTexturePage)
