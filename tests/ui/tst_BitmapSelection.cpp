@@ -6,6 +6,7 @@
 #include "ui/bitmap/ucScrollPic.h"
 #include "ui/bitmap/ucScrollPicCanvas.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -27,6 +28,11 @@ private slots:
     void aDragLeavesOneOutline();
     void aDragOverALoadedTextureLeavesNoMarkers();
     void spriteAddedFromADrag();
+    void drawingWhileAddingOrEditing_data();
+    void drawingWhileAddingOrEditing();
+    void theEditedOutlineFollowsTheMouseAndTheZoom();
+    void aClickWithoutADragChangesNothing();
+    void freeCornersDraggedOneByOne();
 
 private:
     struct Window
@@ -173,6 +179,145 @@ void tst_BitmapSelection::spriteAddedFromADrag()
     const ListViewModel& sprites = w.f.window->state().views.lsvSprites;
     QCOMPARE(sprites.count(), 30);
     QCOMPARE(sprites.row(29).subItems, (Cells{"1", "10", "44", "13055", "10495", "-25", "-20", "25", "20"}));
+}
+
+void tst_BitmapSelection::drawingWhileAddingOrEditing_data()
+{
+    QTest::addColumn<Cells>("edited"); // the row loaded and edited; empty to Add
+    QTest::addColumn<int>("zoom");
+    QTest::addColumn<int>("scroll");
+    QTest::addColumn<QPoint>("from");
+    QTest::addColumn<QPoint>("to");
+    QTest::addColumn<Cells>("boxes"); // tile, Lo X and Y, Hi X and Y
+    QTest::addColumn<Cells>("stored");
+
+    QTest::newRow("add at zoom 1") << Cells{} << 1 << 0 << QPoint(10, 300) << QPoint(60, 340)
+                                   << Cells{"1", "10", "300", "60", "340"}
+                                   << Cells{"1", "0", "10", "44", "60", "44", "60", "84", "10", "84",
+                                            "1", "1", "255", "1", "255", "255", "1", "255"};
+    // Zoom 4 with tile 2 at the top: the press is at (50, 552), the release at (10, 522).
+    QTest::newRow("add at zoom 4 in tile 2, dragged up and left")
+        << Cells{} << 4 << 2048 << QPoint(200, 160) << QPoint(40, 40) << Cells{"2", "10", "522", "50", "552"}
+        << Cells{"2", "0", "10", "10", "50", "10", "50", "40", "10", "40", "1", "1", "255", "1", "255", "255", "1", "255"};
+    QTest::newRow("the far corner held in the press's tile")
+        << Cells{} << 1 << 0 << QPoint(10, 300) << QPoint(60, 600) << Cells{"1", "10", "300", "60", "512"}
+        << Cells{"1", "0", "10", "44", "60", "44", "60", "256", "10", "256", "1", "1", "255", "1", "255", "255", "1", "255"};
+    // A row whose bytes are all 0, flipped both ways: Lo on corner 3, bytes kept.
+    QTest::newRow("edit a row of zeros at zoom 2")
+        << Cells{"0", "0", "50", "60", "10", "60", "10", "20", "50", "20", "0", "0", "0", "0", "0", "0", "0", "0"} << 2
+        << 0 << QPoint(40, 60) << QPoint(200, 100) << Cells{"0", "20", "30", "100", "50"}
+        << Cells{"0", "0", "100", "50", "20", "50", "20", "30", "100", "30", "0", "0", "0", "0", "0", "0", "0", "0"};
+}
+
+void tst_BitmapSelection::drawingWhileAddingOrEditing()
+{
+    QFETCH(Cells, edited);
+    QFETCH(int, zoom);
+    QFETCH(int, scroll);
+    QFETCH(QPoint, from);
+    QFETCH(QPoint, to);
+    QFETCH(Cells, boxes);
+    QFETCH(Cells, stored);
+    Window w;
+    ListViewModel& textures = w.f.window->state().views.lsvTextures;
+    const int row = edited.isEmpty() ? textures.count() : textures.addRow("T30", "30", edited);
+    if (edited.isEmpty()) {
+        w.click("cmdAdd");
+    } else {
+        UserActions::ClickRow(w.f.find<ListView>("lsvTextures"), row);
+        w.click("cmdEdit");
+    }
+    const Cells markers = w.texts({"txtHiLo_0", "txtHiLo_1", "txtHiLo_2", "txtHiLo_3"});
+    const Cells sprites = w.texts(SpriteBoxes);
+    w.zoom(zoom);
+    w.view()->VScroll1()->setValue(scroll);
+    w.drag(from, to);
+
+    // The boxes of the Lo and Hi corners, wherever they sit.
+    const int lo = markers.indexOf(QStringLiteral("Lo")), hi = markers.indexOf(QStringLiteral("Hi"));
+    QCOMPARE(w.texts({"txtTileNo", QStringLiteral("txtX_%1").arg(lo), QStringLiteral("txtY_%1").arg(lo),
+                      QStringLiteral("txtX_%1").arg(hi), QStringLiteral("txtY_%1").arg(hi)}),
+             boxes);
+    QCOMPARE(w.texts({"txtHiLo_0", "txtHiLo_1", "txtHiLo_2", "txtHiLo_3"}), markers);
+    // The drag was the texture's: the sprite page and the picked rectangle saw nothing of it.
+    QCOMPARE(w.texts(SpriteBoxes), sprites);
+    QVERIFY(w.view()->Picture1()->selection().isNull());
+    w.click(edited.isEmpty() ? "cmdAdd" : "cmdEdit");
+    QCOMPARE(textures.row(row).subItems, stored);
+    QVERIFY(w.view()->Picture1()->editOutline().isEmpty());
+}
+
+void tst_BitmapSelection::theEditedOutlineFollowsTheMouseAndTheZoom()
+{
+    Window w;
+    w.zoom(3);
+    w.click("cmdAdd");
+    ucScrollPicCanvas* canvas = w.view()->Picture1();
+    QVERIFY(canvas->editOutline().isEmpty());
+    QTest::mousePress(canvas, Qt::LeftButton, {}, QPoint(30, 60));
+    for (int step = 1; step <= 3; ++step) {
+        const QPoint at(30 + 30 * step, 60 + 15 * step);
+        QMouseEvent move(QEvent::MouseMove, QPointF(at), canvas->mapToGlobal(QPointF(at)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(canvas, &move);
+        const QPoint hi(at.x() / 3, at.y() / 3);
+        QCOMPARE(canvas->editOutline(), QPolygon({{10, 20}, {hi.x(), 20}, hi, {10, hi.y()}}));
+    }
+    QTest::mouseRelease(canvas, Qt::LeftButton, {}, QPoint(120, 105));
+    // In bitmap pixels, it stays through a zoom and its redraw, and never
+    // takes the colour of the outlines.
+    w.click("cmdDraw");
+    w.zoom(5);
+    QCOMPARE(canvas->editOutline(), QPolygon({{10, 20}, {40, 20}, {40, 35}, {10, 35}}));
+    QVERIFY(canvas->editOutlineColor() != w.f.window->state().OutlineColor);
+    w.f.window->state().OutlineColor = canvas->editOutlineColor();
+    w.f.find<QLineEdit>("txtX_0")->setText("11");
+    QVERIFY(canvas->editOutlineColor() != w.f.window->state().OutlineColor);
+    // Typing moves it too; Cancel takes it away.
+    QCOMPARE(canvas->editOutline().first(), QPoint(11, 20));
+    w.click("cmdCancel");
+    QVERIFY(canvas->editOutline().isEmpty());
+}
+
+void tst_BitmapSelection::aClickWithoutADragChangesNothing()
+{
+    Window w;
+    UserActions::ClickRow(w.f.find<ListView>("lsvTextures"), 5);
+    w.click("cmdEdit");
+    const QStringList all{"txtTileNo", "txtX_0", "txtY_0", "txtX_1", "txtY_1", "txtX_2", "txtY_2", "txtX_3",
+                          "txtY_3", "txtHiLo_0", "txtHiLo_2"};
+    const Cells before = w.texts(all);
+    QTest::mouseClick(w.view()->Picture1(), Qt::LeftButton, {}, QPoint(100, 400));
+    // Moved inside the pressed pixel, or along one axis only: still no rectangle.
+    w.drag({100, 400}, {100, 480});
+    QCOMPARE(w.texts(all), before);
+}
+
+void tst_BitmapSelection::freeCornersDraggedOneByOne()
+{
+    Window w;
+    w.zoom(2);
+    // Texture 23: a triangle of tile 1, corners (0, 384), (63, 384), (0, 447).
+    UserActions::ClickRow(w.f.find<ListView>("lsvTextures"), 23);
+    w.click("cmdEdit");
+    QVERIFY(w.f.find<QCheckBox>("chkFreeCorners")->isChecked());
+    w.view()->VScroll1()->setValue(668);
+    // Within four screen pixels of corner 2 at (126, 768): it moves alone.
+    w.drag({129, 102}, {150, 140});
+    QCOMPARE(w.texts({"txtX_0", "txtY_0", "txtX_1", "txtY_1", "txtX_2", "txtY_2"}),
+             (Cells{"0", "384", "75", "404", "0", "447"}));
+    // Dragged below its tile, a corner stays at the tile's edge.
+    w.drag({150, 140}, {150, 600});
+    QCOMPARE(w.texts({"txtX_1", "txtY_1"}), (Cells{"75", "512"}));
+    w.drag({150, 356}, {150, 140});
+    // Away from every corner a press moves nothing and says how.
+    w.drag({20, 300}, {60, 340});
+    QVERIFY(w.f.window->statusBar()->currentMessage().startsWith(QLatin1String("Free corners: press on a corner")));
+    w.click("cmdEdit");
+    const Cells row = w.f.window->state().views.lsvTextures.row(23).subItems;
+    // Corner 2 now the right and not the top: its bytes those of its row's edges.
+    QCOMPARE(row.mid(2, 6), (Cells{"0", "128", "75", "148", "0", "191"}));
+    QCOMPARE(row.mid(12, 2), (Cells{"255", "1"}));
 }
 
 QTEST_MAIN(tst_BitmapSelection)

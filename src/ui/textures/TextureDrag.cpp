@@ -65,12 +65,15 @@ bool TextureDrag::Press(QPointF picturePoint)
 void TextureDrag::Move(QPointF picturePoint)
 {
     const int zoom = m_view.ZoomFactor();
-    const BitmapSelection pick = BitmapSelection::FromView(float(m_start.x()), float(m_start.y()),
-                                                           float(picturePoint.x()), float(picturePoint.y()), zoom);
     if (m_mode == Mode::Corner) {
-        emit cornerDragged(m_row, QPoint(pick.x2, pick.y2));
+        // The pixel under the mouse; the owner holds it to the texture's tile.
+        const BitmapSelection at = BitmapSelection::FromView(float(picturePoint.x()), float(picturePoint.y()),
+                                                             float(picturePoint.x()), float(picturePoint.y()), zoom);
+        emit cornerDragged(m_row, QPoint(at.x1, at.y1));
         return;
     }
+    const BitmapSelection pick = BitmapSelection::FromView(float(m_start.x()), float(m_start.y()),
+                                                           float(picturePoint.x()), float(picturePoint.y()), zoom);
     // Until the mouse leaves the pressed pixel both ways there is no
     // rectangle, and the frame keeps what it held.
     if (pick.x1 == pick.x2 || pick.y1 == pick.y2)
