@@ -1,5 +1,6 @@
 #include "BenchFigures.h"
 
+#include "DragFrameFigure.h"
 #include "DrawAllFigure.h"
 #include "InsertRatioFigure.h"
 #include "ListFigure.h"
@@ -27,5 +28,6 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<UsageRatioFigure>());
     figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::Milliseconds));
     figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::Ratio));
+    figures.push_back(std::make_unique<DragFrameFigure>());
     return figures;
 }
