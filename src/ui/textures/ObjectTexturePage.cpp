@@ -25,8 +25,9 @@ const QString Accept = QStringLiteral("Accept");
 const QString MakeTriad = QStringLiteral("Make Triad");
 const QString MakeQuad = QStringLiteral("Make Quad");
 constexpr QChar KeyPrefix = QLatin1Char('T');
-const QColor EditColor(255, 0, 255);
-const QColor EditColorBesideMagenta(0, 255, 255);
+// Cyan: rare in textures and unlike the see-through magenta of most bitmaps.
+const QColor EditColor(0, 255, 255);
+const QColor EditColorBesideCyan(255, 0, 255);
 
 // A box's number as the stored texture takes it: its leading integer, 0
 // for an empty box or one that holds no number.
@@ -695,7 +696,7 @@ bool ObjectTexturePage::SetCornersFromSelection(int x1, int y1, int x2, int y2)
 
 QColor ObjectTexturePage::EditOutlineColor() const
 {
-    return m_state.OutlineColor == EditColor ? EditColorBesideMagenta : EditColor;
+    return m_state.OutlineColor == EditColor ? EditColorBesideCyan : EditColor;
 }
 
 void ObjectTexturePage::ConnectDrag()
