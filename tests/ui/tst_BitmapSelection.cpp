@@ -169,6 +169,9 @@ void tst_BitmapSelection::aDragOverALoadedTextureLeavesNoMarkers()
 void tst_BitmapSelection::spriteAddedFromADrag()
 {
     Window w;
+    // A texture half added on its own page is no business of the sprite page's drag.
+    w.click("cmdAdd");
+    const Cells texture = w.texts({"txtHiLo_0", "txtHiLo_2", "txtX_0", "txtTileNo"});
     w.f.window->ShowPage(3);
     w.click("cmdSpriteAdd");
     w.drag({10, 300}, {60, 340});
@@ -179,6 +182,7 @@ void tst_BitmapSelection::spriteAddedFromADrag()
     const ListViewModel& sprites = w.f.window->state().views.lsvSprites;
     QCOMPARE(sprites.count(), 30);
     QCOMPARE(sprites.row(29).subItems, (Cells{"1", "10", "44", "13055", "10495", "-25", "-20", "25", "20"}));
+    QCOMPARE(w.texts({"txtHiLo_0", "txtHiLo_2", "txtX_0", "txtTileNo"}), texture);
 }
 
 void tst_BitmapSelection::drawingWhileAddingOrEditing_data()

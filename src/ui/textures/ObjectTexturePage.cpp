@@ -175,7 +175,8 @@ void ObjectTexturePage::BeginAdding()
         button->setEnabled(true);
     m_ui->cmdAdd->setText(Accept);
     LockCornerBoxes(true);
-    EnableFreeCorners(true);    ShowEditOutline();
+    EnableFreeCorners(true);
+    ShowEditOutline();
 }
 
 void ObjectTexturePage::AcceptAdding()
@@ -663,6 +664,10 @@ void ObjectTexturePage::cmdDraw_Click()
 
 bool ObjectTexturePage::TakeSelection(int tile, int x1, int y1, int x2, int y2)
 {
+    // A texture being added or edited takes its drags itself while the page
+    // is shown; a drag made on another page is not for it.
+    if (IsEditingFrame())
+        return x1 != x2 && y1 != y2;
     m_ui->txtTileNo->setText(QString::number(tile));
     const bool made = SetCornersFromSelection(x1, y1, x2, y2);
     if (made) {

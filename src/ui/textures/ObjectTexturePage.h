@@ -47,7 +47,8 @@ public:
     // A rectangle picked on the bitmap, in whole-bitmap pixels, with the
     // tile it starts in: the tile and the corners that differ go into the
     // boxes. True when both X and Y differ; otherwise the markers and the
-    // two typed corners are emptied and the corners locked.
+    // two typed corners are emptied and the corners locked. A texture being
+    // added or edited is left as it is.
     bool TakeSelection(int tile, int x1, int y1, int x2, int y2);
 
     // Locks the corner boxes; with openLoHi the Lo and Hi corners are then
