@@ -123,6 +123,11 @@ void tst_TexturesOfAnyLevel::statusSaysWhatAndWhy_data()
         << "Texture 16 stored at Y 256 of tile 1, not Y 0: a top Y of 256 keeps the tile named. To store Y 0, Edit "
            "and type 0 as its top Y."
         << true;
+    QTest::newRow("both kept rules at once")
+        << QStringList{"row 1 0 1 0 50 0 50 60 1 60 0 0 0 0 0 0 0 0", "click cmdEdit", "click cmdEdit"}
+        << "Texture 30 stored at Y 256 of tile 1, not Y 0: a top Y of 256 keeps the tile named. To store Y 0, Edit "
+           "and type 0 as its top Y. Its attribute 1 was read from X1 (Trans 0)."
+        << true;
     QTest::newRow("free quad is no rectangle")
         << QStringList{"row 0 0 10 10 60 20 70 80 5 60 0 0 0 0 0 0 0 0", "click cmdEdit", "click chkFreeCorners"}
         << "Free corners stay on: the four corners do not form a rectangle" << false;

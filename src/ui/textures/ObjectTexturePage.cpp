@@ -370,12 +370,8 @@ void ObjectTexturePage::WriteTextureCells(int row, const QStringList& cells)
 int ObjectTexturePage::StoreRow(const QString& key)
 {
     ListViewModel& textures = m_state.views.lsvTextures;
-    if (!key.isEmpty()) {
-        const int row = textures.findKey(key);
-        if (row < 0)
-            m_state.ShowStatus(tr("Nothing was stored: the texture %1 is no longer in the list.").arg(key));
-        return row;
-    }
+    if (!key.isEmpty())
+        return textures.findKey(key);
     const qint64 count = textures.count();
     const qint64 asked = NumberText::valueOf(m_ui->txtTextureNo->text());
     const qint64 number = RowKeyNumber::FirstFree(textures, KeyPrefix, asked);
@@ -396,12 +392,16 @@ void ObjectTexturePage::ReportStored(const QString& number, const EditedTexture:
         top = qMin(top, stored.corners[size_t(i)].y());
     const bool attributeFromX1 = original && !m_attributeChosen && original->trans != m_attribute;
     if (stored.keptBelowTileTop) {
+        const QString attribute =
+            attributeFromX1 ? tr(" Its attribute %1 was read from X1 (Trans %2).").arg(m_attribute).arg(original->trans)
+                            : QString();
         m_state.ShowStatus(tr("Texture %1 stored at Y %2 of tile %3, not Y %4: a top Y of 256 keeps the tile "
                               "named. To store Y %4, Edit and type %4 as its top Y.")
                                .arg(number)
                                .arg(top)
                                .arg(stored.tile)
-                               .arg(top - TextureGeometry::TileSize));
+                               .arg(top - TextureGeometry::TileSize)
+                           + attribute);
         return;
     }
     if (attributeFromX1) {
