@@ -1,9 +1,13 @@
 #include "support/ScratchDir.h"
+#include "list/TextureGeometry.h"
 #include "synthetic/SyntheticLevel.h"
+#include "synthetic/SyntheticTextures.h"
 
 #include <QTest>
 
 using Game = LevelVersion::Game;
+
+Q_DECLARE_METATYPE(SyntheticTextures::Convention)
 
 // The level walk tests check where the writer puts every count against an
 // independent walker; what is left here is what a walker cannot see.
@@ -91,6 +95,44 @@ private slots:
         QVERIFY(ScratchDir::read(path) == level.build());
         QVERIFY(!level.writeTo(dir.filePath(QStringLiteral("no/such/dir/level.tr2")), &error));
         QVERIFY(!error.isEmpty());
+    }
+
+    // Texture rows as each tool writes them: the bytes on the low and the
+    // high edges, rectangles with their first corner all round, triangles.
+    void textureRows_data()
+    {
+        using C = SyntheticTextures::Convention;
+        QTest::addColumn<C>("convention");
+        // Corner 1's X and Y bytes in row 0 (top left), row 1 (top right) and
+        // row 4 (a triangle from the top left).
+        QTest::addColumn<QList<QPoint>>("firstCorners");
+        QTest::newRow("1 and 255") << C::LowHigh << QList<QPoint>{{1, 1}, {255, 1}, {1, 1}};
+        QTest::newRow("zeros") << C::Zero << QList<QPoint>(3);
+        QTest::newRow("127, triangles 0") << C::Half << QList<QPoint>{{127, 127}, {127, 127}, {0, 0}};
+        QTest::newRow("mixed") << C::Mixed << QList<QPoint>{{0, 0}, {255, 1}, {0, 1}};
+    }
+
+    void textureRows()
+    {
+        QFETCH(SyntheticTextures::Convention, convention);
+        QFETCH(QList<QPoint>, firstCorners);
+        const QList<ObjectTexture> rows = SyntheticTextures::Rows(convention, 10, 3);
+        QCOMPARE(rows.size(), 10);
+        auto firstBytes = [](const ObjectTexture& record) {
+            return QPoint(record.column(ObjectTexture::XHiColumn(0)), record.column(ObjectTexture::YHiColumn(0)));
+        };
+        QCOMPARE((QList<QPoint>{firstBytes(rows[0]), firstBytes(rows[1]), firstBytes(rows[4])}), firstCorners);
+        for (int row = 0; row < rows.size(); ++row) {
+            QCOMPARE(int(rows[row].tile()), row % 3);
+            std::array<QPoint, 4> corners;
+            for (int i = 0; i < 4; ++i)
+                corners[size_t(i)] = QPoint(rows[row].column(ObjectTexture::XColumn(i)),
+                                            rows[row].column(ObjectTexture::YColumn(i)));
+            const bool triangle = row % 5 == 4;
+            QCOMPARE(corners[3].isNull(), triangle);
+            if (!triangle)
+                QCOMPARE(TextureGeometry::RectangleLoHi(corners)->lo, row % 4);
+        }
     }
 };
 
