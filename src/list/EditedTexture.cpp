@@ -44,9 +44,9 @@ std::array<bool, 8> HighEdgesByExtent(const std::array<QPoint, 4>& corners, int 
 Stored EditedTexture::Build(const Frame& frame, const std::optional<ObjectTextureRow>& original,
                             const SubPixelConvention& convention)
 {
+    // A triangle has no rectangle to follow: its corners are always free.
     const bool rectangle = !frame.freeCorners && frame.sides == 4;
-    const bool rectangleTriangle = !frame.freeCorners && frame.sides != 4;
-    Stored stored = rectangle || rectangleTriangle ? PlaceRectangle(frame) : PlaceFreeCorners(frame);
+    Stored stored = rectangle ? PlaceRectangle(frame) : PlaceFreeCorners(frame);
     if (!stored.why.isEmpty())
         return stored;
     const int used = frame.sides == 4 ? 4 : 3;
@@ -55,7 +55,7 @@ Stored EditedTexture::Build(const Frame& frame, const std::optional<ObjectTextur
         return stored;
 
     std::array<bool, 8> high{};
-    if (rectangle || rectangleTriangle) {
+    if (rectangle) {
         // A rectangle's edges are told by where its Lo corner is, as always.
         const std::array<QPoint, 4> bytes = TextureGeometry::SubPixelBytes(frame.loRow);
         for (int i = 0; i < 4; ++i) {
@@ -84,8 +84,6 @@ Stored EditedTexture::PlaceRectangle(const Frame& frame)
     stored.tile = place.tile;
     stored.corners = TextureGeometry::StoredCorners(frame.loRow, lo.x(), place.ylo, hi.x(), place.yhi);
     stored.keptBelowTileTop = place.ylo >= TextureGeometry::TileSize;
-    if (frame.sides != 4)
-        stored.corners[3] = QPoint();
     return stored;
 }
 
