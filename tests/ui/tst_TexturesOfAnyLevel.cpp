@@ -171,16 +171,19 @@ void tst_TexturesOfAnyLevel::everyRowOfALevelSurvivesEditAndAccept_data()
 {
     QTest::addColumn<Game>("game");
     QTest::addColumn<Convention>("convention");
-    QTest::newRow("TR 2, 1 and 255") << Game::TR2 << Convention::LowHigh;
-    QTest::newRow("TR 2, all 0") << Game::TR2 << Convention::Zero;
-    QTest::newRow("TR 3, 127 and triangles 0") << Game::TR3 << Convention::Half;
-    QTest::newRow("TR 2, mixed") << Game::TR2 << Convention::Mixed;
+    QTest::addColumn<Cells>("addedBytes"); // of a rectangle added to the list, Lo on corner 1
+    QTest::newRow("TR 2, 1 and 255") << Game::TR2 << Convention::LowHigh
+                                     << Cells{"1", "1", "255", "1", "255", "255", "1", "255"};
+    QTest::newRow("TR 2, all 0") << Game::TR2 << Convention::Zero << Cells(8, "0");
+    QTest::newRow("TR 3, 127 and triangles 0") << Game::TR3 << Convention::Half << Cells(8, "127");
+    QTest::newRow("TR 2, mixed") << Game::TR2 << Convention::Mixed << Cells{};
 }
 
 void tst_TexturesOfAnyLevel::everyRowOfALevelSurvivesEditAndAccept()
 {
     QFETCH(Game, game);
     QFETCH(Convention, convention);
+    QFETCH(Cells, addedBytes);
     EditorFixture f;
     SyntheticLevel level(game);
     level.setTileCount(3);
@@ -214,11 +217,20 @@ void tst_TexturesOfAnyLevel::everyRowOfALevelSurvivesEditAndAccept()
         QCOMPARE(textures.row(row).subItems, expected);
     }
 
+    // A new texture takes the bytes most rows of the list use.
+    QTest::mouseClick(f.find<QPushButton>("cmdAdd"), Qt::LeftButton);
+    for (const auto& [name, value] : {std::pair{"txtX_0", "10"}, {"txtY_0", "20"}, {"txtX_2", "30"}, {"txtY_2", "40"}})
+        UserActions::TypeInto(f.find<QLineEdit>(name), QString::fromLatin1(value));
+    QTest::mouseClick(f.find<QPushButton>("cmdAdd"), Qt::LeftButton);
+    QCOMPARE(textures.count(), 121);
+    if (!addedBytes.isEmpty())
+        QCOMPARE(textures.row(120).subItems.mid(10), addedBytes);
+
     // Saved, the Y kept at 256 is its old byte again: the list holds the
     // level's bytes but for the attributes.
     f.find<QAction>("mnuFileSaveList")->trigger();
     f.openList(listPath);
-    for (int row = 0; row < textures.count(); ++row) {
+    for (int row = 0; row < read.size(); ++row) {
         Cells expected = read[row];
         expected[1] = QString::number(TextureGeometry::KnownAttribute(expected[2].toInt()));
         QCOMPARE(textures.row(row).subItems, expected);
