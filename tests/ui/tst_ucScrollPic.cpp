@@ -32,6 +32,7 @@ private slots:
     void showTilesDrawsOneLinePerBorder();
     void zoomBarSetsLabelAndView();
     void paintingShowsSharpPixels();
+    void theEditOutlineOutlivesRedraws();
 
 private:
     static QString bitmap(ScratchDir& dir, int tiles);
@@ -270,6 +271,35 @@ void tst_ucScrollPic::paintingShowsSharpPixels()
     QCOMPARE(shot.pixel(40, 60), QColor(Qt::yellow).rgb());
     QCOMPARE(shot.pixel(80, 60), QColor(Qt::yellow).rgb());
     QCOMPARE(shot.pixel(60, 60), QColor(Qt::darkGreen).rgb());
+}
+
+void tst_ucScrollPic::theEditOutlineOutlivesRedraws()
+{
+    ScratchDir dir;
+    ucScrollPic view;
+    view.resize(300, 300);
+    view.LoadOnePicture(bitmap(dir, 1));
+    view.setZoomFactor(3);
+    const QPolygon rectangle({{10, 20}, {40, 20}, {40, 35}, {10, 35}});
+    view.DrawEditOutline(rectangle, Qt::cyan);
+    ucScrollPicCanvas& canvas = *view.Picture1();
+    view.RefreshPicture();
+    view.setZoomFactor(5);
+    view.setZoomFactor(3);
+    QCOMPARE(canvas.editOutline(), rectangle);
+
+    // Drawn over the picture in bitmap pixels times the zoom.
+    QImage shot(canvas.size(), QImage::Format_RGB32);
+    QPainter painter(&shot);
+    canvas.paintView(painter, shot.rect());
+    painter.end();
+    for (int x = 30; x <= 120; ++x)
+        QCOMPARE(QColor(shot.pixel(x, 60)), QColor(Qt::cyan));
+    QCOMPARE(QColor(shot.pixel(60, 80)), QColor(Qt::darkGreen));
+    QCOMPARE(QColor(shot.pixel(120, 80)), QColor(Qt::cyan));
+
+    view.NoPicture();
+    QVERIFY(canvas.editOutline().isEmpty());
 }
 
 QTEST_MAIN(tst_ucScrollPic)

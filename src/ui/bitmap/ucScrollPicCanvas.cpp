@@ -88,38 +88,34 @@ void ucScrollPicCanvas::setEditOutline(const QPolygon& bitmapCorners, const QCol
 {
     if (bitmapCorners == m_editOutline && color == m_editOutlineColor)
         return;
-    const QRegion before = editOutlineRegion();
+    const QRect before = editOutlineBounds();
     m_editOutline = bitmapCorners;
     m_editOutlineColor = color;
-    update(before + editOutlineRegion());
+    update(before.united(editOutlineBounds()));
 }
 
 void ucScrollPicCanvas::clearEditOutline()
 {
     if (m_editOutline.isEmpty())
         return;
-    update(editOutlineRegion());
+    update(editOutlineBounds());
     m_editOutline.clear();
 }
 
-QRegion ucScrollPicCanvas::editOutlineRegion() const
+QRect ucScrollPicCanvas::editOutlineBounds() const
 {
-    QRegion region;
-    const int count = int(m_editOutline.size());
-    for (int i = 0; i < count; ++i) {
-        const QPoint a = m_editOutline[i] * m_zoom;
-        const QPoint b = m_editOutline[(i + 1) % count] * m_zoom;
-        region += Spanning(a, b).adjusted(-1, -1, 1, 1).translated(-m_offset);
-    }
-    return region;
+    if (m_editOutline.isEmpty())
+        return {};
+    QPolygon zoomed = m_editOutline;
+    for (QPoint& corner : zoomed)
+        corner *= m_zoom;
+    return zoomed.boundingRect().adjusted(-1, -1, 1, 1).translated(-m_offset);
 }
 
 void ucScrollPicCanvas::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    // Only what changed: a drag repaints the strips under the edited outline.
-    for (const QRect& area : event->region())
-        paintView(painter, area);
+    paintView(painter, event->rect());
 }
 
 void ucScrollPicCanvas::paintView(QPainter& painter, const QRect& area) const
@@ -136,7 +132,6 @@ void ucScrollPicCanvas::paintView(QPainter& painter, const QRect& area) const
     paintShapes(painter, visible);
     if (!m_selection.isNull() && visible.intersects(m_selection.adjusted(-1, -1, 1, 1)))
         paintContour(painter, m_selection, m_selectionColor);
-    painter.setClipRect(visible);
     paintEditOutline(painter);
     painter.restore();
 }

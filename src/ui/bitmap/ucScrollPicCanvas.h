@@ -7,7 +7,6 @@
 #include <QPoint>
 #include <QPolygon>
 #include <QRect>
-#include <QRegion>
 #include <QString>
 #include <QWidget>
 
@@ -87,8 +86,8 @@ private:
     void paintShapes(QPainter& painter, const QRect& visible) const;
     static void paintContour(QPainter& painter, const QRect& rectangle, const QColor& color);
     void paintEditOutline(QPainter& painter) const;
-    // The viewport pixels the edit outline covers: a thin strip per side.
-    QRegion editOutlineRegion() const;
+    // The viewport pixels the edit outline covers.
+    QRect editOutlineBounds() const;
     // Shapes are filed by the horizontal bands of the picture they cross, so
     // a paint looks only at those near the visible part.
     static constexpr int BandHeight = 256;
