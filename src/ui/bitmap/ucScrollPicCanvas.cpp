@@ -102,14 +102,19 @@ void ucScrollPicCanvas::clearEditOutline()
     m_editOutline.clear();
 }
 
+QPolygon ucScrollPicCanvas::zoomedEditOutline() const
+{
+    QPolygon zoomed = m_editOutline;
+    for (QPoint& corner : zoomed)
+        corner *= m_zoom;
+    return zoomed;
+}
+
 QRect ucScrollPicCanvas::editOutlineBounds() const
 {
     if (m_editOutline.isEmpty())
         return {};
-    QPolygon zoomed = m_editOutline;
-    for (QPoint& corner : zoomed)
-        corner *= m_zoom;
-    return zoomed.boundingRect().adjusted(-1, -1, 1, 1).translated(-m_offset);
+    return zoomedEditOutline().boundingRect().adjusted(-1, -1, 1, 1).translated(-m_offset);
 }
 
 void ucScrollPicCanvas::paintEvent(QPaintEvent* event)
@@ -204,16 +209,12 @@ void ucScrollPicCanvas::paintContour(QPainter& painter, const QRect& r, const QC
 
 void ucScrollPicCanvas::paintEditOutline(QPainter& painter) const
 {
-    const int count = int(m_editOutline.size());
-    if (count < 2)
+    if (m_editOutline.size() < 2)
         return;
-    QPolygon zoomed = m_editOutline;
-    for (QPoint& corner : zoomed)
-        corner *= m_zoom;
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(m_editOutlineColor, 0));
-    painter.drawPolygon(zoomed);
+    painter.drawPolygon(zoomedEditOutline());
 }
 
 const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& color) const

@@ -86,6 +86,7 @@ private:
     void paintShapes(QPainter& painter, const QRect& visible) const;
     static void paintContour(QPainter& painter, const QRect& rectangle, const QColor& color);
     void paintEditOutline(QPainter& painter) const;
+    QPolygon zoomedEditOutline() const;
     // The viewport pixels the edit outline covers.
     QRect editOutlineBounds() const;
     // Shapes are filed by the horizontal bands of the picture they cross, so
