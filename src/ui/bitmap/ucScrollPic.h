@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QColor>
+#include <QPolygon>
+#include <QRect>
 #include <QString>
 #include <QWidget>
 
@@ -47,6 +49,14 @@ public:
     // load, zoom or refresh wipes it with the rest.
     void DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Color);
     void ClearSelection();
+    // Outlines a chosen row in bitmap pixels: two opposite corners of a
+    // rectangle, or a triangle's three corners. It keeps its place through
+    // zooms and reloads; a new one replaces it, NoPicture removes it.
+    void SetHighlight(const QPolygon& bitmapCorners, const QColor& color);
+    void ClearHighlight();
+    QPolygon Highlight() const;
+    // The part of the zoomed picture the viewport shows.
+    QRect VisibleArea() const;
     // Scrolls a rectangle in zoomed picture coordinates into the middle of
     // the view, as far as the picture allows; one already in view stays put.
     void ShowArea(int X1, int Y1, int X2, int Y2);
@@ -64,6 +74,8 @@ signals:
     void Change(int X, int Y);
     void MousePos(float X, float Y);
     void MouseSelect(float X1, float Y1, float X2, float Y2);
+    // The left button went down and up on the same spot: the bitmap pixel.
+    void Clicked(int X, int Y);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

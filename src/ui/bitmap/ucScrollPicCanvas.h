@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QLine>
 #include <QPoint>
+#include <QPolygon>
 #include <QRect>
 #include <QString>
 #include <QWidget>
@@ -51,6 +52,11 @@ public:
     // The rectangle whose outline runs through both corner pixels.
     static QRect Spanning(QPoint a, QPoint b);
     QRect selection() const { return m_selection; }
+    // The chosen row's outline, in bitmap pixels: it follows the zoom and
+    // outlives reloads, until it is replaced or cleared.
+    void setHighlight(const QPolygon& bitmapOutline, const QColor& color);
+    QPolygon highlight() const { return m_highlight; }
+    QColor highlightColor() const { return m_highlightColor; }
     QColor selectionColor() const { return m_selectionColor; }
     const std::vector<Shape>& shapes() const { return m_shapes; }
 
@@ -74,6 +80,7 @@ private:
     QPointF picturePoint(QPointF widgetPoint) const { return widgetPoint + m_offset; }
     void paintBitmap(QPainter& painter, const QRect& visible) const;
     void paintShapes(QPainter& painter, const QRect& visible) const;
+    void paintHighlight(QPainter& painter) const;
     static void paintContour(QPainter& painter, const QRect& rectangle, const QColor& color);
     // Shapes are filed by the horizontal bands of the picture they cross, so
     // a paint looks only at those near the visible part.
@@ -86,6 +93,8 @@ private:
     std::vector<Shape> m_shapes;
     std::vector<std::vector<int>> m_bands;
     QRect m_selection;
+    QPolygon m_highlight;
+    QColor m_highlightColor;
     QColor m_selectionColor;
     // Labels are numbers that repeat at every redraw: each is laid out once.
     const QImage& labelImage(const QString& text, const QColor& color) const;
