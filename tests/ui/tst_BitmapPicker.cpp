@@ -131,13 +131,13 @@ void tst_BitmapPicker::aClickChoosesWhatLiesUnderIt()
     QVERIFY(ObjectTextureRow::Read(textures, chosen).Bounds().contains(pixel));
     // The page shows the row as after a click on it.
     QCOMPARE(w.f.find<QLineEdit>("txtTextureNo")->text(), textures.text(chosen));
-    QVERIFY2(w.status().contains(QStringLiteral("textures ")) && w.status().contains(textures.text(chosen)),
+    QVERIFY2(w.status().contains(QStringLiteral("texture")) && w.status().contains(textures.text(chosen)),
              qPrintable(w.status()));
 
     // Every texture under the pixel is reached by clicking again.
     QSet<int> reached{chosen};
-    const int listed = int(w.status().section(QStringLiteral("textures "), 1).section(QLatin1Char(';'), 0, 0)
-                               .split(QStringLiteral(", ")).size());
+    const int listed = int(w.status().section(QStringLiteral("texture"), 1).section(QLatin1Char(' '), 1)
+                               .section(QLatin1Char(';'), 0, 0).split(QStringLiteral(", ")).size());
     for (int i = 1; i < listed; ++i) {
         w.clickBitmap(pixel);
         reached.insert(textures.selectedRow());

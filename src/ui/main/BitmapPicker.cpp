@@ -127,8 +127,10 @@ QString BitmapPicker::CoveringText(int x, int y, const QList<int>& textures, con
         return tr("%1: no texture or sprite covers it.").arg(where);
     QStringList parts;
     if (!textures.isEmpty())
-        parts << tr("textures %1").arg(RowNumbers(m_state.views.lsvTextures, textures));
+        parts << (textures.size() == 1 ? tr("texture %1") : tr("textures %1"))
+                     .arg(RowNumbers(m_state.views.lsvTextures, textures));
     if (!sprites.isEmpty())
-        parts << tr("sprites %1").arg(RowNumbers(m_state.views.lsvSprites, sprites));
+        parts << (sprites.size() == 1 ? tr("sprite %1") : tr("sprites %1"))
+                     .arg(RowNumbers(m_state.views.lsvSprites, sprites));
     return tr("%1: %2.").arg(where, parts.join(QStringLiteral("; ")));
 }
