@@ -3,6 +3,7 @@
 #include "ui/main/frmMain.h"
 #include "ui_frmMain.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
 #include <QSplitter>
@@ -25,6 +26,47 @@ void SizeForLargestPage(QWidget& host)
         largest = largest.expandedTo(page->minimumSizeHint());
     host.setMinimumSize(largest);
 }
+
+// When the window is resized, the page column gets what its page needs
+// first, as far as the bitmap's own minimum allows; the bitmap takes the
+// rest. A handle the user drags stays where it is put until the next resize.
+class PagesFirst : public QObject
+{
+public:
+    PagesFirst(QSplitter& splitter, QWidget& bitmapSide, QWidget& pageSide)
+        : QObject(&splitter)
+        , m_splitter(splitter)
+        , m_bitmapSide(bitmapSide)
+        , m_pageSide(pageSide)
+    {
+        splitter.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        // After the splitter has shared out the new size itself.
+        if (watched == &m_splitter && event->type() == QEvent::Resize)
+            QMetaObject::invokeMethod(this, [this] { GiveThePageItsRoom(); }, Qt::QueuedConnection);
+        return false;
+    }
+
+private:
+    void GiveThePageItsRoom()
+    {
+        const QList<int> sizes = m_splitter.sizes();
+        if (sizes.size() != 2)
+            return;
+        const int total = sizes[0] + sizes[1];
+        const int bitmapLeast = m_bitmapSide.minimumSizeHint().width();
+        const int wanted = qMax(sizes[1], qMin(m_pageSide.maximumWidth(), total - bitmapLeast));
+        if (wanted != sizes[1])
+            m_splitter.setSizes({total - wanted, wanted});
+    }
+
+    QSplitter& m_splitter;
+    QWidget& m_bitmapSide;
+    QWidget& m_pageSide;
+};
 
 } // namespace
 
@@ -49,4 +91,5 @@ void WindowLayout::Settle(frmMain& window)
     ui.pageSide->setMaximumWidth(ui.pageHost->minimumWidth() + scrollBar + 2);
     ui.splitter->setStretchFactor(0, 1);
     ui.splitter->setStretchFactor(1, 1);
+    new PagesFirst(*ui.splitter, *ui.bitmapSide, *ui.pageSide);
 }

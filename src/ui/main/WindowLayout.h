@@ -5,7 +5,8 @@ class frmMain;
 // How the main window holds together from 800 x 600 to 2560 x 1440: the
 // numbers of the bitmap's frames keep room for five digits, the page column
 // is as large as its largest page (so switching pages moves nothing) and
-// scrolls when the window is smaller, and the bitmap takes the extra room.
+// scrolls when the window is smaller; the pages get their room before the
+// bitmap does, and the bitmap takes all that is left.
 class WindowLayout
 {
 public:
