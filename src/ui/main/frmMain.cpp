@@ -714,7 +714,8 @@ void frmMain::OpenDroppedFile(const QString& path)
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!DroppedFile::LocalFile(event->mimeData()).isEmpty())
+    // Only what can be opened is taken: anything else shows the no-drop cursor.
+    if (DroppedFile::KindOf(DroppedFile::LocalFile(event->mimeData())) != DroppedFile::Kind::None)
         event->acceptProposedAction();
 }
 
