@@ -34,6 +34,8 @@ private slots:
     void aClickWhileEnteringChoosesNothing();
     void drawShowsItsOutlines_data();
     void drawShowsItsOutlines();
+    void drawOfARangeOrSequenceShowsIt_data();
+    void drawOfARangeOrSequenceShowsIt();
     void checklistCommandsTickManyRows_data();
     void checklistCommandsTickManyRows();
 
@@ -220,6 +222,33 @@ void tst_BitmapPicker::drawShowsItsOutlines()
     QTest::mouseClick(w.f.window->findChild<QPushButton*>(draw), Qt::LeftButton);
     QCOMPARE(w.view()->VScroll1()->value() > 0, scrolls);
     QVERIFY(w.f.window->state().IsAnyOutlineInView());
+}
+
+void tst_BitmapPicker::drawOfARangeOrSequenceShowsIt_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<QString>("draw");
+    // The demo's second range is in tile 1, its sequences' sprites in tile 2.
+    QTest::newRow("range") << 2 << "lsvAnims" << "cmdDrawAnim";
+    QTest::newRow("sequence") << 4 << "lsvSequences" << "cmdDrawSeq";
+}
+
+void tst_BitmapPicker::drawOfARangeOrSequenceShowsIt()
+{
+    QFETCH(int, tab);
+    QFETCH(QString, list);
+    QFETCH(QString, draw);
+    Window w;
+    // Only the frames of the chosen row are ticked for drawing.
+    w.f.window->objectPage().findChild<DrawChecklist*>()->UntickAll();
+    w.f.window->spritePage().findChild<DrawChecklist*>()->UntickAll();
+    w.f.window->ShowPage(tab);
+    UserActions::ClickRow(w.f.window->findChild<ListView*>(list), 1);
+    w.view()->VScroll1()->setValue(0);
+    QTest::mouseClick(w.f.window->findChild<QPushButton*>(draw), Qt::LeftButton);
+    QVERIFY(w.f.window->state().IsAnyOutlineInView());
+    QVERIFY(w.view()->VScroll1()->value() > 0);
 }
 
 void tst_BitmapPicker::checklistCommandsTickManyRows_data()
