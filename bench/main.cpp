@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QStandardPaths>
 #include <QStringList>
 
 #include <cmath>
@@ -39,6 +40,9 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    // The windows it opens remember lists and folders: in Qt's test
+    // folders, never in the user's settings.
+    QStandardPaths::setTestModeEnabled(true);
     const QStringList wanted = app.arguments().mid(1);
     QStringList unknown = wanted;
     const auto figures = allBenchFigures();

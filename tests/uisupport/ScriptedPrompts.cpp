@@ -1,5 +1,25 @@
 #include "uisupport/ScriptedPrompts.h"
 
+#include "ui/common/EditorSettings.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QStandardPaths>
+
+namespace {
+
+// Every editor test reads and writes settings of its own, in Qt's test
+// folders, and starts from none: never the user's.
+void UseTestSettings()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QFile::remove(EditorSettings::DefaultFileName());
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(UseTestSettings)
+
 #include <QDialog>
 
 int ScriptedPrompts::MsgBox(const QString& text, int style, const QString& title)

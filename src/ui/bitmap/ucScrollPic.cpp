@@ -63,6 +63,7 @@ void ucScrollPic::NoPicture()
     m_canvas->setImage({});
     m_canvas->clearShapes();
     m_canvas->clearEditOutline();
+    ClearHighlight();
     m_hasPicture = false;
     m_pictureWidth = 0;
     m_pictureHeight = 0;
@@ -131,6 +132,26 @@ void ucScrollPic::ShowArea(int X1, int Y1, int X2, int Y2)
     // The bars clamp what lies beyond the picture's edges.
     m_hScroll->setValue(area.center().x() - view.width() / 2);
     m_vScroll->setValue(area.center().y() - view.height() / 2);
+}
+
+void ucScrollPic::SetHighlight(const QPolygon& bitmapCorners, const QColor& color)
+{
+    m_canvas->setHighlight(bitmapCorners, color);
+}
+
+void ucScrollPic::ClearHighlight()
+{
+    m_canvas->setHighlight({}, {});
+}
+
+QPolygon ucScrollPic::Highlight() const
+{
+    return m_canvas->highlight();
+}
+
+QRect ucScrollPic::VisibleArea() const
+{
+    return QRect(m_canvas->offset(), m_canvas->size());
 }
 
 int ucScrollPic::ScrollMax(int pictureExtent, int viewportExtent, int otherBarThickness)
@@ -237,6 +258,9 @@ void ucScrollPic::OnLeftReleased(QPointF point)
         return;
     m_selecting = false;
     emit MouseSelect(SelectStartX, SelectStartY, float(point.x()), float(point.y()));
+    // A hand that shakes by a pixel or two still clicks.
+    if (std::abs(point.x() - SelectStartX) <= 2 && std::abs(point.y() - SelectStartY) <= 2)
+        emit Clicked(int(std::floor(SelectStartX / m_zoomFactor)), int(std::floor(SelectStartY / m_zoomFactor)));
 }
 
 void ucScrollPic::OnWheel(QPoint angleDelta, Qt::KeyboardModifiers modifiers)

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPolygon>
+#include <QRect>
 #include <QString>
 #include <QWidget>
 
@@ -53,6 +54,14 @@ public:
     // and redraws until it is cleared or the picture goes.
     void DrawEditOutline(const QPolygon& bitmapCorners, const QColor& Color);
     void ClearEditOutline();
+    // Outlines a chosen row in bitmap pixels: two opposite corners of a
+    // rectangle, or a triangle's three corners. It keeps its place through
+    // zooms and reloads; a new one replaces it, NoPicture removes it.
+    void SetHighlight(const QPolygon& bitmapCorners, const QColor& color);
+    void ClearHighlight();
+    QPolygon Highlight() const;
+    // The part of the zoomed picture the viewport shows.
+    QRect VisibleArea() const;
     // Scrolls a rectangle in zoomed picture coordinates into the middle of
     // the view, as far as the picture allows; one already in view stays put.
     void ShowArea(int X1, int Y1, int X2, int Y2);
@@ -70,6 +79,8 @@ signals:
     void Change(int X, int Y);
     void MousePos(float X, float Y);
     void MouseSelect(float X1, float Y1, float X2, float Y2);
+    // The left button went down and up on the same spot: the bitmap pixel.
+    void Clicked(int X, int Y);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

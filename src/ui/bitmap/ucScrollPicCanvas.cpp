@@ -115,6 +115,32 @@ QRect ucScrollPicCanvas::editOutlineBounds() const
     if (m_editOutline.isEmpty())
         return {};
     return zoomedEditOutline().boundingRect().adjusted(-1, -1, 1, 1).translated(-m_offset);
+void ucScrollPicCanvas::setHighlight(const QPolygon& bitmapOutline, const QColor& color)
+{
+    m_highlight = bitmapOutline;
+    m_highlightColor = color;
+    update();
+}
+
+void ucScrollPicCanvas::paintHighlight(QPainter& painter) const
+{
+    if (m_highlight.size() < 2)
+        return;
+    const int zoom = m_zoom;
+    // A rectangle's outline runs through its corner pixels, as the drawn
+    // outlines do; a triangle's sides join its corner pixels.
+    if (m_highlight.size() == 2) {
+        paintContour(painter, Spanning(m_highlight[0] * zoom, m_highlight[1] * zoom), m_highlightColor);
+        return;
+    }
+    QPolygon zoomed;
+    for (const QPoint& corner : m_highlight)
+        zoomed << corner * zoom;
+    painter.save();
+    painter.setPen(QPen(m_highlightColor, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolygon(zoomed);
+    painter.restore();
 }
 
 void ucScrollPicCanvas::paintEvent(QPaintEvent* event)
@@ -137,6 +163,8 @@ void ucScrollPicCanvas::paintView(QPainter& painter, const QRect& area) const
     paintShapes(painter, visible);
     if (!m_selection.isNull() && visible.intersects(m_selection.adjusted(-1, -1, 1, 1)))
         paintContour(painter, m_selection, m_selectionColor);
+    // The chosen row under the texture being edited, which is drawn last.
+    paintHighlight(painter);
     paintEditOutline(painter);
     painter.restore();
 }

@@ -52,6 +52,11 @@ public:
     // The rectangle whose outline runs through both corner pixels.
     static QRect Spanning(QPoint a, QPoint b);
     QRect selection() const { return m_selection; }
+    // The chosen row's outline, in bitmap pixels: it follows the zoom and
+    // outlives reloads, until it is replaced or cleared.
+    void setHighlight(const QPolygon& bitmapOutline, const QColor& color);
+    QPolygon highlight() const { return m_highlight; }
+    QColor highlightColor() const { return m_highlightColor; }
     QColor selectionColor() const { return m_selectionColor; }
     const std::vector<Shape>& shapes() const { return m_shapes; }
 
@@ -84,6 +89,7 @@ private:
     QPointF picturePoint(QPointF widgetPoint) const { return widgetPoint + m_offset; }
     void paintBitmap(QPainter& painter, const QRect& visible) const;
     void paintShapes(QPainter& painter, const QRect& visible) const;
+    void paintHighlight(QPainter& painter) const;
     static void paintContour(QPainter& painter, const QRect& rectangle, const QColor& color);
     void paintEditOutline(QPainter& painter) const;
     QPolygon zoomedEditOutline() const;
@@ -100,6 +106,8 @@ private:
     std::vector<Shape> m_shapes;
     std::vector<std::vector<int>> m_bands;
     QRect m_selection;
+    QPolygon m_highlight;
+    QColor m_highlightColor;
     QColor m_selectionColor;
     QPolygon m_editOutline;
     QColor m_editOutlineColor;

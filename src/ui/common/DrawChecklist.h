@@ -12,6 +12,8 @@ class ListViewModel;
 // user's own. "None" and "All" are a pair of markers that exclude each other;
 // ticking or unticking any other row unticks both and leaves the row as the
 // user set it. The numbered rows are never changed by the markers.
+// Its context menu ticks every numbered row, none, or only the selected
+// ones; like any tick of a numbered row, each unticks both markers.
 class DrawChecklist : public QObject
 {
     Q_OBJECT
@@ -23,10 +25,21 @@ public:
     // when the list has no such row.
     QStringList TickedKeys() const;
 
+public slots:
+    // The context menu's commands.
+    void TickAll();
+    void UntickAll();
+    void TickSelectedOnly();
+
 private:
     void OnCheckChanged(int row);
+    void ShowMenu(const QPoint& position);
+    // Ticks the numbered rows for which ticked(row) holds, unticks the others.
+    template <typename Rule> void TickWhere(Rule ticked);
+
     void MarkPair(bool noneTicked);
 
+    ListView& m_view;
     ListViewModel& m_rows;
     bool m_userClick = false;
 };

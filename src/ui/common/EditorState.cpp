@@ -88,16 +88,39 @@ void EditorState::DrawOutlineRow(const ListViewModel& drawList, int row, int zoo
     }
 }
 
+namespace {
+
+QRect OutlineArea(const ListViewModel& drawList, int row, int zoom)
+{
+    QRect area;
+    for (const QPoint corner : OutlineCorners(drawList, row, zoom))
+        area |= QRect(corner, QSize(1, 1));
+    return area;
+}
+
+} // namespace
+
+bool EditorState::IsAnyOutlineInView() const
+{
+    const QRect visible = m_picture->VisibleArea();
+    const int zoom = m_picture->ZoomFactor();
+    for (const ListViewModel* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
+        for (int row = 0; row < list->count(); ++row) {
+            if (OutlineArea(*list, row, zoom).intersects(visible))
+                return true;
+        }
+    }
+    return false;
+}
+
 void EditorState::ShowFirstOutline()
 {
-    if (!m_picture || !m_picture->HasPicture())
+    if (!m_picture || !m_picture->HasPicture() || IsAnyOutlineInView())
         return;
     for (const ListViewModel* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
         if (list->count() == 0)
             continue;
-        QRect area;
-        for (const QPoint corner : OutlineCorners(*list, 0, m_picture->ZoomFactor()))
-            area |= QRect(corner, QSize(1, 1));
+        const QRect area = OutlineArea(*list, 0, m_picture->ZoomFactor());
         if (!area.isNull())
             m_picture->ShowArea(area.left(), area.top(), area.right(), area.bottom());
         return;

@@ -69,8 +69,10 @@ public:
     // with its number in the middle.
     void DrawOutlineRow(const ListViewModel& drawList, int row, int zoom);
     // Scrolls the bitmap to the first outline of the draw lists, textures
-    // before sprites; with none, leaves the view where it is.
+    // before sprites, when none of them is in view; with none, leaves the
+    // view where it is.
     void ShowFirstOutline();
+    bool IsAnyOutlineInView() const;
     // Adds the texture (sprite) rows named by keys to lsvDrawList
     // (lsvSpriteDrawLisr); a key that names no row adds nothing.
     void AppendTextureOutlines(const QStringList& keys);

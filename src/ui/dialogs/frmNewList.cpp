@@ -59,9 +59,13 @@ void frmNewList::cmdList_Click()
 
 void frmNewList::cmdLevelFile_Click()
 {
-    const QString level = m_prompts.GetFileName(FileRequests::OpenLevel());
-    m_ui->txtLevelFile->setText(level);
-    m_dataFromLevel = !level.isEmpty();
+    SetLevelFile(m_prompts.GetFileName(FileRequests::OpenLevel()));
+}
+
+void frmNewList::SetLevelFile(const QString& path)
+{
+    m_ui->txtLevelFile->setText(path);
+    m_dataFromLevel = !path.isEmpty();
     m_ui->cmdBitmapFromLevel->setEnabled(m_dataFromLevel);
 }
 

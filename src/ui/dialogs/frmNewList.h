@@ -28,6 +28,8 @@ public:
 
     // Puts a bitmap path into the bitmap box, as a choice of the user's.
     void SetBitmapFile(const QString& path);
+    // Puts a level path into the level box, as if chosen with its button.
+    void SetLevelFile(const QString& path);
 
     Ui::frmNewList& ui() const { return *m_ui; }
 

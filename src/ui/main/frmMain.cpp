@@ -2,6 +2,14 @@
 
 #include "ui/animation/AnimationPage.h"
 #include "ui/main/AssignmentPage.h"
+#include "ui/main/BitmapPicker.h"
+#include "ui/main/DroppedFile.h"
+#include "ui/main/RecentListsMenu.h"
+#include "ui/main/WindowLayout.h"
+#include "ui/main/WindowShortcuts.h"
+#include "ui/about/HelpWindow.h"
+#include "ui/common/EditorSettings.h"
+#include "ui/common/FolderMemoryPrompts.h"
 #include "common/BitmapSelection.h"
 #include "ui/common/BusyCursor.h"
 #include "level/C_LevelInfo.h"
@@ -23,12 +31,17 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QTabBar>
+#include <QTimer>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -49,6 +62,9 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
         m_ownPrompts = std::make_unique<QtPromptService>(this);
         prompts = m_ownPrompts.get();
     }
+    m_settings = std::make_unique<EditorSettings>();
+    m_folderPrompts = std::make_unique<FolderMemoryPrompts>(*prompts, *m_settings, [this] { return LevelFolder(); });
+    prompts = m_folderPrompts.get();
     m_state = std::make_unique<EditorState>(*prompts);
     m_state->setPicture(m_ui->ucScrollPic1);
     CreatePages();
@@ -61,6 +77,7 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
     connect(m_ui->ucScrollPic1, &ucScrollPic::MousePos, this, &frmMain::ucScrollPic1_MousePos);
     connect(m_ui->ucScrollPic1, &ucScrollPic::MouseSelect, this, &frmMain::ucScrollPic1_MouseSelect);
     Form_Load();
+    SetUpHabits();
 }
 
 frmMain::~frmMain() = default;
@@ -129,8 +146,6 @@ void frmMain::Form_Load()
         page->ResetPage();
     ShowPage(1);
     EnableDocumentMenus(false);
-    m_ui->splitter->setStretchFactor(0, 1); // a larger window widens the bitmap and the pages alike
-    m_ui->splitter->setStretchFactor(1, 1);
     m_ui->splitter->setSizes({430, 600});
 }
 
@@ -181,7 +196,7 @@ void frmMain::Status(const QString& message)
 
 QString frmMain::GetListFileName(bool IsOpen)
 {
-    return m_state->prompts().GetFileName(FileRequests::MainListFile(IsOpen, QCoreApplication::applicationDirPath()));
+    return m_state->prompts().GetFileName(FileRequests::MainListFile(IsOpen, QString()));
 }
 
 bool frmMain::LoadList(bool IsNew)
@@ -226,6 +241,7 @@ bool frmMain::LoadList(bool IsNew)
     m_ui->lblListFile->setText(Native(s.ListFileName));
     s.ListVersion = m_listInfo->Version();
     s.SetDirty(false);
+    ShowDocumentInTitle();
     return true;
 }
 
@@ -233,6 +249,8 @@ void frmMain::mnuFileNewList_Click()
 {
     EditorState& s = *m_state;
     frmNewList form(s.prompts(), this);
+    if (!m_droppedLevel.isEmpty())
+        form.SetLevelFile(std::exchange(m_droppedLevel, QString()));
     s.prompts().ShowModal(form);
     if (form.IsCancelled())
         return;
@@ -375,6 +393,7 @@ void frmMain::mnuFileCloseList_Click()
     m_ui->lblLevelFile->clear();
     for (EditorPage* page : m_pages)
         page->ListClosed();
+    ShowDocumentInTitle();
     Status(tr("The list was closed."));
 }
 
@@ -436,6 +455,7 @@ void frmMain::mnuFileSaveAsList_Click()
     s.ListFileName = name;
     m_ui->lblListFile->setText(Native(name));
     s.SetDirty(false);
+    ShowDocumentInTitle();
     Status(tr("Saved %1.").arg(Native(name)));
 }
 
@@ -459,6 +479,7 @@ void frmMain::mnuFileExit_Click()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
+    RememberWindow();
     PromptSaveChanges();
     event->accept();
 }
@@ -597,12 +618,113 @@ void frmMain::mnuListInser_Click()
 
 void frmMain::mnuHelpHelp_Click()
 {
-    m_state->prompts().MsgBox(QStringLiteral("Not implemented yet. Read the various text files included in the Install."),
-                              IPromptService::vbOKOnly);
+    if (!m_helpWindow)
+        m_helpWindow = new HelpWindow(this);
+    m_helpWindow->show();
+    m_helpWindow->raise();
+    m_helpWindow->activateWindow();
 }
 
 void frmMain::mnuHelpAbout_Click()
 {
     frmAbout form(m_state->prompts(), this);
     m_state->prompts().ShowModal(form);
+}
+
+// --- Habits of a desktop editor ---
+
+void frmMain::SetUpHabits()
+{
+    m_recentMenu = new RecentListsMenu(*m_settings, m_ui->mnuFile);
+    m_ui->mnuFile->insertMenu(m_ui->mnuFileCloseList, m_recentMenu);
+    connect(m_recentMenu, &RecentListsMenu::ListChosen, this, &frmMain::OpenRecentList);
+    WindowShortcuts::Install(*this);
+    WindowLayout::Settle(*this);
+    m_picker = new BitmapPicker(*this);
+    connect(m_state.get(), &EditorState::dirtyChanged, this, &frmMain::setWindowModified);
+    setAcceptDrops(true);
+    ShowDocumentInTitle();
+    RestoreWindow();
+}
+
+void frmMain::RestoreWindow()
+{
+    // restoreGeometry and restoreState refuse what they cannot read.
+    const QByteArray geometry = m_settings->WindowGeometry();
+    if (!geometry.isEmpty())
+        restoreGeometry(geometry);
+    const QByteArray splitter = m_settings->SplitterState();
+    if (!splitter.isEmpty())
+        m_ui->splitter->restoreState(splitter);
+}
+
+void frmMain::RememberWindow()
+{
+    m_settings->SetWindowGeometry(saveGeometry());
+    m_settings->SetSplitterState(m_ui->splitter->saveState());
+}
+
+void frmMain::ShowDocumentInTitle()
+{
+    const EditorState& s = *m_state;
+    const bool open = m_listInfo && !s.ListFileName.isEmpty();
+    // "[*]" is where the modified mark goes.
+    setWindowTitle(open ? QStringLiteral("%1[*] \u2014 Brindle").arg(QFileInfo(s.ListFileName).fileName())
+                        : QStringLiteral("Brindle[*]"));
+    setWindowModified(open && s.IsDirty);
+    if (!open)
+        return;
+    m_settings->AddRecentList(s.ListFileName);
+    m_recentMenu->Refresh();
+}
+
+QString frmMain::LevelFolder() const
+{
+    const QString level = m_state ? m_state->LevelFileName : QString();
+    return level.isEmpty() ? QString() : QFileInfo(level).absolutePath();
+}
+
+void frmMain::OpenRecentList(const QString& path)
+{
+    if (!QFileInfo(path).isFile()) {
+        m_settings->RemoveRecentList(path);
+        m_recentMenu->Refresh();
+        Status(tr("The list %1 no longer exists; it was removed from Recent Lists.").arg(Native(path)));
+        return;
+    }
+    OpenList(path);
+}
+
+void frmMain::OpenDroppedFile(const QString& path)
+{
+    switch (DroppedFile::KindOf(path)) {
+    case DroppedFile::Kind::List:
+        OpenList(path);
+        break;
+    case DroppedFile::Kind::Level:
+        m_droppedLevel = path;
+        mnuFileNewList_Click();
+        m_droppedLevel.clear();
+        break;
+    case DroppedFile::Kind::None:
+        Status(tr("%1 is neither a texture list nor a TR 2 or TR 3 level: nothing was opened.").arg(Native(path)));
+        break;
+    }
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event)
+{
+    // Only what can be opened is taken: anything else shows the no-drop cursor.
+    if (DroppedFile::KindOf(DroppedFile::LocalFile(event->mimeData())) != DroppedFile::Kind::None)
+        event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event)
+{
+    const QString path = DroppedFile::LocalFile(event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // The drag's source waits for the drop to end: the file opens after.
+    QTimer::singleShot(0, this, [this, path] { OpenDroppedFile(path); });
 }

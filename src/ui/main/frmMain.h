@@ -6,6 +6,11 @@
 
 class AnimationPage;
 class AssignmentPage;
+class BitmapPicker;
+class EditorSettings;
+class FolderMemoryPrompts;
+class HelpWindow;
+class RecentListsMenu;
 class C_ListInfo;
 class EditorPage;
 class EditorState;
@@ -45,6 +50,17 @@ public:
     // Opens a list file as Open List does after its dialog (the command line's list).
     void OpenList(const QString& name);
 
+    // What the window remembers between runs, and what it made of it.
+    EditorSettings& settings() const { return *m_settings; }
+    RecentListsMenu& recentMenu() const { return *m_recentMenu; }
+    BitmapPicker& picker() const { return *m_picker; }
+    // The help window once Help has been chosen; null before.
+    HelpWindow* helpWindow() const { return m_helpWindow; }
+    // A recent list chosen from the menu: opened, or removed when it is gone.
+    void OpenRecentList(const QString& path);
+    // A file dropped on the window: a list opens, a level starts New List.
+    void OpenDroppedFile(const QString& path);
+
     // Menu commands.
     void mnuFileNewList_Click();
     void mnuFileOpen_Click();
@@ -68,9 +84,18 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void Form_Load();
+    // Settings, recent lists, shortcuts, drops and the bitmap's mouse.
+    void SetUpHabits();
+    void RestoreWindow();
+    void RememberWindow();
+    // The title names the open list; the modified mark follows its edits.
+    void ShowDocumentInTitle();
+    QString LevelFolder() const;
     // The separators are captioned "-" but show a bare line.
     void DrawSeparatorsAsLines();
     void ConnectMenus();
@@ -97,6 +122,8 @@ private:
 
     std::unique_ptr<Ui::frmMain> m_ui;
     std::unique_ptr<QtPromptService> m_ownPrompts;
+    std::unique_ptr<EditorSettings> m_settings;
+    std::unique_ptr<FolderMemoryPrompts> m_folderPrompts;
     std::unique_ptr<EditorState> m_state;
     std::unique_ptr<C_ListInfo> m_listInfo;
     ObjectTexturePage* m_objectPage = nullptr;
@@ -106,4 +133,9 @@ private:
     AssignmentPage* m_assignmentPage = nullptr;
     QList<EditorPage*> m_pages;
     QTabBar* m_tbsStrip = nullptr;
+    RecentListsMenu* m_recentMenu = nullptr;
+    BitmapPicker* m_picker = nullptr;
+    HelpWindow* m_helpWindow = nullptr;
+    // A level dropped on the window, for the New List it starts.
+    QString m_droppedLevel;
 };

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+
+class EditorState;
+class ListView;
+class ListViewModel;
+class QTabBar;
+class frmMain;
+class ucScrollPic;
+
+// Ties the bitmap to the complete texture and sprite lists. A row chosen in
+// either list is outlined in the selection colour and scrolled into view. A
+// click on the bitmap, while no texture or sprite is being added or edited,
+// chooses the topmost texture under the pointer (the topmost sprite on the
+// sprite pages), as if its row had been clicked, and the status bar names
+// every texture and sprite covering that pixel. Draw on any page scrolls to
+// the first outline when none of them is in view.
+class BitmapPicker : public QObject
+{
+    Q_OBJECT
+
+public:
+    static inline const QColor SelectionColor = QColor(0, 220, 255);
+
+    explicit BitmapPicker(frmMain& window);
+
+    // A click at a bitmap pixel, as the view reports it.
+    void PickAt(int x, int y);
+    // True while a page's Add or Edit reads "Accept": a drag on the bitmap
+    // then belongs to that page.
+    bool IsEntering() const;
+
+private:
+    enum class Kind { Texture, Sprite };
+    void ConnectList(ListViewModel& rows, Kind kind);
+    void OutlineChosen(Kind kind);
+    bool OnSpritePages() const;
+    QString CoveringText(int x, int y, const QList<int>& textures, const QList<int>& sprites) const;
+
+    frmMain& m_window;
+    EditorState& m_state;
+    ucScrollPic& m_view;
+    ListView* m_textures;
+    ListView* m_sprites;
+    Kind m_outlined = Kind::Texture;
+};

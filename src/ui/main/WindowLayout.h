@@ -1,0 +1,17 @@
+#pragma once
+
+class frmMain;
+
+// How the main window holds together from 800 x 600 to 2560 x 1440: the
+// numbers of the bitmap's frames keep room for five digits, the page column
+// is as large as its largest page (so switching pages moves nothing) and
+// scrolls when the window is smaller; the pages get their room before the
+// bitmap does, and the bitmap takes all that is left.
+class WindowLayout
+{
+public:
+    static void Settle(frmMain& window);
+
+    // The widest text a number label of the window must show whole.
+    static constexpr const char* WidestNumber = "32768";
+};
