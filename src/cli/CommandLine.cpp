@@ -42,10 +42,15 @@ QString CommandLine::usage()
         "3 the list's version differs from the level's (nothing written).\n");
 }
 
-int CommandLine::fail(Exit status, const QString& file, const QString& cause)
+int CommandLine::fail(Exit status, const FileError& error)
 {
-    m_err << "brindle-cli: " << file << ": " << cause << Qt::endl;
+    m_err << "brindle-cli: " << error.text() << Qt::endl;
     return status;
+}
+
+void CommandLine::note(const QString& text)
+{
+    m_err << "brindle-cli: note: " << text << Qt::endl;
 }
 
 int CommandLine::usageError(const QString& message)

@@ -264,7 +264,8 @@ private slots:
         const Run json = cli({"usage", level, "--json"});
         QCOMPARE(json.exitCode, 0);
         const QJsonObject lists = json.json();
-        QCOMPARE(lists.keys(), (QStringList{"objects", "polygons", "sprites", "unused"}));
+        QCOMPARE(lists.keys(), (QStringList{"complete", "objects", "polygons", "sprites", "unused"}));
+        QCOMPARE(lists.value(QStringLiteral("complete")), QJsonValue(true));
         QCOMPARE(lists.value(QStringLiteral("polygons")).toArray(), (QJsonArray{1, 2, 3}));
         QCOMPARE(lists.value(QStringLiteral("objects")).toArray(), (QJsonArray{5, 6}));
         QCOMPARE(lists.value(QStringLiteral("sprites")).toArray(), (QJsonArray{0, 4}));

@@ -146,7 +146,7 @@ private slots:
         QTest::newRow("level cut short") << "truncated-level" << Status::LevelUnusable << "followed to its end";
         QTest::newRow("room overflows") << "overflowing-room" << Status::LevelUnusable << "followed to its end";
         QTest::newRow("negative object textures") << "negative-objects" << Status::LevelUnusable
-                                                  << "level.tr2: the level's NumberObjectTexture is negative (-1)";
+                                                  << "level.tr2: cannot receive the list: the level's NumberObjectTexture is negative (-1)";
         QTest::newRow("negative sequences") << "negative-sequences" << Status::LevelUnusable
                                             << "NumberSpriteSequence is negative (-3)";
         QTest::newRow("list cut short") << "truncated-list" << Status::ListTruncated << "run past the end";
