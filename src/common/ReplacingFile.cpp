@@ -92,8 +92,9 @@ bool ReplacingFile::resolveTarget()
         return true;
     const QFileInfo info(m_target);
     m_targetPermissions = info.permissions();
-    const bool noWriteBit =
-        !(m_targetPermissions & (QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther));
+    // The file's own bits, not what this user may do: the superuser may
+    // write anything, yet a file nobody may write is meant to stay as it is.
+    const bool noWriteBit = !(m_targetPermissions & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
     if (noWriteBit || !info.isWritable())
         return failWith(QStringLiteral("is write-protected"));
     return true;

@@ -47,21 +47,25 @@ void removeTemporaries(int signal)
     ::raise(signal);
 }
 
-void installHandlersOnce()
+// Installed when a name is kept rather than once: whoever set a handler of
+// their own since (a test harness, a toolkit) is then chained to, not lost.
+void installHandlers()
 {
-    static std::once_flag installed;
-    std::call_once(installed, [] {
-        struct sigaction action {};
-        action.sa_handler = removeTemporaries;
-        sigemptyset(&action.sa_mask);
-        action.sa_flags = SA_RESETHAND;
-        for (size_t i = 0; i < std::size(GuardedSignals); ++i) {
-            ::sigaction(GuardedSignals[i], nullptr, &g_previous[i]);
-            // A signal the process ignores ends nothing: leave it ignored.
-            if (g_previous[i].sa_handler != SIG_IGN)
-                ::sigaction(GuardedSignals[i], &action, nullptr);
-        }
-    });
+    static std::mutex installing;
+    const std::lock_guard lock(installing);
+    struct sigaction action {};
+    action.sa_handler = removeTemporaries;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESETHAND;
+    for (size_t i = 0; i < std::size(GuardedSignals); ++i) {
+        struct sigaction current {};
+        ::sigaction(GuardedSignals[i], nullptr, &current);
+        // A signal the process ignores ends nothing: leave it ignored.
+        if (current.sa_handler == removeTemporaries || current.sa_handler == SIG_IGN)
+            continue;
+        g_previous[i] = current;
+        ::sigaction(GuardedSignals[i], &action, nullptr);
+    }
 }
 #endif
 
@@ -73,7 +77,7 @@ TemporaryNameGuard::TemporaryNameGuard(const QString& path)
     if (name.size() >= qsizetype(NameCapacity))
         return;
 #ifdef Q_OS_UNIX
-    installHandlersOnce();
+    installHandlers();
 #endif
     for (int i = 0; i < SlotCount; ++i) {
         bool expected = false;
