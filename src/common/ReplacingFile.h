@@ -56,9 +56,6 @@ public:
     FileError error() const { return m_error; }
     QString errorString() const { return m_error.why(); }
 
-    // The file that is replaced: the path given, or what its links lead to.
-    QString targetPath() const { return m_target; }
-
 private:
     bool resolveTarget();
     bool createTemporary();

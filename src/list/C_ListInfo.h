@@ -85,7 +85,6 @@ public:
     int LevelFileNameLength() const { return m_levelFileNameLength; }
 
     QString FileName() const { return m_fileName; }
-    bool IsReady() const { return m_ready; }
     QString ErrorString() const { return m_error.why(); }
     FileError Error() const { return m_error; }
 
