@@ -156,6 +156,7 @@ private slots:
         QTest::newRow("usage unknown version") << QStringList{"usage", "{dir}/unknown.tr2"} << 2 << "";
 #ifdef Q_OS_UNIX
         QTest::newRow("info of a FIFO") << QStringList{"info", "{dir}/pipe"} << 2 << "";
+        QTest::newRow("info of a device") << QStringList{"info", "/dev/zero"} << 2 << "";
         QTest::newRow("usage of a FIFO") << QStringList{"usage", "{dir}/pipe"} << 2 << "";
         QTest::newRow("dump of a FIFO") << QStringList{"dump", "{dir}/pipe", "--json"} << 2 << "";
         QTest::newRow("extract with a FIFO for bitmap")
@@ -336,6 +337,37 @@ private slots:
         const Run text = cli({"usage", level});
         QCOMPARE(text.exitCode, 0);
         QCOMPARE(text.out, QByteArray("polygons (3): 1-3\nobjects (2): 5-6\nsprites (2): 0, 4\nunused (3): 0, 4, 7\n"));
+    }
+
+    // A list saved without animation ranges keeps a lone 0 word before its
+    // sprite table: dump and insert say what that does, in one line each.
+    void listsWithoutRangesAreExplained_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<int>("sprites");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QByteArray>("said");
+        QTest::newRow("dump, sprites behind the word") << "dump" << 3 << 0 << QByteArray("saved without animation ranges");
+        QTest::newRow("insert, sprites behind the word") << "insert" << 3 << 2 << QByteArray("saved without animation ranges");
+        QTest::newRow("insert, nothing behind the word") << "insert" << 0 << 0 << QByteArray("holds no word at all");
+    }
+
+    void listsWithoutRangesAreExplained()
+    {
+        QFETCH(QString, command);
+        QFETCH(int, sprites);
+        QFETCH(int, exitCode);
+        QFETCH(QByteArray, said);
+        const QString list = m_dir.filePath(QStringLiteral("no-ranges-%1.trt").arg(sprites));
+        ListViewSet views;
+        QCOMPARE(ListFixture::random(4, 0, 0, sprites, 0, 3).write(views, list, m_level), C_ListInfo::Success);
+        QStringList arguments{command, list};
+        if (command == QLatin1String("insert"))
+            arguments = QStringList{command, m_level, list, "-o", m_dir.filePath(QStringLiteral("no-ranges.tr2"))};
+        const Run run = cli(arguments);
+        QCOMPARE(run.exitCode, exitCode);
+        QCOMPARE(run.err.count('\n'), 1);
+        QVERIFY2(run.err.contains(said), run.err.constData());
     }
 
     // An extracted list put back gives the level again, beside it or where -o says.

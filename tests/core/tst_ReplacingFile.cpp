@@ -5,13 +5,16 @@
 #include <QDir>
 #include <QTest>
 
+#include <cerrno>
 #include <memory>
 
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#ifdef Q_OS_LINUX
 #include <sys/sysmacros.h>
+#endif
 #include <sys/wait.h>
 #include <unistd.h>
 #endif

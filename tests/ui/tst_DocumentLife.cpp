@@ -17,6 +17,8 @@
 #include <QStatusBar>
 #include <QTest>
 
+#include <cerrno>
+
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
 #include <sys/stat.h>
