@@ -1,5 +1,6 @@
 #include "common/FileError.h"
 
+#include <QDir>
 #include <QStringList>
 
 FileError::FileError(const QString& file, const QString& what, const QString& why)
@@ -44,7 +45,7 @@ QString FileError::text() const
     if (!failed())
         return {};
     QStringList parts;
-    for (const QString& part : {m_file, m_what, m_why}) {
+    for (const QString& part : {QDir::toNativeSeparators(m_file), m_what, m_why}) {
         if (!part.isEmpty())
             parts.append(part);
     }

@@ -27,7 +27,8 @@ public:
     QString why() const { return m_why; }
 
     // The one line a user reads, in the command-line tool and in the editor:
-    // "FILE: WHAT: WHY", without the parts that are empty.
+    // "FILE: WHAT: WHY", without the parts that are empty, the file named
+    // the way the system writes paths.
     QString text() const;
 
     friend bool operator==(const FileError&, const FileError&) = default;
