@@ -64,7 +64,8 @@ int UsageCommand::run(const QStringList& words)
         return m_cli.fail(CommandLine::InputUnreadable, error);
     // A level cut short still gives the lists its bytes held.
     if (!usage->complete)
-        m_cli.note(path + QStringLiteral(": ") + usage->partialNote());
+        m_cli.note(path + QStringLiteral(": ") + usage->partialNote()
+                   + QStringLiteral("; the lists hold only what its bytes held"));
 
     QTextStream& out = m_cli.out();
     const auto lists = namedLists(*usage);

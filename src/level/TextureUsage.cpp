@@ -139,15 +139,9 @@ QString TextureUsage::partialNote() const
 {
     if (complete)
         return {};
-    if (blocksEnd == 0) {
-        return QStringLiteral("its blocks could not be followed to their end (the file holds %1 bytes); "
-                              "the lists hold only what was reached")
-            .arg(levelLength);
-    }
-    return QStringLiteral("the level is cut short: it ends at byte %1, where its blocks run to byte %2; "
-                          "the lists hold only what its bytes held")
-        .arg(levelLength)
-        .arg(blocksEnd);
+    if (blocksEnd == 0)
+        return QStringLiteral("its blocks could not be followed to their end (it holds %1 bytes)").arg(levelLength);
+    return QStringLiteral("the level is cut short: it ends at byte %1 of %2").arg(levelLength).arg(blocksEnd);
 }
 
 std::optional<TextureUsage> TextureUsage::ofLevel(const QString& levelPath, FileError* error)

@@ -32,7 +32,7 @@ public:
     qint64 levelLength = 0; // the bytes the level holds
     qint64 blocksEnd = 0;   // where its blocks end; 0 when they could not be followed
 
-    // Where a partial level ends, in one clause; "" for a complete one.
+    // Where a partial level ends, in one short clause; "" for a complete one.
     QString partialNote() const;
 
     // The usage of the level at levelPath, which is only read; nothing, with

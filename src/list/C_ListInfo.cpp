@@ -226,8 +226,8 @@ QString C_ListInfo::LoneWordNotice() const
 {
     if (!m_tablesFollowLoneWord)
         return {};
-    return QStringLiteral("the list was saved without animation ranges, so its sprite table starts 2 bytes "
-                          "after where its counts place it: its sprite textures and sequences are not read");
+    return QStringLiteral("it was saved without animation ranges: its sprite and sequence tables lie 2 bytes "
+                          "past where its counts say and are not read");
 }
 
 qint16 C_ListInfo::GetAllListContents()

@@ -89,7 +89,7 @@ void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy_data()
     QTest::newRow("level is a FIFO") << "pipe.tr2" << "is a FIFO, not a regular file" << false;
 #endif
     // What the bytes held is shown, and the status bar says it is partial.
-    QTest::newRow("level cut short") << "cut.tr2" << "Partial usage, the level is cut short: it ends at byte" << true;
+    QTest::newRow("level cut short") << "cut.tr2" << "(partial: the level is cut short: it ends at byte" << true;
 }
 
 void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy()

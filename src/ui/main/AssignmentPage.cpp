@@ -79,14 +79,15 @@ void AssignmentPage::FindUsage()
     Fill(m_lsvMesh, usage->objects, QStringLiteral("M"));
     Fill(m_lsvSprite, usage->sprites, QStringLiteral("S"));
     Fill(m_lsvNotAssign, usage->unused, QStringLiteral("N"));
-    const QString found = tr("Usage of %1: %2 textures on polygons, %3 on objects, %4 sprites, %5 not assigned.")
-                              .arg(QDir::toNativeSeparators(level))
-                              .arg(usage->polygons.size())
-                              .arg(usage->objects.size())
-                              .arg(usage->sprites.size())
-                              .arg(usage->unused.size());
     // A level cut short still shows what its bytes held, and says so.
-    m_state.ShowStatus(usage->complete ? found : tr("Partial usage, %1: %2").arg(usage->partialNote(), found));
+    const QString of = usage->complete ? QDir::toNativeSeparators(level)
+                                       : tr("%1 (partial: %2)").arg(QDir::toNativeSeparators(level), usage->partialNote());
+    m_state.ShowStatus(tr("Usage of %1: %2 textures on polygons, %3 on objects, %4 sprites, %5 not assigned.")
+                           .arg(of)
+                           .arg(usage->polygons.size())
+                           .arg(usage->objects.size())
+                           .arg(usage->sprites.size())
+                           .arg(usage->unused.size()));
 }
 
 void AssignmentPage::Fill(ListViewModel& list, const QList<int>& numbers, const QString& prefix)
