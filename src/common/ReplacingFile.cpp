@@ -3,7 +3,10 @@
 #include "common/FileKind.h"
 #include "common/TemporaryNameGuard.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QRandomGenerator>
 
 #include <cerrno>
@@ -23,6 +26,7 @@ namespace {
 constexpr int NameAttempts = 16;
 constexpr int MaxLinkHops = 40;
 constexpr qint64 CopyChunk = 1 << 20;
+constexpr qint64 StaleAfterSeconds = 10 * 60;
 
 // Short and fixed in length, whatever the target is called: a target whose
 // name just fits the file system still gets a temporary name that fits.
@@ -209,7 +213,27 @@ bool ReplacingFile::commit()
     m_file.close();
     m_temporaryName.clear();
     m_guard.reset();
+    removeStaleTemporaries();
     return true;
+}
+
+// Earlier versions wrote beside the target under TARGET.XXXXXXXX.tmp, eight
+// hexadecimal digits, and an interrupted write left that file behind at the
+// target's full size. Once the target is whole again they are of no use; one
+// touched in the last minutes may still be another process's write.
+void ReplacingFile::removeStaleTemporaries() const
+{
+    const QFileInfo target(m_target);
+    static const QRegularExpression oldName(QStringLiteral("^\\.[0-9a-f]{8}\\.tmp$"));
+    const QDateTime settled = QDateTime::currentDateTimeUtc().addSecs(-StaleAfterSeconds);
+    const QStringList candidates =
+        target.dir().entryList({target.fileName() + QStringLiteral(".*.tmp")}, QDir::Files | QDir::Hidden);
+    for (const QString& name : candidates) {
+        const QFileInfo candidate(target.dir().filePath(name));
+        if (oldName.match(name.mid(target.fileName().size())).hasMatch() && !candidate.isSymLink()
+            && candidate.lastModified().toUTC() < settled)
+            QFile::remove(candidate.filePath());
+    }
 }
 
 bool ReplacingFile::carryOlderTail()

@@ -18,7 +18,8 @@ class TemporaryNameGuard;
 // (Linux), the temporary file has no name until it is complete.
 //
 // The target is the file a symbolic link leads to; a replaced file keeps its
-// permissions. Refused, before anything is written: a write-protected file,
+// permissions. Temporary files that earlier versions left beside the target
+// when they were interrupted go once the target is written. Refused, before anything is written: a write-protected file,
 // and anything that is not a regular file (a folder, a device, a FIFO, a
 // socket), which a replacement would take away from what else uses it.
 class ReplacingFile
@@ -63,6 +64,7 @@ private:
     bool createNamedTemporary();
     bool carryOlderTail();
     void keepTargetsOwnership();
+    void removeStaleTemporaries() const;
     bool syncToDisk();
     bool takeTargetsPlace();
     bool linkUnnamedTemporary();

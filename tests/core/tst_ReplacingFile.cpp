@@ -2,6 +2,7 @@
 #include "common/TemporaryNameGuard.h"
 #include "support/ScratchDir.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QTest>
 
@@ -119,6 +120,25 @@ private slots:
             after.removeOne(target);
         QCOMPARE(after, before);
         QCOMPARE(ScratchDir::read(dir.filePath(QStringLiteral("kept.bmp"))), QByteArray("old"));
+    }
+
+    // Only what an interrupted write of this very target left, and long
+    // enough ago, is removed; what merely looks alike stays.
+    void staleTemporariesGo()
+    {
+        ScratchDir dir;
+        const QDateTime longAgo = QDateTime::currentDateTime().addDays(-1);
+        const QStringList names{"t.bmp.0badf00d.tmp", "t.bmp.1234abcd.tmp", "t.bmp.notours1.tmp", "u.bmp.0badf00d.tmp",
+                                "t.bmp.0badf00d.tmp.keep"};
+        for (const QString& name : names) {
+            QFile file(dir.write(name, "stale"));
+            QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(longAgo, QFileDevice::FileModificationTime));
+        }
+        dir.write(QStringLiteral("t.bmp.1234abcd.tmp"), "being written now");
+        ReplacingFile file(dir.filePath(QStringLiteral("t.bmp")));
+        QVERIFY(file.open() && file.write("new") && file.commit());
+        QCOMPARE(entriesOf(dir), (QStringList{"t.bmp", "t.bmp.0badf00d.tmp.keep", "t.bmp.1234abcd.tmp",
+                                              "t.bmp.notours1.tmp", "u.bmp.0badf00d.tmp"}));
     }
 
     void olderTailOnRequest_data()
