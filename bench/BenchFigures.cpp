@@ -5,6 +5,7 @@
 #include "InsertRatioFigure.h"
 #include "ListFigure.h"
 #include "OpenGuiFigure.h"
+#include "OpenListMemoryFigure.h"
 #include "PaintFigure.h"
 #include "TilesRatioFigure.h"
 #include "UsageRatioFigure.h"
@@ -24,6 +25,7 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Milliseconds));
     figures.push_back(std::make_unique<ZoomMemoryFigure>());
     figures.push_back(std::make_unique<OpenGuiFigure>());
+    figures.push_back(std::make_unique<OpenListMemoryFigure>());
     figures.push_back(std::make_unique<TilesRatioFigure>());
     figures.push_back(std::make_unique<UsageRatioFigure>());
     figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::Milliseconds));

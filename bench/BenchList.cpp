@@ -64,7 +64,7 @@ bool BenchList::write(const QTemporaryDir& dir, qint64 levelBytes, const char* f
     const auto extracted =
         LevelListExtractor::Extract(levelPath(dir), dir.filePath(QStringLiteral("tiles.bmp")), listPath(dir));
     if (extracted.status != LevelListExtractor::Status::Done) {
-        std::fprintf(stderr, "%s: cannot extract the list: %s\n", figure, qPrintable(extracted.error));
+        std::fprintf(stderr, "%s: cannot extract the list: %s\n", figure, qPrintable(extracted.error.text()));
         return false;
     }
     return true;

@@ -27,10 +27,10 @@ bool TilesRatioFigure::writeLevel(const QString& path, QString* error) const
 
 bool TilesRatioFigure::run(const QString& path, const QString& dir)
 {
-    QString error;
+    FileError error;
     if (LevelTileBitmap::write(path, bitmapPath(dir), &error))
         return true;
-    std::fprintf(stderr, "tiles_ratio: %s\n", qPrintable(error));
+    std::fprintf(stderr, "tiles_ratio: %s\n", qPrintable(error.text()));
     return false;
 }
 

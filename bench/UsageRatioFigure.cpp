@@ -22,10 +22,10 @@ bool UsageRatioFigure::writeLevel(const QString& path, QString* error) const
 
 bool UsageRatioFigure::run(const QString& path, const QString&)
 {
-    QString error;
+    FileError error;
     const std::optional<TextureUsage> usage = TextureUsage::ofLevel(path, &error);
     if (!usage)
-        std::fprintf(stderr, "usage_ratio: %s\n", qPrintable(error));
+        std::fprintf(stderr, "usage_ratio: %s\n", qPrintable(error.text()));
     return usage && !usage->polygons.isEmpty() && !usage->objects.isEmpty();
 }
 

@@ -1,30 +1,17 @@
 #include "ZoomMemoryFigure.h"
 
 #include "BenchBitmap.h"
+#include "ResidentMemory.h"
 #include "ui/bitmap/ucScrollPic.h"
 #include "ui/bitmap/ucScrollPicCanvas.h"
 
-#include <QFile>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <unistd.h>
 
 namespace {
-
-// Resident memory in bytes, from the kernel's own count; -1 where unknown.
-qint64 ResidentBytes()
-{
-    QFile statm(QStringLiteral("/proc/self/statm"));
-    if (!statm.open(QIODevice::ReadOnly))
-        return -1;
-    const QList<QByteArray> fields = statm.readAll().split(' ');
-    if (fields.size() < 2)
-        return -1;
-    return fields[1].toLongLong() * sysconf(_SC_PAGESIZE);
-}
 
 void PaintMiddle(ucScrollPic& view, QImage& target)
 {
@@ -47,7 +34,7 @@ std::optional<double> ZoomMemoryFigure::measure()
         return std::nullopt;
     QImage target(view.Picture1()->size(), QImage::Format_RGB32);
     PaintMiddle(view, target);
-    const qint64 before = ResidentBytes();
+    const qint64 before = ResidentMemory::bytes();
     if (before < 0) {
         std::fprintf(stderr, "zoom_memory_mb: resident memory cannot be read on this system\n");
         return std::nullopt;
@@ -56,5 +43,5 @@ std::optional<double> ZoomMemoryFigure::measure()
         view.setZoomFactor(zoom);
         PaintMiddle(view, target);
     }
-    return double(ResidentBytes() - before) / (1024.0 * 1024.0);
+    return double(ResidentMemory::bytes() - before) / (1024.0 * 1024.0);
 }

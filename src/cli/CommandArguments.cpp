@@ -1,32 +1,50 @@
 #include "cli/CommandArguments.h"
 
-CommandArguments::CommandArguments(const QStringList& words, const QStringList& valueOptions,
-                                   const QStringList& flags)
+CommandArguments::CommandArguments(const QString& command)
+    : m_command(command)
 {
-    for (qsizetype i = 0; i < words.size(); ++i) {
-        const QString& word = words[i];
-        if (valueOptions.contains(word)) {
-            if (i + 1 >= words.size()) {
-                m_error = QStringLiteral("option %1 needs a value").arg(word);
-                return;
-            }
-            m_values.insert(word, words[++i]);
-        } else if (flags.contains(word)) {
-            m_flags.insert(word);
-        } else if (word.startsWith(QLatin1Char('-')) && word.size() > 1) {
-            m_error = QStringLiteral("unknown option '%1'").arg(word);
-            return;
-        } else {
-            m_positionals.append(word);
-        }
-    }
+    m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
 }
 
-bool CommandArguments::expectPositionals(int count, const QString& what)
+void CommandArguments::addFlag(const QString& name, const QString& description)
 {
-    if (!isValid())
+    m_parser.addOption(QCommandLineOption(name, description));
+}
+
+void CommandArguments::addValueOption(const QString& name, const QString& valueName, const QString& description)
+{
+    m_parser.addOption(QCommandLineOption(name, description, valueName));
+}
+
+std::optional<QString> CommandArguments::takeOptionalValue(QStringList& words, const QString& option,
+                                                           qsizetype positionalsNeeded)
+{
+    const QString prefix = option + QLatin1Char('=');
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        if (words[i].startsWith(prefix)) {
+            const QString value = words.takeAt(i).mid(prefix.size());
+            return value;
+        }
+        if (words[i] != option)
+            continue;
+        words.removeAt(i);
+        const bool nextIsWord = i < words.size() && !words[i].startsWith(QLatin1Char('-'));
+        const auto isPositional = [](const QString& word) { return !word.startsWith(QLatin1Char('-')); };
+        const qsizetype positionalsLeft = std::count_if(words.cbegin(), words.cend(), isPositional);
+        if (nextIsWord && positionalsLeft > positionalsNeeded)
+            return words.takeAt(i);
+        return QString();
+    }
+    return std::nullopt;
+}
+
+bool CommandArguments::parse(const QStringList& words, qsizetype positionals, const QString& what)
+{
+    if (!m_parser.parse(QStringList{m_command} + words)) {
+        m_error = m_parser.errorText();
         return false;
-    if (m_positionals.size() != count) {
+    }
+    if (m_parser.positionalArguments().size() != positionals) {
         m_error = QStringLiteral("expected %1").arg(what);
         return false;
     }

@@ -1,31 +1,42 @@
 #pragma once
 
-#include <QHash>
-#include <QSet>
+#include <QCommandLineParser>
 #include <QStringList>
 
-// The words after a command: positional arguments, options that take a value
-// ("-o OUT") and flags ("--json"). Anything else starting with '-' is an error.
+#include <optional>
+
+// The words after a command, read by QCommandLineParser: positional
+// arguments, options that take a value ("-o OUT") and flags ("--json").
+// Anything else starting with '-' is an error.
 class CommandArguments
 {
 public:
-    CommandArguments(const QStringList& words, const QStringList& valueOptions,
-                     const QStringList& flags);
+    explicit CommandArguments(const QString& command);
 
-    bool isValid() const { return m_error.isEmpty(); }
+    void addFlag(const QString& name, const QString& description);
+    void addValueOption(const QString& name, const QString& valueName, const QString& description);
+
+    // An option whose value may be left out ("--tiles [BMP]"), which the
+    // parser cannot express: it is taken out of words before they are
+    // parsed. "--name=VALUE" gives a value; so does "--name VALUE" when
+    // VALUE is no option and the words left still hold positionalsNeeded
+    // positional arguments. Nothing when the option is absent, "" when it is
+    // given without a value.
+    static std::optional<QString> takeOptionalValue(QStringList& words, const QString& option,
+                                                    qsizetype positionalsNeeded);
+
+    // False, with the error set, unless the words parse and hold exactly
+    // positionals positional arguments (what names them in the error).
+    bool parse(const QStringList& words, qsizetype positionals, const QString& what);
+
     QString error() const { return m_error; }
-
-    const QStringList& positionals() const { return m_positionals; }
-    QString value(const QString& option) const { return m_values.value(option); }
-    bool hasValue(const QString& option) const { return m_values.contains(option); }
-    bool hasFlag(const QString& flag) const { return m_flags.contains(flag); }
-
-    // Sets the error unless there are exactly count positional arguments.
-    bool expectPositionals(int count, const QString& what);
+    QStringList positionals() const { return m_parser.positionalArguments(); }
+    QString value(const QString& option) const { return m_parser.value(option); }
+    bool hasValue(const QString& option) const { return m_parser.isSet(option); }
+    bool hasFlag(const QString& flag) const { return m_parser.isSet(flag); }
 
 private:
-    QStringList m_positionals;
-    QHash<QString, QString> m_values;
-    QSet<QString> m_flags;
+    QString m_command;
+    QCommandLineParser m_parser;
     QString m_error;
 };

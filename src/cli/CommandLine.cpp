@@ -8,6 +8,7 @@
 #include "cli/TilesCommand.h"
 #include "cli/UsageCommand.h"
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <cstdio>
@@ -42,10 +43,15 @@ QString CommandLine::usage()
         "3 the list's version differs from the level's (nothing written).\n");
 }
 
-int CommandLine::fail(Exit status, const QString& file, const QString& cause)
+int CommandLine::fail(Exit status, const FileError& error)
 {
-    m_err << "brindle-cli: " << file << ": " << cause << Qt::endl;
+    m_err << "brindle-cli: " << error.text() << Qt::endl;
     return status;
+}
+
+void CommandLine::note(const QString& text)
+{
+    m_err << "brindle-cli: note: " << text << Qt::endl;
 }
 
 int CommandLine::usageError(const QString& message)
@@ -57,20 +63,29 @@ int CommandLine::usageError(const QString& message)
 
 int CommandLine::run(const QStringList& arguments)
 {
-    const QStringList args = arguments.mid(1);
+    // The tool's own options come before the command; what follows the
+    // command is the command's to read.
+    QCommandLineParser parser;
+    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("show this help"));
+    const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("show the version"));
+    parser.addOptions({help, version});
+    if (!parser.parse(arguments))
+        return usageError(parser.errorText());
+    if (parser.isSet(help)) {
+        m_out << usage();
+        return Done;
+    }
+    if (parser.isSet(version)) {
+        m_out << "brindle-cli " << QCoreApplication::applicationVersion() << Qt::endl;
+        return Done;
+    }
+    const QStringList args = parser.positionalArguments();
     if (args.isEmpty())
         return usageError(QStringLiteral("no command given"));
     const QString command = args.first();
     const QStringList rest = args.mid(1);
 
-    if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
-        m_out << usage();
-        return Done;
-    }
-    if (command == QLatin1String("--version")) {
-        m_out << "brindle-cli " << QCoreApplication::applicationVersion() << Qt::endl;
-        return Done;
-    }
     if (rest.contains(QLatin1String("--help"))) {
         m_out << usage();
         return Done;

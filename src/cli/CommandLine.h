@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/FileError.h"
+
 #include <QStringList>
 #include <QTextStream>
 
@@ -22,8 +24,11 @@ public:
     QTextStream& out() { return m_out; }
     QTextStream& err() { return m_err; }
 
-    // One line on standard error naming the file and the cause.
-    int fail(Exit status, const QString& file, const QString& cause);
+    // One line on standard error: the error's own text.
+    int fail(Exit status, const FileError& error);
+    // One line on standard error about something done that a user should
+    // know; the command goes on.
+    void note(const QString& text);
     int usageError(const QString& message);
 
     static QString usage();

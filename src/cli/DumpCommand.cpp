@@ -91,17 +91,21 @@ void writeText(QTextStream& out, const C_ListInfo& list, ListViewSet& views)
 
 int DumpCommand::run(const QStringList& words)
 {
-    CommandArguments args(words, {}, {QStringLiteral("--json")});
-    if (!args.expectPositionals(1, QStringLiteral("one LIST")))
+    const QString json = QStringLiteral("json");
+    CommandArguments args(QStringLiteral("dump"));
+    args.addFlag(json, QStringLiteral("print JSON"));
+    if (!args.parse(words, 1, QStringLiteral("one LIST")))
         return m_cli.usageError(args.error());
 
     const QString path = args.positionals().first();
     ListViewSet views;
     C_ListInfo list;
     if (views.openList(list, path) != C_ListInfo::Success)
-        return m_cli.fail(CommandLine::InputUnreadable, path, list.ErrorString());
+        return m_cli.fail(CommandLine::InputUnreadable, list.Error());
+    if (list.AreTablesAfterLoneWord())
+        m_cli.note(path + QStringLiteral(": ") + list.LoneWordNotice());
 
-    if (args.hasFlag(QStringLiteral("--json")))
+    if (args.hasFlag(json))
         writeJson(m_cli.out(), list, views);
     else
         writeText(m_cli.out(), list, views);

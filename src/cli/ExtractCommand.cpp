@@ -2,6 +2,7 @@
 
 #include "cli/CommandArguments.h"
 #include "cli/CommandLine.h"
+#include "common/FileKind.h"
 #include "list/LevelListExtractor.h"
 
 #include <QFileInfo>
@@ -9,10 +10,12 @@
 
 int ExtractCommand::run(const QStringList& words)
 {
-    const QString bitmapOption = QStringLiteral("--bitmap");
-    const QString outputOption = QStringLiteral("-o");
-    CommandArguments args(words, {bitmapOption, outputOption}, {});
-    if (!args.expectPositionals(1, QStringLiteral("one LEVEL")))
+    const QString bitmapOption = QStringLiteral("bitmap");
+    const QString outputOption = QStringLiteral("o");
+    CommandArguments args(QStringLiteral("extract"));
+    args.addValueOption(bitmapOption, QStringLiteral("BMP"), QStringLiteral("the level's texture bitmap"));
+    args.addValueOption(outputOption, QStringLiteral("LIST"), QStringLiteral("the list to write"));
+    if (!args.parse(words, 1, QStringLiteral("one LEVEL")))
         return m_cli.usageError(args.error());
     if (!args.hasValue(bitmapOption) || !args.hasValue(outputOption))
         return m_cli.usageError(QStringLiteral("extract needs --bitmap BMP and -o LIST"));
@@ -23,13 +26,16 @@ int ExtractCommand::run(const QStringList& words)
     if (listPath == levelPath || listPath == bitmapPath)
         return m_cli.usageError(QStringLiteral("the list would replace an input"));
 
+    // Looked at before the image reader opens it, which blocks on a FIFO.
+    if (const QString refusal = FileKind::refusal(bitmapPath); !refusal.isEmpty())
+        return m_cli.fail(CommandLine::InputUnreadable, FileError::reading(bitmapPath, refusal));
     QImageReader bitmap(bitmapPath);
     if (!bitmap.canRead())
-        return m_cli.fail(CommandLine::InputUnreadable, bitmapPath, bitmap.errorString());
+        return m_cli.fail(CommandLine::InputUnreadable, FileError::reading(bitmapPath, bitmap.errorString()));
 
     const LevelListExtractor::Result result = LevelListExtractor::Extract(levelPath, bitmapPath, listPath);
     if (result.status != LevelListExtractor::Status::Done)
-        return m_cli.fail(CommandLine::InputUnreadable, result.file, result.error);
+        return m_cli.fail(CommandLine::InputUnreadable, result.error);
     m_cli.out() << listPath << Qt::endl;
     return CommandLine::Done;
 }

@@ -24,18 +24,20 @@ QList<QPair<QString, qint64>> positions(const C_LevelInfo& level)
 
 int InfoCommand::run(const QStringList& words)
 {
-    CommandArguments args(words, {}, {QStringLiteral("--json")});
-    if (!args.expectPositionals(1, QStringLiteral("one LEVEL")))
+    const QString json = QStringLiteral("json");
+    CommandArguments args(QStringLiteral("info"));
+    args.addFlag(json, QStringLiteral("print JSON"));
+    if (!args.parse(words, 1, QStringLiteral("one LEVEL")))
         return m_cli.usageError(args.error());
 
     const QString path = args.positionals().first();
     C_LevelInfo level;
     level.Init(path);
     if (!level.IsOpened())
-        return m_cli.fail(CommandLine::InputUnreadable, path, level.ErrorString());
+        return m_cli.fail(CommandLine::InputUnreadable, level.Error());
 
     const QString game = LevelVersion::gameName(level.Game());
-    if (args.hasFlag(QStringLiteral("--json"))) {
+    if (args.hasFlag(json)) {
         QJsonObject json;
         json.insert(QStringLiteral("Version"), qint64(level.Version()));
         json.insert(QStringLiteral("VersionString"), level.VersionString());

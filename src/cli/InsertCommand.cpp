@@ -6,15 +6,18 @@
 
 int InsertCommand::run(const QStringList& words)
 {
-    const QString outputOption = QStringLiteral("-o");
-    CommandArguments args(words, {outputOption}, {});
-    if (!args.expectPositionals(2, QStringLiteral("LEVEL and LIST")))
+    const QString outputOption = QStringLiteral("o");
+    CommandArguments args(QStringLiteral("insert"));
+    args.addValueOption(outputOption, QStringLiteral("OUT"), QStringLiteral("the level to write"));
+    if (!args.parse(words, 2, QStringLiteral("LEVEL and LIST")))
         return m_cli.usageError(args.error());
 
     const C_ListInserter::Result result =
         C_ListInserter().Insert(args.positionals()[0], args.positionals()[1], args.value(outputOption));
     switch (result.status) {
     case C_ListInserter::Status::Done:
+        if (!result.notice.isEmpty())
+            m_cli.note(result.notice);
         m_cli.out() << result.outputPath << Qt::endl;
         return CommandLine::Done;
     case C_ListInserter::Status::VersionMismatch:
@@ -29,6 +32,5 @@ int InsertCommand::run(const QStringList& words)
     case C_ListInserter::Status::WriteFailed:
         break;
     }
-    m_cli.err() << "brindle-cli: " << result.error << Qt::endl;
-    return CommandLine::InputUnreadable;
+    return m_cli.fail(CommandLine::InputUnreadable, result.failure);
 }

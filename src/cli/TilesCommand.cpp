@@ -8,9 +8,10 @@
 
 int TilesCommand::run(const QStringList& words)
 {
-    const QString outputOption = QStringLiteral("-o");
-    CommandArguments args(words, {outputOption}, {});
-    if (!args.expectPositionals(1, QStringLiteral("one LEVEL")))
+    const QString outputOption = QStringLiteral("o");
+    CommandArguments args(QStringLiteral("tiles"));
+    args.addValueOption(outputOption, QStringLiteral("BMP"), QStringLiteral("the bitmap to write"));
+    if (!args.parse(words, 1, QStringLiteral("one LEVEL")))
         return m_cli.usageError(args.error());
     if (!args.hasValue(outputOption))
         return m_cli.usageError(QStringLiteral("tiles needs -o BMP"));
@@ -20,10 +21,9 @@ int TilesCommand::run(const QStringList& words)
     if (bitmapPath == levelPath)
         return m_cli.usageError(QStringLiteral("the bitmap would replace the level"));
 
-    QString cause;
-    QString file;
-    if (!LevelTileBitmap::write(levelPath, bitmapPath, &cause, &file))
-        return m_cli.fail(CommandLine::InputUnreadable, file, cause);
+    FileError error;
+    if (!LevelTileBitmap::write(levelPath, bitmapPath, &error))
+        return m_cli.fail(CommandLine::InputUnreadable, error);
     m_cli.out() << bitmapPath << Qt::endl;
     return CommandLine::Done;
 }

@@ -51,22 +51,30 @@ QString runs(const QList<int>& indices)
 
 int UsageCommand::run(const QStringList& words)
 {
-    CommandArguments args(words, {}, {QStringLiteral("--json")});
-    if (!args.expectPositionals(1, QStringLiteral("one LEVEL")))
+    const QString json = QStringLiteral("json");
+    CommandArguments args(QStringLiteral("usage"));
+    args.addFlag(json, QStringLiteral("print JSON"));
+    if (!args.parse(words, 1, QStringLiteral("one LEVEL")))
         return m_cli.usageError(args.error());
 
     const QString path = args.positionals().first();
-    QString cause;
-    const std::optional<TextureUsage> usage = TextureUsage::ofLevel(path, &cause);
+    FileError error;
+    const std::optional<TextureUsage> usage = TextureUsage::ofLevel(path, &error);
     if (!usage)
-        return m_cli.fail(CommandLine::InputUnreadable, path, cause);
+        return m_cli.fail(CommandLine::InputUnreadable, error);
+    // A level cut short still gives the lists its bytes held.
+    if (!usage->complete)
+        m_cli.note(path + QStringLiteral(": ") + usage->partialNote()
+                   + QStringLiteral("; the lists hold only what its bytes held"));
 
     QTextStream& out = m_cli.out();
     const auto lists = namedLists(*usage);
-    if (args.hasFlag(QStringLiteral("--json"))) {
+    if (args.hasFlag(json)) {
         QStringList members;
         for (const auto& [name, indices] : lists)
             members.append(QStringLiteral("    \"%1\": %2").arg(name, jsonArray(indices)));
+        members.append(QStringLiteral("    \"complete\": %1")
+                           .arg(usage->complete ? QLatin1String("true") : QLatin1String("false")));
         out << "{\n" << members.join(QStringLiteral(",\n")) << "\n}\n";
     } else {
         for (const auto& [name, indices] : lists)

@@ -83,7 +83,6 @@ public:
     void setCheckState(int index, Qt::CheckState state);
 
     void setCheckable(bool checkable) { m_checkable = checkable; }
-    bool isCheckable() const { return m_checkable; }
 
     int selectedRow() const { return m_selected; }
     void setSelectedRow(int index);

@@ -6,13 +6,14 @@
 #include "demo/DemoSurfaces.h"
 #include "demo/DemoTile16Encoder.h"
 #include "list/LevelListExtractor.h"
+#include "common/ReplacingFile.h"
 #include "synthetic/SyntheticGeometry.h"
 #include "synthetic/SyntheticMeshSet.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QImageWriter>
-#include <QSaveFile>
+#include <QBuffer>
 
 namespace {
 
@@ -75,12 +76,10 @@ std::array<QPoint, 3> lowerLeftHalf(const QRect& s)
     return {s.topLeft(), s.bottomRight(), s.bottomLeft()};
 }
 
-bool fail(QString* error, QString* file, const QString& path, const QString& cause)
+bool fail(FileError* error, const FileError& failure)
 {
     if (error)
-        *error = cause;
-    if (file)
-        *file = path;
+        *error = failure;
     return false;
 }
 
@@ -255,43 +254,38 @@ QStringList DemoLevel::paths(const QString& dir)
     return {levelPath(dir), bitmapPath(dir), listPath(dir)};
 }
 
-bool DemoLevel::writeBitmap(const QString& path, QString* error) const
+bool DemoLevel::writeBitmap(const QString& path, FileError* error) const
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        *error = file.errorString();
-        return false;
-    }
-    QImageWriter writer(&file, "bmp");
-    if (!writer.write(bitmap())) {
-        *error = writer.errorString();
-        return false;
-    }
-    if (!file.commit()) {
-        *error = file.errorString();
-        return false;
-    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "bmp");
+    if (!writer.write(bitmap()))
+        return fail(error, FileError::writing(path, writer.errorString()));
+    ReplacingFile file(path);
+    if (!file.open() || !file.write(bytes) || !file.commit())
+        return fail(error, file.error());
     return true;
 }
 
-bool DemoLevel::writeInto(const QString& dir, QString* error, QString* file)
+bool DemoLevel::writeInto(const QString& dir, FileError* error)
 {
     const QString folder = QDir(dir).absolutePath();
     const QFileInfo folderInfo(folder);
     if (folderInfo.exists() && !folderInfo.isDir())
-        return fail(error, file, folder, QStringLiteral("not a folder"));
+        return fail(error, FileError::writing(folder, QStringLiteral("not a folder")));
     if (!QDir().mkpath(folder))
-        return fail(error, file, folder, QStringLiteral("cannot create the folder"));
+        return fail(error, FileError::writing(folder, QStringLiteral("cannot create the folder")));
 
     const DemoLevel demo;
     QString cause;
     if (!demo.level().writeTo(levelPath(folder), &cause))
-        return fail(error, file, levelPath(folder), cause);
-    if (!demo.writeBitmap(bitmapPath(folder), &cause))
-        return fail(error, file, bitmapPath(folder), cause);
+        return fail(error, FileError::writing(levelPath(folder), cause));
+    if (!demo.writeBitmap(bitmapPath(folder), error))
+        return false;
     const LevelListExtractor::Result list =
         LevelListExtractor::Extract(levelPath(folder), bitmapPath(folder), listPath(folder));
     if (list.status != LevelListExtractor::Status::Done)
-        return fail(error, file, list.file, list.error);
+        return fail(error, list.error);
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/FileError.h"
 #include "level/AnimatedTextureBlock.h"
 #include "demo/DemoAtlas.h"
 #include "level/ObjectTexture.h"
@@ -46,13 +47,13 @@ public:
     // Creates dir if needed and writes the level, the bitmap and the list
     // extracted from that level into it. On failure error holds the cause
     // and file the path it is about.
-    static bool writeInto(const QString& dir, QString* error = nullptr, QString* file = nullptr);
+    static bool writeInto(const QString& dir, FileError* error = nullptr);
 
 private:
     void drawWallTile();
     void drawAnimationTile();
     void drawSpriteTiles();
-    bool writeBitmap(const QString& path, QString* error) const;
+    bool writeBitmap(const QString& path, FileError* error) const;
 
     DemoAtlas m_atlas;
 };

@@ -2,6 +2,7 @@
 
 #include "level/BinaryReader.h"
 #include "level/ReadOnlyFile.h"
+#include "level/TableCountLimits.h"
 #include "level/m_AllBinTo.h"
 
 #include <QFile>
@@ -23,7 +24,7 @@ void C_LevelInfo::Init(const QString& strFileName)
         return;
     *this = C_LevelInfo(); // one info serves level after level: nothing of the last may remain
     QFile probe(strFileName);
-    if (ReadOnlyFile::open(probe, m_errorString, QIODevice::Unbuffered)) {
+    if (ReadOnlyFile::open(probe, m_error, QIODevice::Unbuffered)) {
         m_opened = true;
         probe.close();
         WalkTheLevel(strFileName);
@@ -36,7 +37,7 @@ bool C_LevelInfo::WalkTheLevel(const QString& sFileName)
 {
     m_fileName = sFileName;
     QFile file(sFileName);
-    if (!ReadOnlyFile::open(file, m_errorString, QIODevice::Unbuffered))
+    if (!ReadOnlyFile::open(file, m_error, QIODevice::Unbuffered))
         return false;
     WalkOpenDevice(file, LevelWalk::Reach::End);
     return false;
@@ -97,5 +98,11 @@ QString C_LevelInfo::TablesUnusableCause() const
     }
     if (!m_walk.complete || m_walk.offsetItems > m_fileLength)
         return QStringLiteral("the level's blocks could not be followed to its end");
-    return {};
+    TableCountLimits::Claims claims;
+    claims.objectTextures = NumberObjectTexture();
+    claims.spriteTextures = NumberSpriteTexture();
+    claims.spriteSequences = NumberSpriteSequence();
+    claims.animationWords = NumberAnimatedTexture();
+    claims.animationBytesPresent = m_fileLength - (OffsetAnimatedTexture() + 4);
+    return TableCountLimits::excess(claims);
 }

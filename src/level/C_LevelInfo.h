@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/FileError.h"
 #include "level/LevelVersion.h"
 #include "level/LevelWalk.h"
 #include "level/TablePosition.h"
@@ -50,7 +51,8 @@ public:
     QString FileName() const { return m_fileName; }
     qint64 FileLength() const { return m_fileLength; }
     bool IsOpened() const { return m_opened; }
-    QString ErrorString() const { return m_errorString; }
+    QString ErrorString() const { return m_error.why(); }
+    FileError Error() const { return m_error; }
 
     // Every position from the walk, the private ones included.
     const LevelWalk::Result& Walk() const { return m_walk; }
@@ -62,7 +64,8 @@ public:
     // Empty when a walked level's tables can be read and replaced: the walk
     // went through to the end, the blocks it found lie inside the file (a
     // truncated level also walks to its end, reading zeros) and no texture
-    // table claims a negative count. Otherwise the cause, in one line.
+    // table claims a negative count or more rows than a level can address.
+    // Otherwise the cause, in one line.
     QString TablesUnusableCause() const;
     bool AreTablesInsideFile() const { return TablesUnusableCause().isEmpty(); }
 
@@ -75,5 +78,5 @@ private:
     LevelWalk::Result m_walk;
     qint64 m_fileLength = 0;
     bool m_opened = false;
-    QString m_errorString;
+    FileError m_error;
 };

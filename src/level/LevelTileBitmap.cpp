@@ -36,23 +36,21 @@ LevelTileBitmap::LevelTileBitmap(const QString& levelPath, const QString& bmpPat
 {
 }
 
-bool LevelTileBitmap::write(const QString& levelPath, const QString& bmpPath, QString* error, QString* errorFile)
+bool LevelTileBitmap::write(const QString& levelPath, const QString& bmpPath, FileError* error)
 {
     LevelTileBitmap bitmap(levelPath, bmpPath);
     const bool written = bitmap.run();
     if (error)
         *error = bitmap.m_error;
-    if (errorFile)
-        *errorFile = bitmap.m_errorFile;
     return written;
 }
 
 bool LevelTileBitmap::run()
 {
     WalkedLevelFile level(m_levelPath, LevelWalk::Reach::Tiles);
-    QString cause;
+    FileError cause;
     if (!level.open(cause))
-        return fail(m_levelPath, cause);
+        return failWith(cause);
     return locateTiles(level) && writeBitmap(level);
 }
 
@@ -62,30 +60,30 @@ bool LevelTileBitmap::locateTiles(WalkedLevelFile& level)
 {
     const qint64 countPosition = level.walk().tileCountPosition;
     if (countPosition == 0)
-        return fail(m_levelPath, QStringLiteral("ends before its texture tiles"));
+        return failReading(QStringLiteral("ends before its texture tiles"));
     BinaryReader reader(level.file(), 4);
     m_tileCount = reader.u32(countPosition);
     m_tilesPosition = countPosition + 4 + m_tileCount * Tile8Size;
     if (m_tileCount == 0)
-        return fail(m_levelPath, QStringLiteral("holds no texture tiles"));
+        return failReading(QStringLiteral("holds no texture tiles"));
     if (m_tilesPosition + m_tileCount * Tile16Size > reader.size()) {
-        return fail(m_levelPath,
+        return failReading(
                     QStringLiteral("its %1 texture tiles run past the end of the file").arg(m_tileCount));
     }
     if (bitmapSize() > std::numeric_limits<quint32>::max())
-        return fail(m_levelPath, QStringLiteral("its %1 texture tiles exceed one bitmap").arg(m_tileCount));
+        return failReading(QStringLiteral("its %1 texture tiles exceed one bitmap").arg(m_tileCount));
     return true;
 }
 
 bool LevelTileBitmap::writeBitmap(WalkedLevelFile& level)
 {
-    ReplacingFile bitmap(m_bmpPath);
+    ReplacingFile bitmap(m_bmpPath, ReplacingFile::SkipDiskSync);
     if (!bitmap.open() || !bitmap.reserve(bitmapSize()))
-        return fail(m_bmpPath, bitmap.errorString());
+        return failWith(bitmap.error());
     if (!writeTiles(level.file(), bitmap))
         return false;
     if (!bitmap.commit())
-        return fail(m_bmpPath, bitmap.errorString());
+        return failWith(bitmap.error());
     return true;
 }
 
@@ -115,7 +113,7 @@ bool LevelTileBitmap::writeTiles(QFileDevice& level, ReplacingFile& bitmap)
         }
     }
     if (!bitmap.write(chunk.constData(), filled))
-        return fail(m_bmpPath, bitmap.errorString());
+        return failWith(bitmap.error());
     return true;
 }
 
@@ -124,7 +122,7 @@ bool LevelTileBitmap::writeTiles(QFileDevice& level, ReplacingFile& bitmap)
 bool LevelTileBitmap::writeChunk(ReplacingFile& bitmap, QByteArray& chunk, qint64& filled)
 {
     if (!bitmap.write(chunk.constData(), ChunkSize))
-        return fail(m_bmpPath, bitmap.errorString());
+        return failWith(bitmap.error());
     filled -= ChunkSize;
     std::memmove(chunk.data(), chunk.constData() + ChunkSize, size_t(filled));
     return true;
@@ -135,12 +133,12 @@ bool LevelTileBitmap::writeChunk(ReplacingFile& bitmap, QByteArray& chunk, qint6
 bool LevelTileBitmap::readTiles(QFileDevice& level, qint64 first, qint64 count, char* tiles16)
 {
     if (!level.seek(m_tilesPosition + first * Tile16Size))
-        return fail(m_levelPath, level.errorString());
+        return failReading(level.errorString());
     const qint64 read = level.read(tiles16, count * Tile16Size);
     if (read < 0)
-        return fail(m_levelPath, level.errorString());
+        return failReading(level.errorString());
     if (read != count * Tile16Size)
-        return fail(m_levelPath, QStringLiteral("was cut short while its texture tiles were read"));
+        return failReading(QStringLiteral("was cut short while its texture tiles were read"));
     return true;
 }
 
@@ -170,9 +168,13 @@ qint64 LevelTileBitmap::bitmapSize() const
     return HeaderSize + m_tileCount * BitmapTileSize;
 }
 
-bool LevelTileBitmap::fail(const QString& file, const QString& cause)
+bool LevelTileBitmap::failReading(const QString& cause)
 {
-    m_errorFile = file;
-    m_error = cause;
+    return failWith(FileError::reading(m_levelPath, cause));
+}
+
+bool LevelTileBitmap::failWith(const FileError& error)
+{
+    m_error = error;
     return false;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/FileError.h"
+
 #include <QString>
 
 class QFileDevice;
@@ -20,11 +22,10 @@ public:
 
     // Writes the tiles of the level at levelPath as a bitmap at bmpPath,
     // which a complete bitmap replaces in one step. The level is only read.
-    // False with a one-line cause in error and the file it is about in
-    // errorFile: the level cannot be read, is not TR2 or TR3, holds no tiles
-    // or holds fewer bytes than its tiles need; or the bitmap cannot be written.
-    static bool write(const QString& levelPath, const QString& bmpPath, QString* error = nullptr,
-                      QString* errorFile = nullptr);
+    // False, saying why in error: the level cannot be read, is not TR2 or
+    // TR3, holds no tiles or holds fewer bytes than its tiles need; or the
+    // bitmap cannot be written.
+    static bool write(const QString& levelPath, const QString& bmpPath, FileError* error = nullptr);
 
 private:
     LevelTileBitmap(const QString& levelPath, const QString& bmpPath);
@@ -37,12 +38,12 @@ private:
     bool readTiles(QFileDevice& level, qint64 first, qint64 count, char* tiles16);
     qint64 putHeader(char* bytes) const;
     qint64 bitmapSize() const;
-    bool fail(const QString& file, const QString& cause);
+    bool failReading(const QString& cause);
+    bool failWith(const FileError& error);
 
     QString m_levelPath;
     QString m_bmpPath;
     qint64 m_tilesPosition = 0; // the first 16-bit tile
     qint64 m_tileCount = 0;
-    QString m_error;
-    QString m_errorFile;
+    FileError m_error;
 };

@@ -46,6 +46,7 @@ LevelWalk::Result LevelWalk::walk(BinaryReader& reader, Game game, qint64 start,
         if (reach == Reach::End) {
             walk.walkPastTiles();
             walk.m_result.complete = true;
+            walk.m_result.end = walk.m_p;
         }
     } catch (const WalkStopped&) {
     }

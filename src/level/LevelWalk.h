@@ -50,8 +50,11 @@ public:
         TablePosition meshData;
         TablePosition meshPointers;
 
-        // True when the walk went through every block to the sample indices.
+        // True when the walk went through every block to the sample indices;
+        // end is then the position after them, which a level cut short
+        // lies beyond.
         bool complete = false;
+        qint64 end = 0;
     };
 
     // How far a walk goes: to its end, or only as far as the texture tiles

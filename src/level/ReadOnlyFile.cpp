@@ -1,15 +1,16 @@
 #include "level/ReadOnlyFile.h"
 
-#include <QFileInfo>
+#include "common/FileKind.h"
 
-bool ReadOnlyFile::open(QFile& file, QString& error, QIODevice::OpenMode extra)
+bool ReadOnlyFile::open(QFile& file, FileError& error, QIODevice::OpenMode extra)
 {
-    if (QFileInfo(file.fileName()).isDir()) {
-        error = QStringLiteral("is a directory");
+    // Checked before the open, which itself blocks on a FIFO.
+    if (const QString refusal = FileKind::refusal(file.fileName()); !refusal.isEmpty()) {
+        error = FileError::reading(file.fileName(), refusal);
         return false;
     }
     if (!file.open(QIODevice::ReadOnly | extra)) {
-        error = file.errorString();
+        error = FileError::reading(file.fileName(), file.errorString());
         return false;
     }
     return true;

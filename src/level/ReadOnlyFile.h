@@ -1,14 +1,16 @@
 #pragma once
 
-#include <QFile>
-#include <QString>
+#include "common/FileError.h"
 
-// Opening a file the user chose, for reading only. A folder is refused by
-// name: on some systems a folder opens as an empty file, which would read as
-// an empty level or list instead of failing.
+#include <QFile>
+
+// Opening a file the user chose, for reading only. Only a regular file is
+// opened: a folder opens as an empty file on some systems, which would read
+// as an empty level or list instead of failing, and a FIFO or a device would
+// block the first read or never end.
 class ReadOnlyFile
 {
 public:
     // False with the cause in error when file cannot be read.
-    static bool open(QFile& file, QString& error, QIODevice::OpenMode extra = {});
+    static bool open(QFile& file, FileError& error, QIODevice::OpenMode extra = {});
 };

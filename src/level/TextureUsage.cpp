@@ -135,10 +135,19 @@ QList<int> unusedTextures(BinaryReader& reader, const TablePosition& table,
 
 } // namespace
 
-std::optional<TextureUsage> TextureUsage::ofLevel(const QString& levelPath, QString* error)
+QString TextureUsage::partialNote() const
+{
+    if (complete)
+        return {};
+    if (blocksEnd == 0)
+        return QStringLiteral("its blocks could not be followed to their end (it holds %1 bytes)").arg(levelLength);
+    return QStringLiteral("the level is cut short: it ends at byte %1 of %2").arg(levelLength).arg(blocksEnd);
+}
+
+std::optional<TextureUsage> TextureUsage::ofLevel(const QString& levelPath, FileError* error)
 {
     WalkedLevelFile level(levelPath);
-    QString cause;
+    FileError cause;
     if (!level.open(cause)) {
         if (error)
             *error = cause;
@@ -169,5 +178,8 @@ TextureUsage TextureUsage::ofWalk(QIODevice& device, const LevelWalk::Result& wa
     usage.objects = objects.toList();
     usage.sprites = sprites.toList();
     usage.unused = unusedTextures(reader, walk.objectTexture, {&polygons, &objects, &animated});
+    usage.levelLength = reader.size();
+    usage.blocksEnd = walk.complete ? walk.end : 0;
+    usage.complete = walk.complete && walk.end <= reader.size();
     return usage;
 }

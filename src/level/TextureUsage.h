@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/FileError.h"
 #include "level/LevelWalk.h"
 
 #include <QList>
@@ -25,9 +26,18 @@ public:
     QList<int> sprites;  // sprite textures a room sprite or a sprite sequence uses
     QList<int> unused;   // object textures 0 .. NumberObjectTexture - 1 that no face and no animated range uses
 
+    // False when the level ends before its blocks do, or its blocks could
+    // not be followed to their end: the lists then hold what its bytes held.
+    bool complete = true;
+    qint64 levelLength = 0; // the bytes the level holds
+    qint64 blocksEnd = 0;   // where its blocks end; 0 when they could not be followed
+
+    // Where a partial level ends, in one short clause; "" for a complete one.
+    QString partialNote() const;
+
     // The usage of the level at levelPath, which is only read; nothing, with
-    // a one-line cause in error, when it cannot be read or is not TR2 or TR3.
-    static std::optional<TextureUsage> ofLevel(const QString& levelPath, QString* error = nullptr);
+    // the cause in error, when it cannot be read or is not TR2 or TR3.
+    static std::optional<TextureUsage> ofLevel(const QString& levelPath, FileError* error = nullptr);
 
     // The usage of the level on device, walked as game whatever its version says.
     static TextureUsage ofDevice(QIODevice& device, LevelWalk::Game game);

@@ -8,13 +8,13 @@ WalkedLevelFile::WalkedLevelFile(const QString& path, LevelWalk::Reach reach)
 {
 }
 
-bool WalkedLevelFile::open(QString& error)
+bool WalkedLevelFile::open(FileError& error)
 {
     if (!ReadOnlyFile::open(m_file, error, QIODevice::Unbuffered))
         return false;
     m_info.WalkDevice(m_file, m_reach);
     if (LevelVersion::hasTextureTables(m_info.Game()))
         return true;
-    error = LevelVersion::refusal(m_info.VersionString());
+    error = FileError::reading(m_file.fileName(), LevelVersion::refusal(m_info.VersionString()));
     return false;
 }

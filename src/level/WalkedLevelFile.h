@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/FileError.h"
 #include "level/C_LevelInfo.h"
 
 #include <QFile>
@@ -14,9 +15,9 @@ class WalkedLevelFile
 public:
     explicit WalkedLevelFile(const QString& path, LevelWalk::Reach reach = LevelWalk::Reach::End);
 
-    // False with a one-line cause when the file cannot be read or is not a
+    // False, saying why in error, when the file cannot be read or is not a
     // TR2 or TR3 level.
-    bool open(QString& error);
+    bool open(FileError& error);
 
     QFile& file() { return m_file; }
     const C_LevelInfo& info() const { return m_info; }

@@ -6,7 +6,8 @@
 #include "level/ReadOnlyFile.h"
 #include "level/SpriteSequence.h"
 #include "level/SpriteTexture.h"
-#include "common/TailKeepingSaveFile.h"
+#include "level/TableCountLimits.h"
+#include "common/ReplacingFile.h"
 #include "level/m_AllBinTo.h"
 #include "list/m_SpriteList.h"
 #include "list/m_TextureList.h"
@@ -114,7 +115,7 @@ qint16 C_ListInfo::InitStandAlone(const QString& sFileName, const QString& sBitM
     SetNames(sBitMap, QString());
     m_version = lngVersion;
     m_typeLevel = 0;
-    m_error.clear();
+    m_error = {};
     return m_ready ? Success : Failure;
 }
 
@@ -151,11 +152,10 @@ qint16 C_ListInfo::ReadListStructure(const QString& path)
     QFile file(path);
     if (!ReadOnlyFile::open(file, m_error))
         return Failure;
-    ReadTablePositions(file);
-    return Success;
+    return ReadTablePositions(file) ? Success : Failure;
 }
 
-void C_ListInfo::ReadTablePositions(QIODevice& file)
+bool C_ListInfo::ReadTablePositions(QFile& file)
 {
     BinaryReader reader(file);
     m_version = reader.u32(0);
@@ -181,6 +181,53 @@ void C_ListInfo::ReadTablePositions(QIODevice& file)
     readTable(m_spriteTexture, reader.u32(p), SpriteTexture::Size);
     readTable(m_spriteSequence, reader.u32(p), SpriteSequence::Size);
     m_offsetEof = p;
+    return AreCountsAddressable(reader, file.fileName());
+}
+
+// A list saved without animation ranges keeps one 0 word behind its word
+// count of 0, so its sprite table starts 2 bytes after where the count puts
+// it. Read where the count puts it, the sprite and sequence counts are those
+// of other fields and run past the end of the file; read 2 bytes later, they
+// fit it.
+bool C_ListInfo::TablesFollowLoneWord(BinaryReader& reader) const
+{
+    if (m_animatedTexture.number != 0 || reader.u16(m_animatedTexture.offset + 4) != 0)
+        return false;
+    const qint64 sprites = m_animatedTexture.offset + 6;
+    const qint64 spriteCount = reader.u32(sprites);
+    const qint64 sequences = sprites + 4 + spriteCount * SpriteTexture::Size;
+    const qint64 sequenceCount = reader.u32(sequences);
+    const qint64 end = sequences + 4 + sequenceCount * SpriteSequence::Size;
+    const bool countedFit = m_offsetEof <= reader.size() && m_spriteTexture.number <= TableCountLimits::SpriteTextures
+                         && m_spriteSequence.number <= TableCountLimits::SpriteSequences;
+    return !countedFit && end <= reader.size();
+}
+
+bool C_ListInfo::AreCountsAddressable(BinaryReader& reader, const QString& path)
+{
+    m_tablesFollowLoneWord = TablesFollowLoneWord(reader);
+    TableCountLimits::Claims claims;
+    claims.objectTextures = m_objectTexture.number;
+    // Tables that are not read are not counted against the limits.
+    if (!m_tablesFollowLoneWord) {
+        claims.spriteTextures = m_spriteTexture.number;
+        claims.spriteSequences = m_spriteSequence.number;
+    }
+    claims.animationWords = m_animatedTexture.number;
+    claims.animationBytesPresent = reader.size() - (m_animatedTexture.offset + 4);
+    const QString excess = TableCountLimits::excess(claims);
+    if (excess.isEmpty())
+        return true;
+    m_error = FileError::reading(path, excess);
+    return false;
+}
+
+QString C_ListInfo::LoneWordNotice() const
+{
+    if (!m_tablesFollowLoneWord)
+        return {};
+    return QStringLiteral("it was saved without animation ranges: its sprite and sequence tables lie 2 bytes "
+                          "past where its counts say and are not read");
 }
 
 qint16 C_ListInfo::GetAllListContents()
@@ -188,14 +235,17 @@ qint16 C_ListInfo::GetAllListContents()
     if (!m_ready)
         return Failure;
     QFile file(m_fileName);
-    if (!ReadOnlyFile::open(file, m_error))
+    if (!ReadOnlyFile::open(file, m_error) || !ReadTablePositions(file))
         return Failure;
-    ReadTablePositions(file);
     BinaryReader reader(file, 1 << 16);
     m_TextureList::FillObjectTextures(reader, m_objectTexture, *m_lsvTexture);
     m_TextureList::FillAnimations(reader, m_animatedTexture, *m_lsvAnims, *m_lsvAnimDetails);
-    m_SpriteList::FillSprites(reader, m_spriteTexture, *m_lsvSprites);
-    m_SpriteList::FillSequences(reader, m_spriteSequence, *m_lsvSequences, *m_lsvSequenceDetails);
+    // Where the sprite table is not where the counts place it, the views get
+    // no rows made of other fields' bytes.
+    const TablePosition none;
+    m_SpriteList::FillSprites(reader, m_tablesFollowLoneWord ? none : m_spriteTexture, *m_lsvSprites);
+    m_SpriteList::FillSequences(reader, m_tablesFollowLoneWord ? none : m_spriteSequence, *m_lsvSequences,
+                                *m_lsvSequenceDetails);
     return Success;
 }
 
@@ -203,9 +253,11 @@ qint16 C_ListInfo::PutAllListContents()
 {
     if (!m_ready)
         return Failure;
-    TailKeepingSaveFile file(m_fileName);
+    // Files are rewritten in place from their first byte, never truncated:
+    // an older, longer list keeps its bytes beyond the new end.
+    ReplacingFile file(m_fileName, ReplacingFile::KeepOlderTail);
     if (!file.open() || !file.write(ListFileImage()) || !file.commit()) {
-        m_error = file.errorString();
+        m_error = file.error();
         return Failure;
     }
     return Success;

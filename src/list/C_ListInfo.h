@@ -1,13 +1,15 @@
 #pragma once
 
+#include "common/FileError.h"
 #include "level/TablePosition.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QString>
 
+class BinaryReader;
 class ListViewModel;
-class QIODevice;
+class QFile;
 
 // The open texture list: its file, the level and bitmap it belongs to, its
 // game version and where each table lies in the list file. The six list
@@ -83,14 +85,23 @@ public:
     int LevelFileNameLength() const { return m_levelFileNameLength; }
 
     QString FileName() const { return m_fileName; }
-    bool IsReady() const { return m_ready; }
-    QString ErrorString() const { return m_error; }
+    QString ErrorString() const { return m_error.why(); }
+    FileError Error() const { return m_error; }
+
+    // Set after a read when the list was saved without animation ranges and
+    // its sprite table therefore lies 2 bytes after where its counts place
+    // it (the format keeps a lone 0 word there); its sprites and sequences
+    // are then not read. The notice says so in one clause, "" otherwise.
+    bool AreTablesAfterLoneWord() const { return m_tablesFollowLoneWord; }
+    QString LoneWordNotice() const;
 
 private:
     class Image;
 
     qint16 ReadListStructure(const QString& path);
-    void ReadTablePositions(QIODevice& file);
+    bool ReadTablePositions(QFile& file);
+    bool TablesFollowLoneWord(BinaryReader& reader) const;
+    bool AreCountsAddressable(BinaryReader& reader, const QString& path);
     void ReadLevelVersion(const QString& levelPath);
     void SetNames(const QString& bitmap, const QString& level);
 
@@ -120,5 +131,6 @@ private:
     TablePosition m_spriteTexture;
     TablePosition m_spriteSequence;
     qint64 m_offsetEof = 0;
-    QString m_error;
+    bool m_tablesFollowLoneWord = false;
+    FileError m_error;
 };

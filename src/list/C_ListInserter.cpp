@@ -1,8 +1,9 @@
 #include "list/C_ListInserter.h"
 
 #include "level/C_LevelInfo.h"
+#include "level/ReadOnlyFile.h"
 #include "list/C_ListInfo.h"
-#include "common/TailKeepingSaveFile.h"
+#include "common/ReplacingFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -82,12 +83,22 @@ QList<C_ListInserter::Range> C_ListInserter::CopyPlan(const C_LevelInfo& L, cons
     return {itemsToEnd};
 }
 
-C_ListInserter::Result C_ListInserter::Refuse(Status status, const QString& error)
+C_ListInserter::Result C_ListInserter::Refuse(Status status, const FileError& failure)
 {
     Result result;
     result.status = status;
-    result.error = error;
+    result.failure = failure;
+    result.error = failure.text();
     return result;
+}
+
+QString C_ListInserter::NoticeFor(const C_ListInfo& list)
+{
+    if (list.NumberAnimatedTexture() != 0)
+        return {};
+    return QStringLiteral("%1: the list holds no animation ranges, so the output's animated texture block "
+                          "holds no word at all, where levels hold at least the range count 0")
+        .arg(list.FileName());
 }
 
 C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QString& listPath,
@@ -96,41 +107,48 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
     C_LevelInfo level;
     level.Init(levelPath);
     if (!level.IsOpened())
-        return Refuse(Status::LevelUnreadable, levelPath + QStringLiteral(": ") + level.ErrorString());
+        return Refuse(Status::LevelUnreadable, level.Error());
 
     C_ListInfo list;
     if (list.InitForInsert(listPath) != C_ListInfo::Success)
-        return Refuse(Status::ListUnreadable, listPath + QStringLiteral(": ") + list.ErrorString());
+        return Refuse(Status::ListUnreadable, list.Error());
 
+    const QString cannotInsert = FileError::cannotInsert();
     if (list.Version() != level.Version()) {
         return Refuse(Status::VersionMismatch,
-                      QStringLiteral("%1: list version %2 differs from the level's %3")
-                          .arg(listPath, list.VersionString(), level.VersionString()));
+                      {listPath, cannotInsert,
+                       QStringLiteral("list version %1 differs from the level's %2")
+                           .arg(list.VersionString(), level.VersionString())});
     }
     if (const QString cause = tablesUnusableCause(level); !cause.isEmpty())
-        return Refuse(Status::LevelUnusable, levelPath + QStringLiteral(": ") + cause);
+        return Refuse(Status::LevelUnusable, {levelPath, FileError::cannotReceive(), cause});
+    if (list.AreTablesAfterLoneWord())
+        return Refuse(Status::ListTruncated, {listPath, cannotInsert, list.LoneWordNotice()});
     if (list.Offset_EOF() > QFileInfo(listPath).size()) {
         return Refuse(Status::ListTruncated,
-                      listPath + QStringLiteral(": the list's tables run past the end of the file"));
+                      {listPath, cannotInsert, QStringLiteral("the list's tables run past the end of the file")});
     }
 
     Result result;
     result.outputPath = outputPath.isEmpty() ? DefaultOutputPath(levelPath) : outputPath;
     if (sameFile(result.outputPath, levelPath) || sameFile(result.outputPath, listPath)) {
-        return Refuse(Status::OutputIsInput,
-                      result.outputPath + QStringLiteral(": the output would replace an input"));
+        return Refuse(Status::OutputIsInput, FileError::writing(result.outputPath,
+                                                                QStringLiteral("the output would replace an input")));
     }
 
     QFile levelFile(levelPath);
     QFile listFile(listPath);
-    if (!levelFile.open(QIODevice::ReadOnly))
-        return Refuse(Status::LevelUnreadable, levelPath + QStringLiteral(": ") + levelFile.errorString());
-    if (!listFile.open(QIODevice::ReadOnly))
-        return Refuse(Status::ListUnreadable, listPath + QStringLiteral(": ") + listFile.errorString());
+    FileError readError;
+    if (!ReadOnlyFile::open(levelFile, readError))
+        return Refuse(Status::LevelUnreadable, readError);
+    if (!ReadOnlyFile::open(listFile, readError))
+        return Refuse(Status::ListUnreadable, readError);
 
-    TailKeepingSaveFile output(result.outputPath);
+    // Files are written in place from their first byte, never truncated: an
+    // older, longer output keeps its bytes beyond the new end.
+    ReplacingFile output(result.outputPath, ReplacingFile::KeepOlderTail);
     if (!output.open())
-        return Refuse(Status::WriteFailed, result.outputPath + QStringLiteral(": ") + output.errorString());
+        return Refuse(Status::WriteFailed, output.error());
 
     const qint64 levelLength = level.FileLength();
     const auto report = [&](qint64 copied) {
@@ -146,12 +164,18 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
         if (!ok)
             break;
     }
+    if (!ok && !output.error().failed()) {
+        // The copy stopped on a read: the level or the list changed under it.
+        return Refuse(Status::WriteFailed,
+                      FileError::reading(levelPath, QStringLiteral("it or its list changed while it was copied")));
+    }
     if (!ok || !output.commit())
-        return Refuse(Status::WriteFailed, result.outputPath + QStringLiteral(": ") + output.errorString());
+        return Refuse(Status::WriteFailed, output.error());
+    result.notice = NoticeFor(list);
     return result;
 }
 
-qint64 C_ListInserter::CopyFileRange(QFile& src, TailKeepingSaveFile& dst, qint64 first, qint64 last,
+qint64 C_ListInserter::CopyFileRange(QFile& src, ReplacingFile& dst, qint64 first, qint64 last,
                                      qint64 at, bool& ok, const std::function<void(qint64)>& copied)
 {
     // Only bytes the source holds are copied; the callers check beforehand

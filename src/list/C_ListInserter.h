@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/FileError.h"
+
 #include <QList>
 #include <QString>
 
@@ -8,7 +10,7 @@
 class C_LevelInfo;
 class C_ListInfo;
 class QFile;
-class TailKeepingSaveFile;
+class ReplacingFile;
 
 // Builds a level that carries a list's tables: the level's object texture,
 // sprite texture, sprite sequence and animated texture tables are replaced by
@@ -34,7 +36,12 @@ public:
     {
         Status status = Status::Done;
         QString outputPath;
-        QString error; // one line naming the cause
+        QString error;     // failure.text(): one line naming the file and the cause
+        FileError failure; // what failed, on which file, why
+        // Said even when the output was written: something about it a user
+        // should know (a list without animation ranges leaves the output's
+        // animated texture block without a single word).
+        QString notice;
     };
 
     // One piece of the output, in output order: bytes first to last
@@ -66,7 +73,8 @@ public:
 private:
     // Copies bytes first..last of src to dst, telling copied the output
     // position after every chunk; returns the next output position.
-    static qint64 CopyFileRange(QFile& src, TailKeepingSaveFile& dst, qint64 first, qint64 last, qint64 at,
+    static qint64 CopyFileRange(QFile& src, ReplacingFile& dst, qint64 first, qint64 last, qint64 at,
                                 bool& ok, const std::function<void(qint64)>& copied);
-    static Result Refuse(Status status, const QString& error);
+    static Result Refuse(Status status, const FileError& failure);
+    static QString NoticeFor(const C_ListInfo& list);
 };

@@ -50,8 +50,6 @@ public:
         return whole;
     }
 
-    constexpr double toDouble() const { return double(m_scaled) / double(Scale); }
-
     friend constexpr bool operator==(Currency, Currency) = default;
     friend constexpr std::strong_ordering operator<=>(Currency, Currency) = default;
 

@@ -7,9 +7,14 @@
 
 namespace {
 
-LevelListExtractor::Result failure(LevelListExtractor::Status status, const QString& file, const QString& error)
+LevelListExtractor::Result failure(LevelListExtractor::Status status, const FileError& error)
 {
-    return {status, file, error};
+    return {status, error};
+}
+
+LevelListExtractor::Result unreadable(LevelListExtractor::Status status, const QString& level, const QString& why)
+{
+    return failure(status, FileError::reading(level, why));
 }
 
 } // namespace
@@ -21,20 +26,21 @@ LevelListExtractor::Result LevelListExtractor::Extract(const QString& levelPath,
     C_LevelInfo level;
     level.Init(levelPath);
     if (!level.IsOpened())
-        return failure(Status::LevelUnreadable, levelPath, level.ErrorString());
+        return failure(Status::LevelUnreadable, level.Error());
     if (!LevelVersion::hasTextureTables(level.Game()))
-        return failure(Status::LevelNotTR2OrTR3, levelPath, LevelVersion::refusal(level.VersionString()));
+        return unreadable(Status::LevelNotTR2OrTR3, levelPath, LevelVersion::refusal(level.VersionString()));
     if (const QString cause = level.TablesUnusableCause(); !cause.isEmpty())
-        return failure(Status::LevelUnusable, levelPath, cause);
+        return unreadable(Status::LevelUnusable, levelPath, cause);
 
     ListViewSet views;
+    FileError error;
     if (!LevelTableReader::ReadIntoViews(level, views.lsvTextures, views.lsvAnims, views.lsvAnimDetails,
-                                         views.lsvSprites, views.lsvSequences, views.lsvSequenceDetails)) {
-        return failure(Status::LevelUnreadable, levelPath, QStringLiteral("cannot be read"));
+                                         views.lsvSprites, views.lsvSequences, views.lsvSequenceDetails, &error)) {
+        return failure(Status::LevelUnreadable, error);
     }
     C_ListInfo list;
     views.initList(list, listPath, levelPath, bitmapPath);
     if (list.PutAllListContents() != C_ListInfo::Success)
-        return failure(Status::WriteFailed, listPath, list.ErrorString());
+        return failure(Status::WriteFailed, list.Error());
     return {};
 }

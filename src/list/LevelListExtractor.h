@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/FileError.h"
+
 #include <QString>
 
 // Makes a new list from a level, as New List does: the level's tables are read
@@ -19,8 +21,7 @@ public:
     struct Result
     {
         Status status = Status::Done;
-        QString file;  // the file the error is about
-        QString error; // the cause, one line
+        FileError error;
     };
 
     static Result Extract(const QString& levelPath, const QString& bitmapPath, const QString& listPath);

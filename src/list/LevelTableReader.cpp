@@ -11,12 +11,21 @@
 bool LevelTableReader::ReadIntoViews(const C_LevelInfo& level, ListViewModel& lsvTextures,
                                      ListViewModel& lsvAnims, ListViewModel& lsvAnimDetails,
                                      ListViewModel& lsvSprites, ListViewModel& lsvSequences,
-                                     ListViewModel& lsvSequenceDetails)
+                                     ListViewModel& lsvSequenceDetails, FileError* error)
 {
+    FileError failure;
     QFile file(level.FileName());
-    QString error;
-    if (level.FileName().isEmpty() || !level.AreTablesInsideFile() || !ReadOnlyFile::open(file, error))
+    if (level.FileName().isEmpty())
+        failure = FileError::reading(level.FileName(), QStringLiteral("no level was given"));
+    else if (const QString cause = level.TablesUnusableCause(); !cause.isEmpty())
+        failure = FileError::reading(level.FileName(), cause);
+    else
+        ReadOnlyFile::open(file, failure);
+    if (failure.failed()) {
+        if (error)
+            *error = failure;
         return false;
+    }
     BinaryReader reader(file, 1 << 16);
     const LevelWalk::Result& tables = level.Walk();
     m_TextureList::FillObjectTextures(reader, tables.objectTexture, lsvTextures);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/FileError.h"
+
 class C_LevelInfo;
 class ListViewModel;
 
@@ -10,9 +12,11 @@ class LevelTableReader
 {
 public:
     // False when the level cannot be opened or its tables cannot be taken
-    // (a negative count, a walk that did not reach the end); the views are
-    // then untouched.
+    // (a negative count, more rows than a level can address, a walk that did
+    // not reach the end); the views are then untouched, and error, when
+    // given, says why.
     static bool ReadIntoViews(const C_LevelInfo& level, ListViewModel& lsvTextures, ListViewModel& lsvAnims,
                               ListViewModel& lsvAnimDetails, ListViewModel& lsvSprites,
-                              ListViewModel& lsvSequences, ListViewModel& lsvSequenceDetails);
+                              ListViewModel& lsvSequences, ListViewModel& lsvSequenceDetails,
+                              FileError* error = nullptr);
 };

@@ -1,9 +1,10 @@
 #include "synthetic/SyntheticLevel.h"
 
+#include "common/ReplacingFile.h"
+
 #include "synthetic/SyntheticSink.h"
 
 #include <QBuffer>
-#include <QSaveFile>
 #include <QtEndian>
 
 namespace {
@@ -183,21 +184,11 @@ QByteArray SyntheticLevel::build() const
 
 bool SyntheticLevel::writeTo(const QString& path, QString* error) const
 {
-    QSaveFile file(path);
-    QString failure;
-    if (file.open(QIODevice::WriteOnly)) {
-        SyntheticSink sink(&file);
-        lay(sink);
-        if (!sink.ok())
-            failure = sink.errorString();
-        else if (!file.commit())
-            failure = file.errorString();
-    } else {
-        failure = file.errorString();
-    }
+    ReplacingFile file(path);
+    const bool written = file.open() && file.write(build()) && file.commit();
     if (error)
-        *error = failure;
-    return failure.isEmpty();
+        *error = file.errorString();
+    return written;
 }
 
 SyntheticLevel::Layout SyntheticLevel::layout() const

@@ -15,6 +15,10 @@
 #include <QProcess>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 class tst_Cli : public QObject
 {
     Q_OBJECT
@@ -97,6 +101,12 @@ private slots:
         m_dir.write(QStringLiteral("text.bmp"), "plain text");
         m_dir.write(QStringLiteral("cut-tiles.tr2"), tiledLevel().build().left(100000));
         m_dir.write(QStringLiteral("hostile.trt"), QByteArray::fromHex("2d000000" "0000" "ffff") + QByteArray(40, 'x'));
+        m_dir.write(QStringLiteral("claims.trt"),
+                    QByteArray::fromHex("2d000000" "0000" "0200" "5c30" "0200" "5c30" "ffffffff") + QByteArray(400, 'x'));
+        m_dir.write(QStringLiteral("tiled.tr2"), tiledLevel().build());
+#ifdef Q_OS_UNIX
+        QCOMPARE(::mkfifo(QFile::encodeName(m_dir.filePath(QStringLiteral("pipe"))).constData(), 0644), 0);
+#endif
         ListViewSet views;
         QCOMPARE(m_tables.write(views, m_dir.filePath(QStringLiteral("list.trt")), m_level), C_ListInfo::Success);
         QCOMPARE(m_tables.write(views, m_dir.filePath(QStringLiteral("tr3.trt")),
@@ -144,6 +154,22 @@ private slots:
         QTest::newRow("usage without level") << QStringList{"usage", "--json"} << 1 << "";
         QTest::newRow("usage missing") << QStringList{"usage", "/nonexistent/l.tr2"} << 2 << "";
         QTest::newRow("usage unknown version") << QStringList{"usage", "{dir}/unknown.tr2"} << 2 << "";
+#ifdef Q_OS_UNIX
+        QTest::newRow("info of a FIFO") << QStringList{"info", "{dir}/pipe"} << 2 << "";
+        QTest::newRow("info of a device") << QStringList{"info", "/dev/zero"} << 2 << "";
+        QTest::newRow("usage of a FIFO") << QStringList{"usage", "{dir}/pipe"} << 2 << "";
+        QTest::newRow("dump of a FIFO") << QStringList{"dump", "{dir}/pipe", "--json"} << 2 << "";
+        QTest::newRow("extract with a FIFO for bitmap")
+            << QStringList{"extract", level, "--bitmap", "{dir}/pipe", "-o", "{dir}/refused.trt"} << 2 << "refused.trt";
+        QTest::newRow("insert a FIFO") << QStringList{"insert", level, "{dir}/pipe", "-o", "{dir}/refused.tr2"} << 2
+                                       << "refused.tr2";
+        QTest::newRow("insert onto a FIFO") << QStringList{"insert", level, "{dir}/list.trt", "-o", "{dir}/pipe"} << 2
+                                            << "";
+        QTest::newRow("tiles onto a FIFO") << QStringList{"tiles", "{dir}/tiled.tr2", "-o", "{dir}/pipe"} << 2 << "";
+#endif
+        QTest::newRow("dump a list claiming too many textures") << QStringList{"dump", "{dir}/claims.trt"} << 2 << "";
+        QTest::newRow("insert a list claiming too many textures")
+            << QStringList{"insert", level, "{dir}/claims.trt"} << 2 << "templevel.tr2";
         QTest::newRow("insert another game's list") << QStringList{"insert", level, "{dir}/tr3.trt"} << 3
                                                     << "templevel.tr2";
         QTest::newRow("extract negative count")
@@ -170,6 +196,42 @@ private slots:
         }
         if (!absent.isEmpty())
             QVERIFY(!QFile::exists(m_dir.filePath(absent)));
+        // Nothing takes a special file's place.
+        QVERIFY(!QFileInfo(m_dir.filePath(QStringLiteral("pipe"))).isFile());
+    }
+
+    // A level cut short gives the lists its bytes held, says where it ends
+    // on standard error and in the JSON, and is no failure.
+    void usageOfALevelCutShort_data()
+    {
+        QTest::addColumn<int>("cut"); // bytes taken from the end
+        QTest::addColumn<bool>("complete");
+        QTest::newRow("whole") << 0 << true;
+        QTest::newRow("without its sample indices") << 4 << false;
+        QTest::newRow("cut in its items") << 9000 << false;
+    }
+
+    void usageOfALevelCutShort()
+    {
+        QFETCH(int, cut);
+        QFETCH(bool, complete);
+        const QByteArray whole = tiledLevel().build();
+        const QString level = m_dir.write(QStringLiteral("cut-%1.tr2").arg(cut), whole.chopped(cut));
+        const Run json = cli({"usage", level, "--json"});
+        QCOMPARE(json.exitCode, 0);
+        QCOMPARE(json.json().value(QStringLiteral("complete")), QJsonValue(complete));
+        QCOMPARE(json.json().value(QStringLiteral("polygons")).toArray(), (QJsonArray{1, 2, 3}));
+        if (complete) {
+            QVERIFY(json.err.isEmpty());
+            return;
+        }
+        QCOMPARE(json.err.count('\n'), 1);
+        const QByteArray end = "ends at byte " + QByteArray::number(whole.size() - cut);
+        QVERIFY2(json.err.contains(end), json.err.constData());
+        const Run text = cli({"usage", level});
+        QCOMPARE(text.exitCode, 0);
+        QVERIFY(text.out.startsWith("polygons (3): 1-3\n"));
+        QCOMPARE(text.err, json.err);
     }
 
     void info_data()
@@ -264,7 +326,8 @@ private slots:
         const Run json = cli({"usage", level, "--json"});
         QCOMPARE(json.exitCode, 0);
         const QJsonObject lists = json.json();
-        QCOMPARE(lists.keys(), (QStringList{"objects", "polygons", "sprites", "unused"}));
+        QCOMPARE(lists.keys(), (QStringList{"complete", "objects", "polygons", "sprites", "unused"}));
+        QCOMPARE(lists.value(QStringLiteral("complete")), QJsonValue(true));
         QCOMPARE(lists.value(QStringLiteral("polygons")).toArray(), (QJsonArray{1, 2, 3}));
         QCOMPARE(lists.value(QStringLiteral("objects")).toArray(), (QJsonArray{5, 6}));
         QCOMPARE(lists.value(QStringLiteral("sprites")).toArray(), (QJsonArray{0, 4}));
@@ -274,6 +337,37 @@ private slots:
         const Run text = cli({"usage", level});
         QCOMPARE(text.exitCode, 0);
         QCOMPARE(text.out, QByteArray("polygons (3): 1-3\nobjects (2): 5-6\nsprites (2): 0, 4\nunused (3): 0, 4, 7\n"));
+    }
+
+    // A list saved without animation ranges keeps a lone 0 word before its
+    // sprite table: dump and insert say what that does, in one line each.
+    void listsWithoutRangesAreExplained_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<int>("sprites");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QByteArray>("said");
+        QTest::newRow("dump, sprites behind the word") << "dump" << 3 << 0 << QByteArray("saved without animation ranges");
+        QTest::newRow("insert, sprites behind the word") << "insert" << 3 << 2 << QByteArray("saved without animation ranges");
+        QTest::newRow("insert, nothing behind the word") << "insert" << 0 << 0 << QByteArray("holds no word at all");
+    }
+
+    void listsWithoutRangesAreExplained()
+    {
+        QFETCH(QString, command);
+        QFETCH(int, sprites);
+        QFETCH(int, exitCode);
+        QFETCH(QByteArray, said);
+        const QString list = m_dir.filePath(QStringLiteral("no-ranges-%1.trt").arg(sprites));
+        ListViewSet views;
+        QCOMPARE(ListFixture::random(4, 0, 0, sprites, 0, 3).write(views, list, m_level), C_ListInfo::Success);
+        QStringList arguments{command, list};
+        if (command == QLatin1String("insert"))
+            arguments = QStringList{command, m_level, list, "-o", m_dir.filePath(QStringLiteral("no-ranges.tr2"))};
+        const Run run = cli(arguments);
+        QCOMPARE(run.exitCode, exitCode);
+        QCOMPARE(run.err.count('\n'), 1);
+        QVERIFY2(run.err.contains(said), run.err.constData());
     }
 
     // An extracted list put back gives the level again, beside it or where -o says.

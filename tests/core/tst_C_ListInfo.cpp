@@ -122,7 +122,8 @@ private slots:
 
     // Without ranges the writer leaves a lone 0 word behind the count of 0,
     // and a reader trusting the count looks for the sprite count two bytes
-    // early: the rows hold what the shifted bytes hold, as far as the file goes.
+    // early. Where that reading runs past the file, the list says why and
+    // reads no sprite rows made of other fields' bytes.
     void listWithoutRanges()
     {
         QFETCH(int, sprites);
@@ -140,14 +141,12 @@ private slots:
         QCOMPARE(info.NumberSpriteTexture(), qint64(sprites) << 16);
         QCOMPARE(reread.lsvAnims.count(), 0);
         QCOMPARE(reread.lsvTextures.count(), 2);
-        QCOMPARE(reread.lsvSprites.count(), int((bytes.size() - (p + 8)) / 16));
+        QCOMPARE(reread.lsvSprites.count(), 0);
         QCOMPARE(reread.lsvSequences.count(), 0);
-        if (sprites > 0) {
-            QCOMPARE(reread.lsvSprites.subItem(0, 1), QStringLiteral("0"));
-            QCOMPARE(reread.lsvSprites.subItem(0, 2), QString::number(fixture.sprites[0].tile & 0xFF));
-        } else {
+        QCOMPARE(info.AreTablesAfterLoneWord(), sprites > 0);
+        QCOMPARE(info.LoneWordNotice().contains(QStringLiteral("saved without animation ranges")), sprites > 0);
+        if (sprites == 0)
             QCOMPARE(info.Offset_EOF() + 2, bytes.size());
-        }
     }
 
     void roundTrip_data()
@@ -283,12 +282,49 @@ private slots:
     {
         QTest::addColumn<QByteArray>("bytes");
         const QByteArray names = QByteArray(4, '\0') + QByteArray::fromHex("0000" "0200" "5c30" "0200" "5c30");
-        QTest::newRow("object count 0xFFFFFFFF") << names + QByteArray::fromHex("ffffffff") + QByteArray(45, '\x07');
         QTest::newRow("name length past the end") << QByteArray(4, '\0') + QByteArray::fromHex("0000" "ffff") + QByteArray(30, 'n');
         QTest::newRow("name length 1") << QByteArray::fromHex("2d000000" "0000" "0100");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("range counts past the words")
-            << names + QByteArray::fromHex("00000000" "ffff0000" "ffff" "fe ff 0100");
+            << names + QByteArray::fromHex("00000000" "0400" "0000" "ffff" "feff" "0100" "0000");
+        QTest::newRow("the most object textures a level addresses")
+            << names + QByteArray::fromHex("00800000") + QByteArray(40, '\x07');
+    }
+
+    // Counts beyond what a level can address, or animation words beyond the
+    // bytes, are refused before any row is built: the views keep their rows.
+    void countsBeyondTheLimitsAreRefused_data()
+    {
+        QTest::addColumn<QByteArray>("tables");
+        QTest::addColumn<QString>("cause");
+        QTest::newRow("object count 0xFFFFFFFF")
+            << QByteArray::fromHex("ffffffff") + QByteArray(45, '\x07') << "4294967295 object textures, more than the 32768";
+        QTest::newRow("one object texture too many")
+            << QByteArray::fromHex("01800000") << "32769 object textures, more than the 32768";
+        QTest::newRow("sprite textures")
+            << QByteArray::fromHex("00000000" "0000" "0000" "01000100") << "65537 sprite textures, more than the 65536";
+        QTest::newRow("sprite sequences")
+            << QByteArray::fromHex("00000000" "0000" "0000" "00000000" "01000100")
+            << "65537 sprite sequences, more than the 65536";
+        QTest::newRow("animation words past the end")
+            << QByteArray::fromHex("00000000" "ffff0000" "0000") << "65535 animation words, more than the 1 its bytes";
+    }
+
+    void countsBeyondTheLimitsAreRefused()
+    {
+        QFETCH(QByteArray, tables);
+        QFETCH(QString, cause);
+        const QByteArray names = QByteArray(4, '\0') + QByteArray::fromHex("0000" "0200" "5c30" "0200" "5c30");
+        const QString list = m_dir.write(QStringLiteral("claims.trt"), names + tables);
+        ListViewSet views;
+        views.lsvTextures.addRow(QStringLiteral("T0"), QStringLiteral("kept"));
+        C_ListInfo info;
+        QCOMPARE(views.openList(info, list), C_ListInfo::Failure);
+        QVERIFY2(info.ErrorString().contains(cause), qPrintable(info.Error().text()));
+        QCOMPARE(info.Error().file(), list);
+        QCOMPARE(views.lsvTextures.count(), 1);
+        C_ListInfo forInsert;
+        QCOMPARE(forInsert.InitForInsert(list), C_ListInfo::Failure);
     }
 
     void hostileListsFillOnlyWhatTheBytesHold()
@@ -303,14 +339,18 @@ private slots:
         QCOMPARE(ScratchDir::read(list), bytes);
     }
 
+    // Cut anywhere but inside its animation words, whose count then claims
+    // more than the bytes hold, a list opens with the rows present.
     void truncatedAnywhereStillOpens()
     {
         const QByteArray bytes = ScratchDir::read(written(QStringLiteral("full.trt"), ListFixture::random(7, 2, 3, 3, 2, 13)));
         for (qsizetype length = 0; length < bytes.size(); ++length) {
             ListViewSet reread;
             C_ListInfo info;
-            QCOMPARE(reread.openList(info, m_dir.write(QStringLiteral("cut.trt"), bytes.left(length))),
-                     C_ListInfo::Success);
+            if (reread.openList(info, m_dir.write(QStringLiteral("cut.trt"), bytes.left(length))) != C_ListInfo::Success) {
+                QVERIFY2(info.ErrorString().contains(QStringLiteral("animation words")), qPrintable(info.ErrorString()));
+                continue;
+            }
             QVERIFY(reread.lsvTextures.count() <= 7);
             QVERIFY(reread.lsvSprites.count() <= qMax<qsizetype>(3, length / 16));
         }

@@ -146,12 +146,48 @@ private slots:
         QTest::newRow("level cut short") << "truncated-level" << Status::LevelUnusable << "followed to its end";
         QTest::newRow("room overflows") << "overflowing-room" << Status::LevelUnusable << "followed to its end";
         QTest::newRow("negative object textures") << "negative-objects" << Status::LevelUnusable
-                                                  << "level.tr2: the level's NumberObjectTexture is negative (-1)";
+                                                  << "level.tr2: cannot receive the list: the level's NumberObjectTexture is negative (-1)";
         QTest::newRow("negative sequences") << "negative-sequences" << Status::LevelUnusable
                                             << "NumberSpriteSequence is negative (-3)";
+        QTest::newRow("more object textures than a level addresses")
+            << "too-many-objects" << Status::LevelUnusable << "32769 object textures, more than the 32768";
         QTest::newRow("list cut short") << "truncated-list" << Status::ListTruncated << "run past the end";
         QTest::newRow("output is the level") << "output-is-level" << Status::OutputIsInput << "replace an input";
         QTest::newRow("list of another game") << "tr3-list" << Status::VersionMismatch << "differs";
+    }
+
+    // A list saved without animation ranges keeps a lone 0 word before its
+    // sprite table. With sprites or sequences behind it, the tables as the
+    // counts place them run past the file, and insertion says why; without,
+    // the output is written as the positions make it, and the notice says
+    // its animated texture block holds no word.
+    void listWithoutRanges_data()
+    {
+        QTest::addColumn<int>("sprites");
+        QTest::addColumn<int>("sequences");
+        QTest::addColumn<Status>("status");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("sprites behind the word") << 3 << 0 << Status::ListTruncated << "saved without animation ranges";
+        QTest::newRow("sequences behind the word") << 0 << 2 << Status::ListTruncated << "saved without animation ranges";
+        QTest::newRow("nothing behind the word") << 0 << 0 << Status::Done << "holds no word at all";
+    }
+
+    void listWithoutRanges()
+    {
+        QFETCH(int, sprites);
+        QFETCH(int, sequences);
+        QFETCH(Status, status);
+        QFETCH(QString, said);
+        const QString folder = QStringLiteral("no-ranges-%1-%2/").arg(sprites).arg(sequences);
+        const ListFixture tables = ListFixture::random(4, 0, 0, sprites, sequences, 5);
+        const QString level = writeLevel(folder + QStringLiteral("level.tr2"), levelWith(Game::TR2, tables));
+        const QString list = writeList(folder + QStringLiteral("list.trt"), tables, level);
+        const auto result = C_ListInserter().Insert(level, list);
+        QCOMPARE(result.status, status);
+        QCOMPARE(QFile::exists(m_dir.filePath(folder + QStringLiteral("templevel.tr2"))), status == Status::Done);
+        const QString text = status == Status::Done ? result.notice : result.error;
+        QVERIFY2(text.contains(said), qPrintable(text));
+        QVERIFY(text.contains(list));
     }
 
     void badInputsAreRefusedWithoutOutput()
@@ -166,6 +202,8 @@ private slots:
             synthetic.setRooms({{0, 0, 64, 64, 0, 0, true}});
         if (kind == QLatin1String("negative-objects"))
             synthetic.overrideCount(SyntheticField::ObjectTextures, quint32(-1));
+        if (kind == QLatin1String("too-many-objects"))
+            synthetic.setObjectTextures(QList<ObjectTexture>(32769));
         if (kind == QLatin1String("negative-sequences"))
             synthetic.overrideCount(SyntheticField::SpriteSequences, quint32(-3));
         QString level = writeLevel(folder + QStringLiteral("/level.tr2"), synthetic);

@@ -85,10 +85,10 @@ QRect boxOf(const SpriteTexture& sprite)
 
 bool write(const QString& dir)
 {
-    QString error;
+    FileError error;
     const bool written = DemoLevel::writeInto(dir, &error);
     if (!written)
-        qWarning("%s", qPrintable(error));
+        qWarning("%s", qPrintable(error.text()));
     return written;
 }
 
@@ -347,12 +347,11 @@ private slots:
         QFETCH(QStringList, absent);
         ScratchDir dir;
         QVERIFY(blockerIsFolder ? QDir(dir.path()).mkpath(blocker) : !dir.write(blocker, "not a folder").isEmpty());
-        QString error;
-        QString file;
-        QVERIFY(!DemoLevel::writeInto(dir.filePath(target), &error, &file));
-        QCOMPARE(file, dir.filePath(failing));
-        QVERIFY(!error.isEmpty());
-        QVERIFY(!error.contains(QLatin1Char('\n')));
+        FileError error;
+        QVERIFY(!DemoLevel::writeInto(dir.filePath(target), &error));
+        QCOMPARE(error.file(), dir.filePath(failing));
+        QVERIFY(error.failed());
+        QVERIFY(!error.text().contains(QLatin1Char('\n')));
         for (const QString& path : absent)
             QVERIFY2(!QFile::exists(dir.filePath(path)), qPrintable(path));
     }

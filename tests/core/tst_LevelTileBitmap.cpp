@@ -55,9 +55,9 @@ class tst_LevelTileBitmap : public QObject
     {
         const QString levelPath = m_dir.write(name + QStringLiteral(".tr2"), level.build());
         const QString bmpPath = m_dir.filePath(name + QStringLiteral(".bmp"));
-        QString error;
+        FileError error;
         if (!LevelTileBitmap::write(levelPath, bmpPath, &error))
-            qWarning("%s", qPrintable(error));
+            qWarning("%s", qPrintable(error.text()));
         return bmpPath;
     }
 
@@ -198,24 +198,22 @@ private slots:
         QFETCH(QString, cause);
         const QString levelPath = m_dir.write(QStringLiteral("refused.tr2"), level);
         const QString bmpPath = m_dir.write(QStringLiteral("kept.bmp"), "old bitmap");
-        QString error;
-        QString file;
-        QVERIFY(!LevelTileBitmap::write(levelPath, bmpPath, &error, &file));
-        QVERIFY2(error.contains(cause), qPrintable(error));
-        QCOMPARE(file, levelPath);
+        FileError error;
+        QVERIFY(!LevelTileBitmap::write(levelPath, bmpPath, &error));
+        QVERIFY2(error.why().contains(cause), qPrintable(error.text()));
+        QCOMPARE(error.file(), levelPath);
         QCOMPARE(ScratchDir::read(bmpPath), QByteArray("old bitmap"));
     }
 
     void unreadableFiles()
     {
-        QString error;
-        QString file;
-        QVERIFY(!LevelTileBitmap::write(m_dir.filePath(QStringLiteral("missing.tr2")), m_dir.filePath("m.bmp"), &error, &file));
-        QVERIFY(file.endsWith(QStringLiteral("missing.tr2")));
-        QVERIFY(!error.isEmpty());
+        FileError error;
+        QVERIFY(!LevelTileBitmap::write(m_dir.filePath(QStringLiteral("missing.tr2")), m_dir.filePath("m.bmp"), &error));
+        QVERIFY(error.file().endsWith(QStringLiteral("missing.tr2")));
+        QVERIFY(error.failed());
         const QString level = m_dir.write(QStringLiteral("fine.tr2"), levelWithTiles(Game::TR2, 1, {}).build());
-        QVERIFY(!LevelTileBitmap::write(level, m_dir.filePath(QStringLiteral("no/such/dir/t.bmp")), &error, &file));
-        QVERIFY(file.endsWith(QStringLiteral("t.bmp")));
+        QVERIFY(!LevelTileBitmap::write(level, m_dir.filePath(QStringLiteral("no/such/dir/t.bmp")), &error));
+        QVERIFY(error.file().endsWith(QStringLiteral("t.bmp")));
     }
 };
 

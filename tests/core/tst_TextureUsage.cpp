@@ -81,10 +81,10 @@ class tst_TextureUsage : public QObject
     TextureUsage usageOf(const QByteArray& level)
     {
         const QString path = m_dir.write(QStringLiteral("level.tr2"), level);
-        QString error;
+        FileError error;
         const std::optional<TextureUsage> usage = TextureUsage::ofLevel(path, &error);
         if (!usage)
-            qWarning("%s", qPrintable(error));
+            qWarning("%s", qPrintable(error.text()));
         return usage.value_or(TextureUsage{});
     }
 
@@ -225,11 +225,11 @@ private slots:
     {
         QFETCH(QByteArray, level);
         QFETCH(QString, cause);
-        QString error;
+        FileError error;
         QVERIFY(!TextureUsage::ofLevel(m_dir.write(QStringLiteral("refused.tr2"), level), &error));
-        QCOMPARE(error, cause);
+        QCOMPARE(error.why(), cause);
         QVERIFY(!TextureUsage::ofLevel(m_dir.filePath(QStringLiteral("missing.tr2")), &error));
-        QVERIFY(!error.isEmpty());
+        QVERIFY(error.file().endsWith(QStringLiteral("missing.tr2")));
     }
 };
 

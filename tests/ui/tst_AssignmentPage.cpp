@@ -18,6 +18,10 @@
 #include <QStatusBar>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 // The "Assignation" page's usage lists and their drawing, and the level's own
 // tiles as the bitmap of a new list.
 class tst_AssignmentPage : public QObject
@@ -78,14 +82,21 @@ void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy_data()
 {
     QTest::addColumn<QString>("level");
     QTest::addColumn<QString>("said");
-    QTest::newRow("no level") << "" << "belongs to no level";
-    QTest::newRow("level gone") << "gone.tr2" << "No usage found";
+    QTest::addColumn<bool>("filled");
+    QTest::newRow("no level") << "" << "belongs to no level" << false;
+    QTest::newRow("level gone") << "gone.tr2" << "No usage found" << false;
+#ifdef Q_OS_UNIX
+    QTest::newRow("level is a FIFO") << "pipe.tr2" << "is a FIFO, not a regular file" << false;
+#endif
+    // What the bytes held is shown, and the status bar says it is partial.
+    QTest::newRow("level cut short") << "cut.tr2" << "(partial: the level is cut short: it ends at byte" << true;
 }
 
 void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy()
 {
     QFETCH(QString, level);
     QFETCH(QString, said);
+    QFETCH(bool, filled);
     EditorFixture f;
     if (level.isEmpty()) {
         f.newList(f.dir.filePath("alone.trt"), {}, f.bitmapPath());
@@ -93,10 +104,16 @@ void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy()
         f.openList(f.listPath());
         f.window->state().LevelFileName = f.dir.filePath(level);
     }
+    if (level == QLatin1String("cut.tr2"))
+        f.dir.write(level, ScratchDir::read(f.levelPath()).chopped(100));
+#ifdef Q_OS_UNIX
+    if (level == QLatin1String("pipe.tr2"))
+        QCOMPARE(::mkfifo(QFile::encodeName(f.dir.filePath(level)).constData(), 0644), 0);
+#endif
     click(f, "cmdAssign");
     QVERIFY2(f.window->statusBar()->currentMessage().contains(said),
              qPrintable(f.window->statusBar()->currentMessage()));
-    QCOMPARE(f.window->assignmentPage().lsvNotAssign().count(), 0);
+    QCOMPARE(f.window->assignmentPage().lsvPolygons().count() > 0, filled);
     QVERIFY(f.prompts.messages.isEmpty());
 }
 

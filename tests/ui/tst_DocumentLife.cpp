@@ -2,6 +2,7 @@
 #include "uisupport/EditorFixture.h"
 #include "ui/common/EditorState.h"
 #include "support/ListFixture.h"
+#include "list/ListViewSet.h"
 #include "ui/main/frmMain.h"
 #include "ui/bitmap/ucScrollPic.h"
 
@@ -15,6 +16,13 @@
 #include <QRadioButton>
 #include <QStatusBar>
 #include <QTest>
+
+#include <cerrno>
+
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#include <sys/stat.h>
+#endif
 
 // New, Open, Save, Save As, Close, Exit and Insert, as a user runs them from
 // the menus, with every dialog answered through the scripted prompts.
@@ -39,6 +47,11 @@ private slots:
     void badFilesGetOneMessageAndChangeNothing_data();
     void badFilesGetOneMessageAndChangeNothing();
     void listWithMissingBitmapAndLevelOpensWithWhatItHas();
+    void listSavedWithoutRangesSaysWhyItsSpritesAreNotRead();
+#ifdef Q_OS_UNIX
+    void saveThatCannotWriteSaysWhyAndKeepsTheFile_data();
+    void saveThatCannotWriteSaysWhyAndKeepsTheFile();
+#endif
     void helpAndAbout();
 
 private:
@@ -328,6 +341,65 @@ void tst_DocumentLife::badFilesGetOneMessageAndChangeNothing()
     QCOMPARE(f.window->state().views.lsvTextures.count(), 30);
     QVERIFY(f.window->state().picture()->HasPicture());
 }
+
+void tst_DocumentLife::listSavedWithoutRangesSaysWhyItsSpritesAreNotRead()
+{
+    EditorFixture f;
+    ListViewSet views;
+    const QString list = f.dir.filePath("no-ranges.trt");
+    QCOMPARE(ListFixture::random(5, 0, 0, 3, 1, 8).write(views, list, f.levelPath(), f.bitmapPath()),
+             C_ListInfo::Success);
+    f.openList(list);
+    QVERIFY(f.prompts.messages.isEmpty());
+    QCOMPARE(f.window->state().views.lsvTextures.count(), 5);
+    QCOMPARE(f.window->state().views.lsvSprites.count(), 0);
+    QVERIFY2(f.window->statusBar()->currentMessage().contains("saved without animation ranges"),
+             qPrintable(f.window->statusBar()->currentMessage()));
+}
+
+#ifdef Q_OS_UNIX
+void tst_DocumentLife::saveThatCannotWriteSaysWhyAndKeepsTheFile_data()
+{
+    QTest::addColumn<QString>("obstacle");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("write-protected list") << "protected" << "cannot be written: is write-protected";
+    QTest::newRow("disk full part-way") << "limit" << QString("cannot be written: ") + qt_error_string(EFBIG);
+    QTest::newRow("list turned into a FIFO") << "fifo" << "cannot be written: is a FIFO, not a regular file";
+}
+
+// The one line the core gives is the message, and the list on disk and the
+// unsaved changes stay as they were.
+void tst_DocumentLife::saveThatCannotWriteSaysWhyAndKeepsTheFile()
+{
+    QFETCH(QString, obstacle);
+    QFETCH(QString, cause);
+    EditorFixture f;
+    const QString list = f.dir.write("copy.trt", ScratchDir::read(f.listPath()));
+    f.openList(list);
+    EditorState& s = f.window->state();
+    s.views.lsvTextures.setSubItem(3, 1, QStringLiteral("2"));
+    s.MarkDirty();
+    const QByteArray before = ScratchDir::read(list);
+    if (obstacle == "protected")
+        QVERIFY(QFile::setPermissions(list, QFile::ReadOwner));
+    if (obstacle == "fifo")
+        QVERIFY(QFile::remove(list) && ::mkfifo(QFile::encodeName(list).constData(), 0644) == 0);
+    rlimit unlimited {};
+    ::getrlimit(RLIMIT_FSIZE, &unlimited);
+    rlimit limited = unlimited;
+    limited.rlim_cur = before.size() / 2;
+    if (obstacle == "limit")
+        ::setrlimit(RLIMIT_FSIZE, &limited);
+    trigger(f, "mnuFileSaveList");
+    ::setrlimit(RLIMIT_FSIZE, &unlimited);
+
+    QCOMPARE(f.prompts.messages.size(), 1);
+    QCOMPARE(f.prompts.messages[0].text, list + ": " + cause);
+    QVERIFY(s.IsDirty);
+    if (obstacle != "fifo")
+        QCOMPARE(ScratchDir::read(list), before);
+}
+#endif
 
 void tst_DocumentLife::listWithMissingBitmapAndLevelOpensWithWhatItHas()
 {

@@ -65,7 +65,6 @@ public:
     void StepPreview();
 
     ucAnimTexture* Preview() const;
-    PreviewPlayer& Player() const { return *m_player; }
     QTimer& Timer1() const { return *m_timer1; }
     PreviewFrameList& lsvOneAnim() { return m_lsvOneAnim; }
     ListViewModel& lsvNextAnim() { return m_lsvNextAnim; }

@@ -47,11 +47,6 @@ void PreviewPlayer::Stop()
     m_control.StopAnim();
 }
 
-bool PreviewPlayer::IsRunning() const
-{
-    return m_timer.isActive();
-}
-
 void PreviewPlayer::ShowRunning(bool running)
 {
     m_button.setText(running ? QStringLiteral("Stop") : QStringLiteral("Start"));

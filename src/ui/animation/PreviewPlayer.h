@@ -29,7 +29,6 @@ public:
     // number of frames.
     void Start();
     void Stop();
-    bool IsRunning() const;
 
     // One tick: shows the frame at the shared counter (1-based, wrapping to 1
     // past the count) and moves the counter on; a frame without geometry

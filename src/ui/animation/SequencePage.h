@@ -60,7 +60,6 @@ public:
     void StepPreview();
 
     ucAnimTexture* Preview() const;
-    PreviewPlayer& Player() const { return *m_player; }
     QTimer& Timer2() const { return *m_timer2; }
     PreviewFrameList& lsvOneSequence() { return m_lsvOneSequence; }
     Ui::SequencePage& ui() const { return *m_ui; }

@@ -28,7 +28,6 @@ public:
     // Hides the frame; the viewport returns to the control's size less 6.
     void StopAnim();
 
-    bool IsLoaded() const { return m_loaded; }
     bool IsShowingFrame() const { return m_textureShown && !m_image.isNull(); }
     // The bitmap pixel at the viewport's top-left, and the viewport's size.
     QPoint FrameOrigin() const { return m_origin; }

@@ -1,5 +1,7 @@
 #include "ui/bitmap/BitmapCache.h"
 
+#include "common/FileKind.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
@@ -22,8 +24,9 @@ QImage BitmapCache::Load(const QString& fileName, QString* error)
     QImage image;
     if (!info.exists()) {
         cause = QStringLiteral("the file does not exist");
-    } else if (!info.isFile()) {
-        cause = QStringLiteral("it is not a file");
+    } else if (const QString refusal = FileKind::refusal(fileName); !refusal.isEmpty()) {
+        // Refused before the reader opens it, which would block on a FIFO.
+        cause = refusal;
     } else {
         QImageReader reader(fileName);
         reader.setAutoTransform(false);

@@ -107,7 +107,11 @@ void frmInserList::Insert()
     ShowProgress(false);
     switch (result.status) {
     case C_ListInserter::Status::Done:
-        Report(tr("Inserted the list into %1.").arg(QDir::toNativeSeparators(result.outputPath)));
+        if (result.notice.isEmpty())
+            Report(tr("Inserted the list into %1.").arg(QDir::toNativeSeparators(result.outputPath)));
+        else
+            Report(tr("Inserted the list into %1, but %2.")
+                       .arg(QDir::toNativeSeparators(result.outputPath), result.notice));
         break;
     case C_ListInserter::Status::VersionMismatch:
         Report(tr("Nothing written: the list is for another game version than the level."));

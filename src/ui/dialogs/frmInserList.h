@@ -30,8 +30,6 @@ public:
     void ShowProgress(bool on);
     void SetProgress(qint64 bytes);
 
-    QString LevelPath() const { return m_levelPath; }
-    QString ListPath() const { return m_listPath; }
     Ui::frmInserList& ui() const { return *m_ui; }
 
 signals:

@@ -89,16 +89,14 @@ void frmNewList::cmdBitmapFromLevel_Click()
     const QString bitmap = m_prompts.GetFileName(request);
     if (bitmap.isEmpty())
         return;
-    QString error;
-    QString file;
+    FileError error;
     bool written = false;
     {
         BusyCursor busy;
-        written = LevelTileBitmap::write(level, bitmap, &error, &file);
+        written = LevelTileBitmap::write(level, bitmap, &error);
     }
     if (!written) {
-        m_prompts.MsgBox(tr("The level's textures could not be saved as a bitmap: %1: %2")
-                             .arg(QDir::toNativeSeparators(file.isEmpty() ? level : file), error),
+        m_prompts.MsgBox(tr("The level's textures could not be saved as a bitmap: %1").arg(error.text()),
                          IPromptService::vbCritical);
         return;
     }

@@ -65,22 +65,25 @@ void AssignmentPage::FindUsage()
         m_state.ShowStatus(tr("This list belongs to no level: there is no usage to find."));
         return;
     }
-    QString error;
+    FileError error;
     std::optional<TextureUsage> usage;
     {
         BusyCursor busy;
         usage = TextureUsage::ofLevel(level, &error);
     }
     if (!usage) {
-        m_state.ShowStatus(tr("No usage found: %1").arg(error));
+        m_state.ShowStatus(tr("No usage found: %1").arg(error.text()));
         return;
     }
     Fill(m_lsvPolygons, usage->polygons, QStringLiteral("P"));
     Fill(m_lsvMesh, usage->objects, QStringLiteral("M"));
     Fill(m_lsvSprite, usage->sprites, QStringLiteral("S"));
     Fill(m_lsvNotAssign, usage->unused, QStringLiteral("N"));
+    // A level cut short still shows what its bytes held, and says so.
+    const QString of = usage->complete ? QDir::toNativeSeparators(level)
+                                       : tr("%1 (partial: %2)").arg(QDir::toNativeSeparators(level), usage->partialNote());
     m_state.ShowStatus(tr("Usage of %1: %2 textures on polygons, %3 on objects, %4 sprites, %5 not assigned.")
-                           .arg(QDir::toNativeSeparators(level))
+                           .arg(of)
                            .arg(usage->polygons.size())
                            .arg(usage->objects.size())
                            .arg(usage->sprites.size())

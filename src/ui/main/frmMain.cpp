@@ -219,13 +219,13 @@ bool frmMain::LoadList(bool IsNew)
                                 &s.views.lsvAnims, &s.views.lsvAnimDetails, &s.views.lsvSprites,
                                 &s.views.lsvSequences, &s.views.lsvSequenceDetails, s.ListVersion)
                != C_ListInfo::Success) {
-        Status(tr("The list %1 could not be opened: %2").arg(Native(s.ListFileName), m_listInfo->ErrorString()));
+        Status(m_listInfo->Error().text());
         return false;
     }
 
     if (!IsNew) {
         if (m_listInfo->GetAllListContents() != C_ListInfo::Success) {
-            Status(tr("The list %1 could not be read: %2").arg(Native(s.ListFileName), m_listInfo->ErrorString()));
+            Status(m_listInfo->Error().text());
             return false;
         }
         s.LevelFileName = m_listInfo->LevelFileName();
@@ -284,9 +284,7 @@ void frmMain::mnuFileNewList_Click()
     FillIndexLists();
     ShowCounters();
     if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
-        s.prompts().MsgBox(tr("The list %1 could not be written: %2")
-                               .arg(Native(s.ListFileName), m_listInfo->ErrorString()),
-                           IPromptService::vbCritical);
+        s.prompts().MsgBox(m_listInfo->Error().text(), IPromptService::vbCritical);
         return;
     }
     Status(tr("Created the list %1.").arg(Native(s.ListFileName)));
@@ -304,7 +302,7 @@ bool frmMain::CanReadLevel(const QString& level)
     else if (info.Game() != LevelVersion::Game::TR2 && info.Game() != LevelVersion::Game::TR3)
         cause = tr("it is not a TR 2 or TR 3 level (version %1)").arg(info.VersionString());
     else if (!info.AreTablesInsideFile())
-        cause = tr("the level is damaged or cut short: its blocks run past its end");
+        cause = info.TablesUnusableCause();
     if (cause.isEmpty())
         return true;
     m_state->prompts().MsgBox(tr("The level %1 cannot be read: %2.").arg(Native(level), cause),
@@ -338,8 +336,7 @@ void frmMain::OpenList(const QString& name)
     // A file that cannot be opened at all changes nothing.
     C_ListInfo probe;
     if (probe.InitForInsert(name) != C_ListInfo::Success) {
-        s.prompts().MsgBox(tr("The list %1 cannot be opened: %2.").arg(Native(name), probe.ErrorString()),
-                           IPromptService::vbCritical);
+        s.prompts().MsgBox(probe.Error().text(), IPromptService::vbCritical);
         return;
     }
     if (s.IsListOpen)
@@ -376,7 +373,9 @@ void frmMain::TellWhatIsMissing()
     QStringList missing;
     if (!s.LevelFileName.isEmpty() && !QFileInfo::exists(s.LevelFileName))
         missing << tr("its level %1 does not exist").arg(Native(s.LevelFileName));
-    if (m_listInfo && m_listInfo->Offset_EOF() > QFileInfo(s.ListFileName).size())
+    if (m_listInfo && m_listInfo->AreTablesAfterLoneWord())
+        missing << m_listInfo->LoneWordNotice();
+    else if (m_listInfo && m_listInfo->Offset_EOF() > QFileInfo(s.ListFileName).size())
         missing << tr("the file is shorter than its tables say, so only the rows present were read");
     if (!missing.isEmpty())
         Status(tr("Opened %1, but %2.").arg(Native(s.ListFileName), missing.join(tr("; "))));
@@ -409,9 +408,7 @@ void frmMain::mnuFileSaveList_Click()
     {
         BusyCursor busy;
         if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
-            s.prompts().MsgBox(tr("The list %1 could not be written: %2")
-                                   .arg(Native(s.ListFileName), m_listInfo->ErrorString()),
-                               IPromptService::vbCritical);
+            s.prompts().MsgBox(m_listInfo->Error().text(), IPromptService::vbCritical);
             return;
         }
         m_listInfo->InitForInsert(s.ListFileName);
@@ -445,8 +442,7 @@ void frmMain::mnuFileSaveAsList_Click()
     {
         BusyCursor busy;
         if (renamed->PutAllListContents() != C_ListInfo::Success) {
-            s.prompts().MsgBox(tr("The list %1 could not be written: %2").arg(Native(name), renamed->ErrorString()),
-                               IPromptService::vbCritical);
+            s.prompts().MsgBox(renamed->Error().text(), IPromptService::vbCritical);
             return;
         }
         renamed->InitForInsert(name);

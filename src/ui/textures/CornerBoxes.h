@@ -47,7 +47,6 @@ public:
     CornerBoxes(const std::array<Row, 4>& rows, QObject* parent = nullptr);
 
     const Row& row(int i) const { return m_rows[size_t(i)]; }
-    bool IsHeld() const { return m_held; }
 
     // Row 0 to 3 whose marker reads "Lo" (or "Hi"); -1 when none does.
     int FindLoCorner() const;
