@@ -7,6 +7,7 @@
 
 class C_LevelInfo;
 class C_ListInfo;
+class LevelTileBlock;
 class QFile;
 class TailKeepingSaveFile;
 
@@ -28,6 +29,8 @@ public:
         VersionMismatch,  // nothing opened for writing, nothing created
         OutputIsInput,    // the output path names the level or the list
         WriteFailed,
+        BitmapUnusable,   // the bitmap for the tiles cannot be read or does not fit the level
+        TilesUnusable,    // the level's tiles cannot be rebuilt from the bitmap
     };
 
     struct Result
@@ -35,13 +38,19 @@ public:
         Status status = Status::Done;
         QString outputPath;
         QString error; // one line naming the cause
+        // With the tiles written: how many the output holds, and how many of
+        // them the bitmap changed or added.
+        qint64 tileCount = 0;
+        qint64 changedTiles = 0;
     };
 
     // One piece of the output, in output order: bytes first to last
     // (inclusive) of the level or of the list.
     struct Range
     {
-        enum Source { Level, List };
+        // Tiles: the level's texture tiles rebuilt from a bitmap, in place
+        // of level bytes first to last.
+        enum Source { Level, List, Tiles };
         Source source = Level;
         qint64 first = 0;
         qint64 last = -1;
@@ -55,11 +64,23 @@ public:
     Result Insert(const QString& levelPath, const QString& listPath, const QString& outputPath = {},
                   const Progress& progress = {});
 
+    // Insertion then also writes a bitmap's pixels into the level's texture
+    // tiles (LevelTileBlock): bitmapPath's, or with an empty path the
+    // bitmap the list names.
+    void WriteTiles(const QString& bitmapPath = {});
+
+    // The bitmap a list names, a relative name taken from the list's folder.
+    static QString ListBitmapPath(const C_ListInfo& list, const QString& listPath);
+
     // The copy sequence for the level's game: TR2 and TR3 place the tables
     // differently; any other version copies the level whole.
     static QList<Range> CopyPlan(const C_LevelInfo& level, const C_ListInfo& list);
 
     // The folder part of path with its trailing separator; "" when it has none.
+    // The plan with the level range that holds bytes first to last split
+    // around a Tiles range in their place; empty when no level range does.
+    static QList<Range> WithTiles(const QList<Range>& plan, qint64 first, qint64 last);
+
     static QString FolderOf(const QString& path);
     static QString DefaultOutputPath(const QString& levelPath);
 
@@ -69,4 +90,9 @@ private:
     static qint64 CopyFileRange(QFile& src, TailKeepingSaveFile& dst, qint64 first, qint64 last, qint64 at,
                                 bool& ok, const std::function<void(qint64)>& copied);
     static Result Refuse(Status status, const QString& error);
+    Result BuildTiles(const C_LevelInfo& level, QFile& levelFile, const C_ListInfo& list, const QString& listPath,
+                      LevelTileBlock& tiles) const;
+
+    bool m_writeTiles = false;
+    QString m_tileBitmap;
 };
