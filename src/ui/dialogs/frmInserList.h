@@ -10,8 +10,9 @@ class frmInserList;
 }
 
 // Builds "templevel.tr2" beside a level from the level and a texture list:
-// the level's four texture tables are replaced by the list's. The level and
-// the list are only read.
+// the level's four texture tables are replaced by the list's, and when
+// chkInsertTiles is ticked its texture tiles by the pixels of the list's
+// bitmap. The level and the list are only read.
 class frmInserList : public QDialog
 {
     Q_OBJECT
