@@ -2,6 +2,7 @@
 
 #include "DrawAllFigure.h"
 #include "InsertRatioFigure.h"
+#include "InsertTilesRatioFigure.h"
 #include "ListFigure.h"
 #include "OpenGuiFigure.h"
 #include "PaintFigure.h"
@@ -19,6 +20,7 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<ListFigure>(ListFigure::Job::Save));
     figures.push_back(std::make_unique<OpenListRatioFigure>());
     figures.push_back(std::make_unique<InsertRatioFigure>());
+    figures.push_back(std::make_unique<InsertTilesRatioFigure>());
     figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Ratio));
     figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Milliseconds));
     figures.push_back(std::make_unique<ZoomMemoryFigure>());

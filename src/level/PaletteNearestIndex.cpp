@@ -33,10 +33,6 @@ PaletteNearestIndex::PaletteNearestIndex(const QByteArray& palette)
         if (index > 0 && (m_colours[size_t(index)] & 0xFFFFFF) != 0)
             m_hasColours = true;
     }
-    for (int r = 0; r < CellsPerSide; ++r)
-        for (int g = 0; g < CellsPerSide; ++g)
-            for (int b = 0; b < CellsPerSide; ++b)
-                fillCell(r, g, b);
     // Entry 1 is its own nearest: only entry 0 comes before it.
     m_lastColour = m_colours[1];
     m_lastIndex = 1;
@@ -45,9 +41,12 @@ PaletteNearestIndex::PaletteNearestIndex(const QByteArray& palette)
 // An entry can be nearest to a colour of the cell only if its nearest point
 // of the cell is no farther than the farthest point of the cell is from the
 // entry that is nearest at its worst.
-void PaletteNearestIndex::fillCell(int red, int green, int blue)
+void PaletteNearestIndex::fillCell(size_t cellIndex)
 {
-    const int low[3] = {red * CellSide, green * CellSide, blue * CellSide};
+    constexpr int Mask = CellsPerSide - 1;
+    const int cell = int(cellIndex);
+    const int low[3] = {(cell >> (2 * CellBits)) * CellSide, ((cell >> CellBits) & Mask) * CellSide,
+                        (cell & Mask) * CellSide};
     const auto span = [&](int index, auto square) {
         const QRgb c = m_colours[size_t(index)];
         return square(qRed(c), low[0], low[0] + CellSide - 1) + square(qGreen(c), low[1], low[1] + CellSide - 1)
@@ -56,11 +55,12 @@ void PaletteNearestIndex::fillCell(int red, int green, int blue)
     int bound = std::numeric_limits<int>::max();
     for (int index = 1; index < 256; ++index)
         bound = qMin(bound, span(index, farthestSquare));
-    QList<quint8>& cell = m_cells[size_t((red << (2 * CellBits)) | (green << CellBits) | blue)];
+    QList<quint8>& candidates = m_cells[cellIndex];
     for (int index = 1; index < 256; ++index) {
         if (span(index, nearestSquare) <= bound)
-            cell.append(quint8(index));
+            candidates.append(quint8(index));
     }
+    m_filled[cellIndex] = true;
 }
 
 int PaletteNearestIndex::distance(QRgb a, QRgb b)
@@ -79,6 +79,8 @@ quint8 PaletteNearestIndex::nearest(QRgb colour)
     const int cellShift = 8 - CellBits;
     const size_t cellIndex = size_t((qRed(colour) >> cellShift) << (2 * CellBits)
                                     | (qGreen(colour) >> cellShift) << CellBits | (qBlue(colour) >> cellShift));
+    if (!m_filled[cellIndex])
+        fillCell(cellIndex);
     int best = std::numeric_limits<int>::max();
     quint8 bestIndex = 1;
     // The candidates are in index order: a later one wins only when nearer.

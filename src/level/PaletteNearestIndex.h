@@ -11,10 +11,11 @@
 // see-through index and never the answer. Nearest is the least squared
 // distance in red, green and blue; of equally near entries the lowest index.
 //
-// The colour cube is cut into 8 x 8 x 8 cells, and each cell keeps only the
-// entries that can be nearest to some colour inside it, so a search looks
-// at a few entries instead of 255. The last answer is remembered: painted
-// areas repeat their colours.
+// The colour cube is cut into 16 x 16 x 16 cells, and each cell keeps only
+// the entries that can be nearest to some colour inside it, so a search
+// looks at a few entries instead of 255. A cell is worked out when a colour
+// inside it is first asked for: a bitmap that changes nothing asks for none.
+// The last answer is remembered: painted areas repeat their colours.
 class PaletteNearestIndex
 {
 public:
@@ -34,15 +35,17 @@ public:
     QRgb colourOf(int index) const { return m_colours[size_t(index)]; }
 
 private:
-    static constexpr int CellBits = 3;
+    static constexpr int CellBits = 4;
     static constexpr int CellsPerSide = 1 << CellBits;
     static constexpr int CellSide = 256 / CellsPerSide;
 
-    void fillCell(int red, int green, int blue);
+    void fillCell(size_t cell);
     static int distance(QRgb a, QRgb b);
 
     std::array<QRgb, 256> m_colours{};
-    std::array<QList<quint8>, CellsPerSide * CellsPerSide * CellsPerSide> m_cells;
+    static constexpr size_t Cells = CellsPerSide * CellsPerSide * CellsPerSide;
+    std::array<QList<quint8>, Cells> m_cells;
+    std::array<bool, Cells> m_filled{};
     bool m_hasColours = false;
     QRgb m_lastColour = 0;
     quint8 m_lastIndex = 0;

@@ -172,6 +172,11 @@ QString TileBitmapReader::sizeError(const Claim& claim)
 void TileBitmapReader::showColours(QImage& image)
 {
     const bool hasAlpha = image.hasAlphaChannel();
+    if (!hasAlpha) {
+        // Every pixel of RGB32 is already opaque, 0xFFrrggbb.
+        image.convertTo(QImage::Format_RGB32);
+        return;
+    }
     image.convertTo(QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y) {
         QRgb* row = reinterpret_cast<QRgb*>(image.scanLine(y));
