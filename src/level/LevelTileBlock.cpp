@@ -38,6 +38,7 @@ bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, co
         return fail(level.fileName(), QStringLiteral("ends before its texture tiles"));
     BinaryReader reader(level, 4);
     const qint64 levelTiles = reader.u32(m_first);
+    m_levelTiles = levelTiles;
     m_last = m_first + 4 + levelTiles * (Tile8Size + Tile16Size) - 1;
     if (m_last >= reader.size()) {
         return fail(level.fileName(),
@@ -110,7 +111,7 @@ bool LevelTileBlock::paintTile(qint64 tile, const QImage& bitmap, PaletteNearest
             }
         }
     }
-    m_changedTiles += changed ? 1 : 0;
+    m_changedTiles += changed || tile >= m_levelTiles ? 1 : 0;
     return true;
 }
 

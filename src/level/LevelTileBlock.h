@@ -54,6 +54,7 @@ private:
     qint64 m_first = 0;
     qint64 m_last = -1;
     qint64 m_tileCount = 0;
+    qint64 m_levelTiles = 0;
     qint64 m_changedTiles = 0;
     QByteArray m_bytes;
     QString m_error;

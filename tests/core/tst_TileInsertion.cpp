@@ -233,7 +233,7 @@ private slots:
         const C_ListInserter::Result grown = insert(files, QStringLiteral("grown.tr2"), bitmap);
         QVERIFY2(grown.status == Status::Done, qPrintable(grown.error));
         QCOMPARE(grown.tileCount, 4);
-        QCOMPARE(grown.changedTiles, 1);
+        QCOMPARE(grown.changedTiles, 2); // both added
 
         C_LevelInfo before;
         before.Init(plain.outputPath);
