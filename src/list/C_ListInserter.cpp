@@ -223,7 +223,8 @@ C_ListInserter::Result C_ListInserter::BuildTiles(const C_LevelInfo& level, QFil
     if (bitmap.isNull())
         return Refuse(Status::BitmapUnusable, error);
     if (!tiles.build(levelFile, level.Walk(), bitmap, bitmapPath)) {
-        return Refuse(tiles.errorFile() == bitmapPath ? Status::BitmapUnusable : Status::TilesUnusable, tiles.errorString());
+        const Status status = tiles.errorFile() == bitmapPath ? Status::BitmapUnusable : Status::TilesUnusable;
+        return Refuse(status, tiles.errorString());
     }
     return {};
 }
