@@ -16,8 +16,8 @@ void CommandArguments::addValueOption(const QString& name, const QString& valueN
     m_parser.addOption(QCommandLineOption(name, description, valueName));
 }
 
-std::optional<QString> CommandArguments::takeOptionalValue(QStringList& words, const QString& option,
-                                                           qsizetype positionalsNeeded)
+std::optional<QString> CommandArguments::takeOptionalValue(
+    QStringList& words, const QString& option, const std::function<bool(const QStringList&)>& complete)
 {
     const QString prefix = option + QLatin1Char('=');
     for (qsizetype i = 0; i < words.size(); ++i) {
@@ -28,10 +28,11 @@ std::optional<QString> CommandArguments::takeOptionalValue(QStringList& words, c
         if (words[i] != option)
             continue;
         words.removeAt(i);
-        const bool nextIsWord = i < words.size() && !words[i].startsWith(QLatin1Char('-'));
-        const auto isPositional = [](const QString& word) { return !word.startsWith(QLatin1Char('-')); };
-        const qsizetype positionalsLeft = std::count_if(words.cbegin(), words.cend(), isPositional);
-        if (nextIsWord && positionalsLeft > positionalsNeeded)
+        if (i >= words.size() || words[i].startsWith(QLatin1Char('-')))
+            return QString();
+        QStringList without = words;
+        without.removeAt(i);
+        if (complete(without))
             return words.takeAt(i);
         return QString();
     }

@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 // The words after a command, read by QCommandLineParser: positional
@@ -19,11 +20,11 @@ public:
     // An option whose value may be left out ("--tiles [BMP]"), which the
     // parser cannot express: it is taken out of words before they are
     // parsed. "--name=VALUE" gives a value; so does "--name VALUE" when
-    // VALUE is no option and the words left still hold positionalsNeeded
-    // positional arguments. Nothing when the option is absent, "" when it is
-    // given without a value.
+    // VALUE is no option and the words left without it are still complete
+    // (they hold every positional argument the command needs). Nothing when
+    // the option is absent, "" when it is given without a value.
     static std::optional<QString> takeOptionalValue(QStringList& words, const QString& option,
-                                                    qsizetype positionalsNeeded);
+                                                    const std::function<bool(const QStringList&)>& complete);
 
     // False, with the error set, unless the words parse and hold exactly
     // positionals positional arguments (what names them in the error).

@@ -4,16 +4,41 @@
 #include "cli/CommandArguments.h"
 #include "cli/CommandLine.h"
 
+namespace {
+
+const QString OutputOption = QStringLiteral("o");
+
+void addInsertOptions(CommandArguments& args)
+{
+    args.addValueOption(OutputOption, QStringLiteral("OUT"), QStringLiteral("the level to write"));
+}
+
+// "--tiles" takes the word after it as its bitmap only when LEVEL and LIST
+// are there without it: "insert L T --tiles" uses the list's bitmap.
+bool holdsLevelAndList(const QStringList& words)
+{
+    CommandArguments args(QStringLiteral("insert"));
+    addInsertOptions(args);
+    return args.parse(words, 2, QString());
+}
+
+} // namespace
+
 int InsertCommand::run(const QStringList& words)
 {
-    const QString outputOption = QStringLiteral("o");
+    QStringList remaining = words;
+    const std::optional<QString> tiles =
+        CommandArguments::takeOptionalValue(remaining, QStringLiteral("--tiles"), holdsLevelAndList);
     CommandArguments args(QStringLiteral("insert"));
-    args.addValueOption(outputOption, QStringLiteral("OUT"), QStringLiteral("the level to write"));
-    if (!args.parse(words, 2, QStringLiteral("LEVEL and LIST")))
+    addInsertOptions(args);
+    if (!args.parse(remaining, 2, QStringLiteral("LEVEL and LIST")))
         return m_cli.usageError(args.error());
 
+    C_ListInserter inserter;
+    if (tiles)
+        inserter.WriteTiles(*tiles);
     const C_ListInserter::Result result =
-        C_ListInserter().Insert(args.positionals()[0], args.positionals()[1], args.value(outputOption));
+        inserter.Insert(args.positionals()[0], args.positionals()[1], args.value(OutputOption));
     switch (result.status) {
     case C_ListInserter::Status::Done:
         if (!result.notice.isEmpty())
@@ -30,6 +55,8 @@ int InsertCommand::run(const QStringList& words)
     case C_ListInserter::Status::ListUnreadable:
     case C_ListInserter::Status::ListTruncated:
     case C_ListInserter::Status::WriteFailed:
+    case C_ListInserter::Status::BitmapUnusable:
+    case C_ListInserter::Status::TilesUnusable:
         break;
     }
     return m_cli.fail(CommandLine::InputUnreadable, result.failure);

@@ -14,7 +14,7 @@ int TilesCommand::run(const QStringList& words)
     if (!args.parse(words, 1, QStringLiteral("one LEVEL")))
         return m_cli.usageError(args.error());
     if (!args.hasValue(outputOption))
-        return m_cli.usageError(QStringLiteral("tiles needs -o BMP"));
+        return m_cli.usageError(QStringLiteral("tiles needs -o FILE"));
 
     const QString levelPath = QFileInfo(args.positionals().first()).absoluteFilePath();
     const QString bitmapPath = QFileInfo(args.value(outputOption)).absoluteFilePath();

@@ -2,8 +2,9 @@
 
 #include "cli/Command.h"
 
-// tiles LEVEL -o BMP: the level's 16-bit texture tiles as a 24-bit bitmap,
-// tile 0 at the top; prints the bitmap's absolute path.
+// tiles LEVEL -o FILE: the level's 16-bit texture tiles as a 24-bit bitmap,
+// or a PNG with alpha when FILE ends in .png, tile 0 at the top; prints the
+// file's absolute path.
 class TilesCommand : public Command
 {
 public:

@@ -2,6 +2,7 @@
 
 #include "demo/DemoColor.h"
 #include "demo/DemoLiquids.h"
+#include "demo/DemoPalette.h"
 #include "demo/DemoSpriteArt.h"
 #include "demo/DemoSurfaces.h"
 #include "demo/DemoTile16Encoder.h"
@@ -224,7 +225,11 @@ QByteArray DemoLevel::tiles16() const
 SyntheticLevel DemoLevel::level() const
 {
     SyntheticLevel level(LevelVersion::Game::TR2);
-    level.setTileCount(TileCount, tiles16());
+    const QByteArray tiles = tiles16();
+    const QByteArray palette = DemoPalette::palette();
+    level.setTileCount(TileCount, tiles);
+    level.setPalette8(palette);
+    level.setTiles8(DemoPalette::tiles8(tiles, palette));
     level.setRooms(demoRooms());
     demoMeshes().applyTo(level);
     level.setObjectTextures(objectTextures());

@@ -5,6 +5,9 @@
 #include "common/ReplacingFile.h"
 #include "level/WalkedLevelFile.h"
 
+#include <QBuffer>
+#include <QImage>
+#include <QImageWriter>
 #include <QtEndian>
 
 #include <cstring>
@@ -51,7 +54,49 @@ bool LevelTileBitmap::run()
     FileError cause;
     if (!level.open(cause))
         return failWith(cause);
-    return locateTiles(level) && writeBitmap(level);
+    if (!locateTiles(level))
+        return false;
+    return isPng() ? writePng(level) : writeBitmap(level);
+}
+
+bool LevelTileBitmap::isPng() const
+{
+    return m_bmpPath.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive);
+}
+
+bool LevelTileBitmap::writePng(WalkedLevelFile& level)
+{
+    constexpr QRgb SeeThroughPng = 0x00FF00FF; // magenta at alpha 0
+    QImage image(TileSide, int(qMin<qint64>(m_tileCount * TileSide, std::numeric_limits<int>::max())),
+                 QImage::Format_ARGB32);
+    if (image.isNull() || image.height() != m_tileCount * TileSide)
+        return failWith(FileError::writing(m_bmpPath,
+                                           QStringLiteral("%1 texture tiles are too many for one image").arg(m_tileCount)));
+    QByteArray tiles16(qMin(m_tileCount, TilesPerRead) * Tile16Size, Qt::Uninitialized);
+    for (qint64 first = 0; first < m_tileCount; first += TilesPerRead) {
+        const qint64 count = qMin(TilesPerRead, m_tileCount - first);
+        if (!readTiles(level.file(), first, count, tiles16.data()))
+            return false;
+        for (qint64 row = 0; row < count * TileSide; ++row) {
+            const char* words = tiles16.constData() + row * TileSide * 2;
+            QRgb* pixels = reinterpret_cast<QRgb*>(image.scanLine(int(first * TileSide + row)));
+            for (int x = 0; x < TileSide; ++x) {
+                const quint16 word = qFromLittleEndian<quint16>(words + x * 2);
+                pixels[x] = word & 0x8000 ? BitmapTileConverter::colourOf(word) : SeeThroughPng;
+            }
+        }
+    }
+    QByteArray encoded;
+    QBuffer buffer(&encoded);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "png");
+    if (!writer.write(image))
+        return failWith(FileError::writing(m_bmpPath, writer.errorString()));
+    // Like the BMP, the PNG can always be made again from the level.
+    ReplacingFile png(m_bmpPath, ReplacingFile::SkipDiskSync);
+    if (!png.open() || !png.write(encoded) || !png.commit())
+        return failWith(png.error());
+    return true;
 }
 
 // The 8-bit tiles come first; the 16-bit ones follow them. The count is

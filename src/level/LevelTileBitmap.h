@@ -14,6 +14,10 @@ class WalkedLevelFile;
 // blue. The bitmap is written straight from the tiles, from the bottom row
 // up as the format stores them, with a mebibyte of tiles and one of bitmap
 // in memory at a time.
+//
+// A path ending in ".png" gets a PNG instead, with an alpha channel: a
+// see-through pixel is magenta at alpha 0, every other pixel opaque. A PNG
+// is packed whole, so it holds all the tiles in memory.
 class LevelTileBitmap
 {
 public:
@@ -33,6 +37,8 @@ private:
     bool run();
     bool locateTiles(WalkedLevelFile& level);
     bool writeBitmap(WalkedLevelFile& level);
+    bool writePng(WalkedLevelFile& level);
+    bool isPng() const;
     bool writeTiles(QFileDevice& level, ReplacingFile& bitmap);
     bool writeChunk(ReplacingFile& bitmap, QByteArray& chunk, qint64& filled);
     bool readTiles(QFileDevice& level, qint64 first, qint64 count, char* tiles16);

@@ -1,10 +1,13 @@
 #include "list/C_ListInserter.h"
 
 #include "level/C_LevelInfo.h"
+#include "level/LevelTileBlock.h"
 #include "level/ReadOnlyFile.h"
+#include "level/TileBitmapReader.h"
 #include "list/C_ListInfo.h"
 #include "common/ReplacingFile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -144,6 +147,20 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
     if (!ReadOnlyFile::open(listFile, readError))
         return Refuse(Status::ListUnreadable, readError);
 
+    QList<Range> plan = CopyPlan(level, list);
+    LevelTileBlock tiles;
+    if (m_writeTiles) {
+        const Result refused = BuildTiles(level, levelFile, list, listPath, tiles);
+        if (refused.status != Status::Done)
+            return refused;
+        plan = WithTiles(plan, tiles.first(), tiles.last());
+        if (plan.isEmpty())
+            return Refuse(Status::TilesUnusable, {levelPath, FileError::cannotReceive(),
+                                                  QStringLiteral("its tiles lie among its tables")});
+        result.tileCount = tiles.tileCount();
+        result.changedTiles = tiles.changedTiles();
+    }
+
     // Files are written in place from their first byte, never truncated: an
     // older, longer output keeps its bytes beyond the new end.
     ReplacingFile output(result.outputPath, ReplacingFile::KeepOlderTail);
@@ -158,7 +175,15 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
     report(0);
     qint64 at = 0;
     bool ok = true;
-    for (const Range& range : CopyPlan(level, list)) {
+    for (const Range& range : plan) {
+        if (range.source == Range::Tiles) {
+            ok = output.write(tiles.bytes());
+            at += tiles.bytes().size();
+            report(at);
+            if (!ok)
+                break;
+            continue;
+        }
         QFile& source = range.source == Range::Level ? levelFile : listFile;
         at = CopyFileRange(source, output, range.first, range.last, at, ok, report);
         if (!ok)
@@ -173,6 +198,60 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
         return Refuse(Status::WriteFailed, output.error());
     result.notice = NoticeFor(list);
     return result;
+}
+
+void C_ListInserter::WriteTiles(const QString& bitmapPath)
+{
+    m_writeTiles = true;
+    m_tileBitmap = bitmapPath;
+}
+
+QString C_ListInserter::ListBitmapPath(const C_ListInfo& list, const QString& listPath)
+{
+    const QString name = list.BitMapName();
+    if (name.isEmpty() || QDir::isAbsolutePath(name))
+        return name;
+    return QFileInfo(listPath).dir().filePath(name);
+}
+
+QList<C_ListInserter::Range> C_ListInserter::WithTiles(const QList<Range>& plan, qint64 first, qint64 last)
+{
+    QList<Range> split;
+    bool placed = false;
+    for (const Range& range : plan) {
+        if (placed || range.source != Range::Level || first < range.first || last > range.last) {
+            split.append(range);
+            continue;
+        }
+        if (range.first < first)
+            split.append({Range::Level, range.first, first - 1});
+        split.append({Range::Tiles, first, last});
+        if (last < range.last)
+            split.append({Range::Level, last + 1, range.last});
+        placed = true;
+    }
+    return placed ? split : QList<Range>{};
+}
+
+C_ListInserter::Result C_ListInserter::BuildTiles(const C_LevelInfo& level, QFile& levelFile, const C_ListInfo& list,
+                                                  const QString& listPath, LevelTileBlock& tiles) const
+{
+    if (level.Game() != LevelVersion::Game::TR2 && level.Game() != LevelVersion::Game::TR3) {
+        return Refuse(Status::TilesUnusable, {level.FileName(), FileError::cannotReceive(),
+                                              QStringLiteral("only TR2 and TR3 levels have their tiles written")});
+    }
+    const QString bitmapPath = m_tileBitmap.isEmpty() ? ListBitmapPath(list, listPath) : m_tileBitmap;
+    if (bitmapPath.isEmpty())
+        return Refuse(Status::BitmapUnusable, FileError::reading(listPath, QStringLiteral("the list names no bitmap")));
+    FileError error;
+    const QImage bitmap = TileBitmapReader::read(bitmapPath, &error);
+    if (bitmap.isNull())
+        return Refuse(Status::BitmapUnusable, error);
+    if (!tiles.build(levelFile, level.Walk(), bitmap, bitmapPath)) {
+        const Status status = tiles.error().file() == bitmapPath ? Status::BitmapUnusable : Status::TilesUnusable;
+        return Refuse(status, tiles.error());
+    }
+    return {};
 }
 
 qint64 C_ListInserter::CopyFileRange(QFile& src, ReplacingFile& dst, qint64 first, qint64 last,

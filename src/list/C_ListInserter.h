@@ -9,6 +9,7 @@
 
 class C_LevelInfo;
 class C_ListInfo;
+class LevelTileBlock;
 class QFile;
 class ReplacingFile;
 
@@ -30,6 +31,8 @@ public:
         VersionMismatch,  // nothing opened for writing, nothing created
         OutputIsInput,    // the output path names the level or the list
         WriteFailed,
+        BitmapUnusable,   // the bitmap for the tiles cannot be read or does not fit the level
+        TilesUnusable,    // the level's tiles cannot be rebuilt from the bitmap
     };
 
     struct Result
@@ -42,13 +45,19 @@ public:
         // should know (a list without animation ranges leaves the output's
         // animated texture block without a single word).
         QString notice;
+        // With the tiles written: how many the output holds, and how many of
+        // them the bitmap changed or added.
+        qint64 tileCount = 0;
+        qint64 changedTiles = 0;
     };
 
     // One piece of the output, in output order: bytes first to last
     // (inclusive) of the level or of the list.
     struct Range
     {
-        enum Source { Level, List };
+        // Tiles: the level's texture tiles rebuilt from a bitmap, in place
+        // of level bytes first to last.
+        enum Source { Level, List, Tiles };
         Source source = Level;
         qint64 first = 0;
         qint64 last = -1;
@@ -62,11 +71,23 @@ public:
     Result Insert(const QString& levelPath, const QString& listPath, const QString& outputPath = {},
                   const Progress& progress = {});
 
+    // Insertion then also writes a bitmap's pixels into the level's texture
+    // tiles (LevelTileBlock): bitmapPath's, or with an empty path the
+    // bitmap the list names.
+    void WriteTiles(const QString& bitmapPath = {});
+
+    // The bitmap a list names, a relative name taken from the list's folder.
+    static QString ListBitmapPath(const C_ListInfo& list, const QString& listPath);
+
     // The copy sequence for the level's game: TR2 and TR3 place the tables
     // differently; any other version copies the level whole.
     static QList<Range> CopyPlan(const C_LevelInfo& level, const C_ListInfo& list);
 
     // The folder part of path with its trailing separator; "" when it has none.
+    // The plan with the level range that holds bytes first to last split
+    // around a Tiles range in their place; empty when no level range does.
+    static QList<Range> WithTiles(const QList<Range>& plan, qint64 first, qint64 last);
+
     static QString FolderOf(const QString& path);
     static QString DefaultOutputPath(const QString& levelPath);
 
@@ -77,4 +98,9 @@ private:
                                 bool& ok, const std::function<void(qint64)>& copied);
     static Result Refuse(Status status, const FileError& failure);
     static QString NoticeFor(const C_ListInfo& list);
+    Result BuildTiles(const C_LevelInfo& level, QFile& levelFile, const C_ListInfo& list, const QString& listPath,
+                      LevelTileBlock& tiles) const;
+
+    bool m_writeTiles = false;
+    QString m_tileBitmap;
 };

@@ -229,14 +229,14 @@ void SyntheticLevel::lay(SyntheticSink& sink) const
 void SyntheticLevel::layHeader(SyntheticSink& sink) const
 {
     sink.u32(m_version);
-    sink.zeros(Palette8Size);
+    sink.padded(m_palette8, Palette8Size);
     sink.zeros(Palette16Size);
 }
 
 void SyntheticLevel::layTiles(SyntheticSink& sink) const
 {
     layCount(sink, Field::TileCount);
-    sink.zeros(m_tileCount * Tile8Size);
+    sink.padded(m_tiles8, m_tileCount * Tile8Size);
     sink.padded(m_tiles16, m_tileCount * Tile16Size);
     sink.u32(0); // the unused word after the tiles
 }

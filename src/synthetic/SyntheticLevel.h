@@ -20,7 +20,7 @@ class SyntheticSink;
 
 // Writes a structurally valid TR2 or TR3 level from chosen tables and block
 // sizes, so tests and benchmarks need no game data. Everything not chosen is
-// zeros: the palettes, the 8-bit tiles, the bulk behind every count, the
+// zeros: the palettes, the 8-bit tiles (unless chosen), the bulk behind every count, the
 // light map and the sound map. A level is laid out block by block in file
 // order; the same pass either writes the bytes or only records where each
 // block starts, which is what layout() returns.
@@ -46,6 +46,10 @@ public:
     // count tiles of zeros at 8 bits, and at 16 bits the given pixels: data
     // shorter than count * Tile16Size is padded with zeros, longer is cut.
     void setTileCount(quint32 count, const QByteArray& tiles16 = {});
+    // The 8-bit tiles and the 8-bit palette (256 x 3 bytes of 6-bit red,
+    // green and blue) instead of zeros; padded or cut as the 16-bit tiles are.
+    void setTiles8(const QByteArray& tiles8) { m_tiles8 = tiles8; }
+    void setPalette8(const QByteArray& palette) { m_palette8 = palette; }
 
     void setRooms(const QList<SyntheticRoom>& rooms) { m_rooms = rooms; }
     const QList<SyntheticRoom>& rooms() const { return m_rooms; }
@@ -119,6 +123,8 @@ private:
     quint32 m_version;
     quint32 m_tileCount = 0;
     QByteArray m_tiles16;
+    QByteArray m_tiles8;
+    QByteArray m_palette8;
     QList<SyntheticRoom> m_rooms;
     std::array<qint64, SyntheticFieldCount> m_counts{};
     std::array<std::optional<quint32>, SyntheticFieldCount> m_overrides{};

@@ -175,6 +175,12 @@ private slots:
         QTest::newRow("extract negative count")
             << QStringList{"extract", "{dir}/negative.tr2", "--bitmap", "{dir}/tiles.bmp", "-o", "{dir}/refused.trt"}
             << 2 << "refused.trt";
+        QTest::newRow("insert tiles from no image")
+            << QStringList{"insert", level, "{dir}/list.trt", "--tiles", "{dir}/text.bmp", "-o", "{dir}/refused.tr2"}
+            << 2 << "refused.tr2";
+        QTest::newRow("insert tiles from the list's missing bitmap")
+            << QStringList{"insert", level, "{dir}/list.trt", "--tiles", "-o", "{dir}/refused.tr2"} << 2
+            << "refused.tr2";
         QTest::newRow("insert into negative count")
             << QStringList{"insert", "{dir}/negative.tr2", "{dir}/list.trt"} << 2 << "templevel.tr2";
     }
@@ -368,6 +374,60 @@ private slots:
         QCOMPARE(run.exitCode, exitCode);
         QCOMPARE(run.err.count('\n'), 1);
         QVERIFY2(run.err.contains(said), run.err.constData());
+    }
+
+    void insertWithTiles_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QRgb>("painted");
+        const QRgb listColour = qRgb(255, 0, 0);
+        const QRgb otherColour = qRgb(0, 0, 255);
+        QTest::newRow("the list's bitmap") << QStringList{"insert", "{level}", "{list}", "--tiles", "-o", "{out}"}
+                                           << listColour;
+        QTest::newRow("a bitmap after --tiles")
+            << QStringList{"insert", "{level}", "{list}", "--tiles", "{other}", "-o", "{out}"} << otherColour;
+        QTest::newRow("--tiles first") << QStringList{"insert", "--tiles", "{other}", "{level}", "{list}", "-o", "{out}"}
+                                       << otherColour;
+        QTest::newRow("without --tiles") << QStringList{"insert", "{level}", "{list}", "-o", "{out}"} << 0u;
+    }
+
+    // The level's tiles out as a PNG, a block painted, the list made over
+    // it and put back with its pixels: the tiles of the output show it.
+    void insertWithTiles()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QRgb, painted);
+        SyntheticLevel tiled = tiledLevel();
+        QByteArray palette(768, '\0');
+        palette[3] = palette[3 * 2 + 2] = '\x3F'; // red and blue entries
+        tiled.setPalette8(palette);
+        tiled.setAnimatedTextureWords({1, 0, 3}); // a list without ranges cannot be inserted
+        const QString level = m_dir.write(QStringLiteral("paint/level.tr2"), tiled.build());
+        const QString png = m_dir.filePath(QStringLiteral("paint/tiles.png"));
+        QCOMPARE(cli({"tiles", level, "-o", png}).exitCode, 0);
+        QImage image(png);
+        QVERIFY(image.hasAlphaChannel());
+        QCOMPARE(image.pixel(5, 5), 0x00FF00FFu);
+        image.setPixel(10, 260, qRgb(255, 0, 0));
+        QVERIFY(image.save(png));
+        image.setPixel(10, 260, qRgb(0, 0, 255));
+        QVERIFY(image.save(m_dir.filePath(QStringLiteral("paint/other.bmp"))));
+        const QString list = m_dir.filePath(QStringLiteral("paint/list.trt"));
+        QCOMPARE(cli({"extract", level, "--bitmap", png, "-o", list}).exitCode, 0);
+
+        const QString out = m_dir.filePath(QStringLiteral("paint/out.tr2"));
+        QFile::remove(out);
+        arguments.replaceInStrings(QStringLiteral("{level}"), level);
+        arguments.replaceInStrings(QStringLiteral("{list}"), list);
+        arguments.replaceInStrings(QStringLiteral("{other}"), m_dir.filePath(QStringLiteral("paint/other.bmp")));
+        arguments.replaceInStrings(QStringLiteral("{out}"), out);
+        const Run run = cli(arguments);
+        QVERIFY2(run.exitCode == 0, run.err.constData());
+        const QString back = m_dir.filePath(QStringLiteral("paint/back.bmp"));
+        QCOMPARE(cli({"tiles", out, "-o", back}).exitCode, 0);
+        const QImage result(back);
+        QCOMPARE(result.pixel(10, 260), painted ? painted : qRgb(255, 0, 255));
+        QCOMPARE(result.pixel(0, 256), qRgb(255, 255, 255));
     }
 
     // An extracted list put back gives the level again, beside it or where -o says.

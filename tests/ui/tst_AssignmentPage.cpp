@@ -215,7 +215,7 @@ void tst_AssignmentPage::newListTakesTheLevelsTilesAsItsBitmap()
 
     const IPromptService::FileRequest& request = f.prompts.fileRequests.last();
     QCOMPARE(request.title, QStringLiteral("Save Level Textures as Bitmap"));
-    QCOMPARE(request.filter, QStringLiteral("Bitmap (*.bmp)|*.bmp"));
+    QVERIFY(request.filter.contains(QStringLiteral("*.png")));
     QCOMPARE(request.initDir, f.dir.path());
     QCOMPARE(request.fileName, QStringLiteral("demo.bmp"));
     QVERIFY(request.save);

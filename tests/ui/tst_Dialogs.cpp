@@ -105,6 +105,9 @@ void tst_Dialogs::fileFiltersAndSuffixes_data()
     QTest::newRow("pattern added") << "TR (*.trt)|*.trt|All|*.*" << QStringList{"TR (*.trt)", "All (*.*)"}
                                    << "*.TR2" << "tr2";
     QTest::newRow("no pattern") << "Bitmap" << QStringList{} << "" << "";
+    QTest::newRow("several patterns") << "Bitmap or PNG (*.bmp;*.png)|*.bmp;*.png|PNG|*.png"
+                                      << QStringList{"Bitmap or PNG (*.bmp *.png)", "PNG (*.png)"} << "*.BMP"
+                                      << "bmp";
 }
 
 void tst_Dialogs::fileFiltersAndSuffixes()

@@ -77,7 +77,8 @@ void tst_DocumentLife::newListFromLevelWritesTheLevelsTables()
     QCOMPARE(f.prompts.fileRequests[0].title, QStringLiteral("Create New TombRaider List File"));
     QCOMPARE(f.prompts.fileRequests[1].title, QStringLiteral("Open TombRaider Level"));
     QCOMPARE(f.prompts.fileRequests[2].title, QStringLiteral("Open Texture Bitmap"));
-    QCOMPARE(f.prompts.fileRequests[2].filter, QStringLiteral("Bitmap (*.bmp)|*.bmp"));
+    QCOMPARE(f.prompts.fileRequests[2].filter.split(QLatin1Char('|')).mid(0, 2),
+             (QStringList{"Bitmap or PNG (*.bmp;*.png)", "*.bmp;*.png"}));
 }
 
 void tst_DocumentLife::newStandAloneListTakesTheChosenVersion_data()

@@ -1,6 +1,7 @@
 #include "ui/bitmap/BitmapCache.h"
 
 #include "common/FileKind.h"
+#include "level/TilePixelEncoder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -41,10 +42,25 @@ QImage BitmapCache::Load(const QString& fileName, QString* error)
             *error = QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(fileName), cause);
         return {};
     }
-    // Opaque 32-bit pixels paint fastest; the bitmaps carry no alpha.
+    showSeeThroughAsMagenta(image);
+    // Opaque 32-bit pixels paint fastest.
     image = image.convertToFormat(QImage::Format_RGB32);
     last = Entry{info.absoluteFilePath(), info.lastModified(), info.size(), image};
     return image;
+}
+
+// A PNG's see-through pixels are shown as a BMP of tiles shows them, in
+// magenta, by the rule that insertion reads them by.
+void BitmapCache::showSeeThroughAsMagenta(QImage& image)
+{
+    if (!image.hasAlphaChannel())
+        return;
+    image.convertTo(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        QRgb* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            row[x] = TilePixelEncoder::shownColour(row[x], true);
+    }
 }
 
 void BitmapCache::Clear()

@@ -25,4 +25,5 @@ private:
         QImage image;
     };
     static Entry& Last();
+    static void showSeeThroughAsMagenta(QImage& image);
 };

@@ -115,6 +115,8 @@ QRect ucScrollPicCanvas::editOutlineBounds() const
     if (m_editOutline.isEmpty())
         return {};
     return zoomedEditOutline().boundingRect().adjusted(-1, -1, 1, 1).translated(-m_offset);
+}
+
 void ucScrollPicCanvas::setHighlight(const QPolygon& bitmapOutline, const QColor& color)
 {
     m_highlight = bitmapOutline;

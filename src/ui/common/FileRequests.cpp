@@ -25,7 +25,8 @@ IPromptService::FileRequest OpenLevel()
 
 IPromptService::FileRequest OpenBitmap()
 {
-    return Request(false, "Open Texture Bitmap", "Bitmap (*.bmp)|*.bmp", "*.BMP");
+    return Request(false, "Open Texture Bitmap",
+                   "Bitmap or PNG (*.bmp;*.png)|*.bmp;*.png|Bitmap (*.bmp)|*.bmp|PNG (*.png)|*.png", "*.BMP");
 }
 
 IPromptService::FileRequest CreateList()

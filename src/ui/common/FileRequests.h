@@ -7,7 +7,7 @@
 namespace FileRequests {
 
 IPromptService::FileRequest OpenLevel();         // "Open TombRaider Level"
-IPromptService::FileRequest OpenBitmap();        // "Open Texture Bitmap"
+IPromptService::FileRequest OpenBitmap();        // "Open Texture Bitmap": BMP or PNG
 IPromptService::FileRequest CreateList();        // "Create New TombRaider List File"
 IPromptService::FileRequest OpenListForInsert(); // "Open TombRaider Texture List"
 // The main window's list dialog: opening, or saving under a new name.

@@ -58,8 +58,12 @@ QStringList QtPromptService::NameFilters(const QString& filter)
     for (int i = 0; i + 1 < parts.size(); i += 2) {
         const QString& description = parts[i];
         const QString& pattern = parts[i + 1];
-        filters << (description.contains(pattern) ? description
-                                                  : description + QStringLiteral(" (") + pattern + QLatin1Char(')'));
+        QString filter = description.contains(pattern)
+                             ? description
+                             : description + QStringLiteral(" (") + pattern + QLatin1Char(')');
+        // One filter of several patterns: ";" between them, as the filters
+        // are written, is a space to the file dialog.
+        filters << filter.replace(QLatin1Char(';'), QLatin1Char(' '));
     }
     return filters;
 }

@@ -94,10 +94,13 @@ void frmInserList::SetProgress(qint64 bytes)
 void frmInserList::Insert()
 {
     ShowProgress(true);
+    C_ListInserter inserter;
+    if (m_ui->chkInsertTiles->isChecked())
+        inserter.WriteTiles(); // the list's own bitmap
     C_ListInserter::Result result;
     {
         BusyCursor busy;
-        result = C_ListInserter().Insert(m_levelPath, m_listPath, {}, [this](qint64 copied, qint64 length) {
+        result = inserter.Insert(m_levelPath, m_listPath, {}, [this](qint64 copied, qint64 length) {
             m_levelLength = length;
             SetProgress(copied);
             // The bar is only seen moving if it gets painted between chunks.
@@ -107,11 +110,7 @@ void frmInserList::Insert()
     ShowProgress(false);
     switch (result.status) {
     case C_ListInserter::Status::Done:
-        if (result.notice.isEmpty())
-            Report(tr("Inserted the list into %1.").arg(QDir::toNativeSeparators(result.outputPath)));
-        else
-            Report(tr("Inserted the list into %1, but %2.")
-                       .arg(QDir::toNativeSeparators(result.outputPath), result.notice));
+        Report(InsertedReport(result));
         break;
     case C_ListInserter::Status::VersionMismatch:
         Report(tr("Nothing written: the list is for another game version than the level."));
@@ -120,6 +119,21 @@ void frmInserList::Insert()
         Report(tr("Nothing written: %1").arg(result.error));
         break;
     }
+}
+
+QString frmInserList::InsertedReport(const C_ListInserter::Result& result) const
+{
+    const QString output = QDir::toNativeSeparators(result.outputPath);
+    QString written = tr("Inserted the list into %1").arg(output);
+    if (m_ui->chkInsertTiles->isChecked()) {
+        written = tr("Inserted the list and the bitmap's %1 tiles (%2 changed or added) into %3")
+                      .arg(result.tileCount)
+                      .arg(result.changedTiles)
+                      .arg(output);
+    }
+    if (!result.notice.isEmpty())
+        return tr("%1, but %2.").arg(written, result.notice);
+    return written + QLatin1Char('.');
 }
 
 void frmInserList::Report(const QString& message)

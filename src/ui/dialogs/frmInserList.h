@@ -1,5 +1,7 @@
 #pragma once
 
+#include "list/C_ListInserter.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -10,8 +12,9 @@ class frmInserList;
 }
 
 // Builds "templevel.tr2" beside a level from the level and a texture list:
-// the level's four texture tables are replaced by the list's. The level and
-// the list are only read.
+// the level's four texture tables are replaced by the list's, and when
+// chkInsertTiles is ticked its texture tiles by the pixels of the list's
+// bitmap. The level and the list are only read.
 class frmInserList : public QDialog
 {
     Q_OBJECT
@@ -41,6 +44,9 @@ protected:
 
 private:
     void Report(const QString& message);
+    // What a finished insertion wrote, with the tiles when they were asked
+    // for and what a user should know about the output.
+    QString InsertedReport(const C_ListInserter::Result& result) const;
 
     std::unique_ptr<Ui::frmInserList> m_ui;
     IPromptService& m_prompts;
