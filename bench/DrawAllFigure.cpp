@@ -98,7 +98,7 @@ std::optional<double> DrawAllFigure::measure()
     BenchPrompts prompts;
     frmMain window(&prompts);
     EditorState& state = window.state();
-    state.BitmapFileName = bitmap;
+    window.document().setBitmapFileName(bitmap);
     window.LoadBitmap();
     window.findChild<QScrollBar*>(QStringLiteral("hscrlZoom"))->setValue(Zoom);
     state.views.lsvTextures.appendRows(ObjectTextureRows(ObjectTextures, Tiles));

@@ -33,7 +33,7 @@ std::optional<double> OpenGuiFigure::measure()
         QApplication::processEvents();
     }
     const EditorState& state = window.state();
-    if (prompts.messages > 0 || state.lsvObjects.count() != BenchList::ObjectTextures + 2 || !state.IsBitmapLoaded) {
+    if (prompts.messages > 0 || state.lsvObjects.count() != BenchList::ObjectTextures + 2 || !window.document().IsBitmapLoaded()) {
         std::fprintf(stderr, "open_gui_ms: the list did not open whole (%s)\n", qPrintable(prompts.lastMessage));
         return std::nullopt;
     }

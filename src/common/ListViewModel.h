@@ -66,6 +66,11 @@ public:
     // The row cells make: the key, the text, then the sub-items.
     static Row rowOf(const std::vector<ListCell>& cells);
 
+    // Puts row at index whatever the sorting; returns index, or -1 when
+    // index is out of range or another row has the key. Undoing a deletion
+    // puts a row back where it was.
+    int insertRow(int index, const Row& row);
+
     int findKey(const QString& key) const; // index, or -1
     bool removeAt(int index);
     void clear();
@@ -81,6 +86,9 @@ public:
     void setText(int index, const QString& text);
     void setSubItem(int index, int subItem, const QString& text);
     void setCheckState(int index, Qt::CheckState state);
+    // The text and every sub-item of a row at once, told to the views once;
+    // sub-items past the given ones are emptied.
+    void setRow(int index, const QString& text, const QStringList& subItems);
 
     void setCheckable(bool checkable) { m_checkable = checkable; }
     bool isCheckable() const { return m_checkable; }
@@ -95,6 +103,23 @@ public:
     void setSortOrder(Qt::SortOrder order) { m_sortOrder = order; }
     // Turning sorting on (again) orders the rows by the sort key column.
     void setSorted(bool sorted);
+
+    // The sort settings together, to be put back as they were.
+    struct SortState
+    {
+        int key = 0;
+        Qt::SortOrder order = Qt::AscendingOrder;
+        bool sorted = false;
+    };
+    SortState sortState() const { return {m_sortKey, m_sortOrder, m_sorted}; }
+    // Sets the settings without reordering a row.
+    void setSortState(const SortState& state);
+    // The order sorting by the current settings gives: row i of it is the
+    // row now at order[i].
+    std::vector<int> sortedOrder() const;
+    // The rows in a new order, row i the one now at order[i]; the selected
+    // row and the views' rows follow their rows.
+    void reorder(const std::vector<int>& order);
 
     // '*' stands for any run of characters; letter case is ignored.
     static bool matchesPattern(QStringView text, QStringView pattern);
@@ -126,6 +151,7 @@ private:
     bool claimKey(const ListCell& key, int index);
     bool keysRise(const std::vector<StoredRow>& rows) const;
     int place(const StoredRow& row);
+    int placeAt(int at, const StoredRow& row);
     int placeAtEnd(const std::vector<StoredRow>& rows);
     int placeWrittenRows(size_t first, qsizetype rowCount, int cellsPerRow);
 

@@ -91,7 +91,7 @@ void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy()
         f.newList(f.dir.filePath("alone.trt"), {}, f.bitmapPath());
     } else {
         f.openList(f.listPath());
-        f.window->state().LevelFileName = f.dir.filePath(level);
+        f.window->state().document().setLevelFileName(f.dir.filePath(level));
     }
     click(f, "cmdAssign");
     QVERIFY2(f.window->statusBar()->currentMessage().contains(said),
@@ -211,7 +211,7 @@ void tst_AssignmentPage::newListTakesTheLevelsTilesAsItsBitmap()
         const QColor a = tiles.pixelColor(p), b = drawn.pixelColor(p);
         QVERIFY(qAbs(a.red() - b.red()) <= 8 && qAbs(a.green() - b.green()) <= 8 && qAbs(a.blue() - b.blue()) <= 8);
     }
-    QVERIFY(f.window->state().IsListOpen);
+    QVERIFY(f.window->state().document().IsListOpen());
     QCOMPARE(f.find<QLabel>("lblNbTiles")->text(), QStringLiteral("4"));
     QCOMPARE(f.window->state().views.lsvTextures.count(), 30);
 }

@@ -6,6 +6,8 @@
 #include "list/m_IndexList.h"
 #include "ui/bitmap/ucScrollPic.h"
 
+#include <QUndoStack>
+
 namespace {
 
 QStringList DrawListColumns()
@@ -16,28 +18,28 @@ QStringList DrawListColumns()
 
 } // namespace
 
-EditorState::EditorState(IPromptService& prompts, QObject* parent)
+EditorState::EditorState(IPromptService& prompts, ListDocument& document, QObject* parent)
     : QObject(parent)
+    , views(document.views())
     , lsvObjects({QStringLiteral("Texture")})
     , lsvAvailTextures({QString()})
     , lsvSpriteIndex({QStringLiteral("Sprite")})
     , lsvDrawList(DrawListColumns())
     , lsvSpriteDrawLisr(DrawListColumns())
+    , m_document(&document)
     , m_prompts(&prompts)
 {
     lsvObjects.setCheckable(true);
     lsvSpriteIndex.setCheckable(true);
-}
-
-void EditorState::MarkDirty()
-{
-    SetDirty(true);
-}
-
-void EditorState::SetDirty(bool dirty)
-{
-    IsDirty = dirty;
-    emit dirtyChanged(dirty);
+    connect(&document, &ListDocument::modifiedChanged, this, &EditorState::dirtyChanged);
+    connect(document.undoStack(), &QUndoStack::indexChanged, this, &EditorState::RedrawChangedOutlines);
+    for (const auto& [model, follow] : {std::pair{&views.lsvTextures, &EditorState::FollowTextureCount},
+                                        std::pair{&views.lsvSprites, &EditorState::FollowSpriteCount}}) {
+        connect(model, &QAbstractItemModel::rowsInserted, this, follow);
+        connect(model, &QAbstractItemModel::rowsRemoved, this, follow);
+    }
+    connect(&lsvDrawList, &QAbstractItemModel::modelReset, this, [this] { m_drawnTextureKeys.clear(); });
+    connect(&lsvSpriteDrawLisr, &QAbstractItemModel::modelReset, this, [this] { m_drawnSpriteKeys.clear(); });
 }
 
 void EditorState::RedrawOutlines()
@@ -124,16 +126,46 @@ void AppendOutlines(const ListViewModel& source, const QStringList& keys, ListVi
 void EditorState::AppendTextureOutlines(const QStringList& keys)
 {
     AppendOutlines<ObjectTextureRow>(views.lsvTextures, keys, lsvDrawList);
+    m_drawnTextureKeys += keys;
 }
 
 void EditorState::AppendSpriteOutlines(const QStringList& keys)
 {
     AppendOutlines<SpriteTextureRow>(views.lsvSprites, keys, lsvSpriteDrawLisr);
+    m_drawnSpriteKeys += keys;
+}
+
+void EditorState::RedrawChangedOutlines()
+{
+    if (m_drawnTextureKeys.isEmpty() && m_drawnSpriteKeys.isEmpty())
+        return;
+    const QStringList textureKeys = m_drawnTextureKeys;
+    const QStringList spriteKeys = m_drawnSpriteKeys;
+    lsvDrawList.clear();
+    lsvSpriteDrawLisr.clear();
+    AppendTextureOutlines(textureKeys);
+    AppendSpriteOutlines(spriteKeys);
+    RedrawOutlines();
 }
 
 void EditorState::ShowStatus(const QString& message)
 {
     emit statusMessage(message);
+}
+
+void EditorState::FollowTextureCount()
+{
+    if (lsvObjects.count() == 0)
+        return; // no list shown yet: the load fills them
+    m_IndexList::ResizeIndexList(views.lsvTextures.count(), lsvObjects, QStringLiteral("T"), true);
+    m_IndexList::ResizeIndexList(lsvObjects.count() - 2, lsvAvailTextures, QStringLiteral("A"), false);
+}
+
+void EditorState::FollowSpriteCount()
+{
+    if (lsvSpriteIndex.count() == 0)
+        return;
+    m_IndexList::ResizeIndexList(views.lsvSprites.count(), lsvSpriteIndex, QStringLiteral("S"), true);
 }
 
 void EditorState::FillTextureIndexLists()

@@ -66,7 +66,10 @@ void ListView::onHeaderClicked(int section)
     if (!m_model)
         return;
     m_ascending = !m_ascending;
-    m_Code::SortListView(*m_model, section + 1, m_ascending);
+    if (m_sortHandler)
+        m_sortHandler(section, m_ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    else
+        m_Code::SortListView(*m_model, section + 1, m_ascending);
 }
 
 void ListView::mousePressEvent(QMouseEvent* event)

@@ -68,8 +68,6 @@ void ObjectTexturePage::ConnectControls()
     connect(&m_state, &EditorState::drawObjectsRequested, this, &ObjectTexturePage::cmdDraw_Click);
     connect(u.cmdColor, &QPushButton::clicked, this, [this] { m_state.ChooseOutlineColor(); });
     connect(u.lsvTextures, &ListView::ItemClick, this, &ObjectTexturePage::lsvTextures_ItemClick);
-    // A tile typed by the user is an edit of the list.
-    connect(u.txtTileNo, &QLineEdit::textEdited, this, [this] { m_state.MarkDirty(); });
 }
 
 // --- The page's life with the window ---
@@ -158,11 +156,9 @@ void ObjectTexturePage::BeginAdding()
 
 void ObjectTexturePage::AcceptAdding()
 {
-    const bool stored = StoreEditedTexture(QString());
+    StoreEditedTexture(QString());
     m_ui->cmdAdd->setText(Add);
     ShowViewing();
-    if (stored)
-        m_state.MarkDirty();
 }
 
 void ObjectTexturePage::ShowTextureNumber()
@@ -194,15 +190,12 @@ void ObjectTexturePage::AcceptEditing()
     m_ui->cmdEdit->setText(Edit);
     const ListViewModel& textures = m_state.views.lsvTextures;
     const QString key = textures.key(textures.selectedRow());
-    bool stored = false;
     if (key.isEmpty())
         m_state.ShowStatus(tr("Nothing was stored: no texture of the list is selected."));
     else
-        stored = StoreEditedTexture(key);
+        StoreEditedTexture(key);
     ShowViewing();
     ClearTextureEdition();
-    if (stored)
-        m_state.MarkDirty();
 }
 
 void ObjectTexturePage::cmdDel_Click()
@@ -212,8 +205,7 @@ void ObjectTexturePage::cmdDel_Click()
     if (selected < 0)
         return;
     // The rows after it keep their numbers: animations refer to them.
-    textures.removeAt(selected);
-    m_state.MarkDirty();
+    m_state.document().DeleteTexture(textures.key(selected));
     ShowViewing();
     ClearTextureEdition();
 }
@@ -277,47 +269,55 @@ bool ObjectTexturePage::StoreEditedTexture(const QString& key)
     const int xlo = BoxValue(Corners().row(lo).x);
     const int xhi = BoxValue(Corners().row(hi).x);
 
-    const int row = StoreRow(key);
-    if (row < 0)
+    std::optional<ListViewModel::Row> row = StoreRow(key);
+    if (!row)
         return false;
 
     const std::array<QPoint, 4> corners = TextureGeometry::StoredCorners(lo, xlo, place.ylo, xhi, place.yhi);
     const std::array<QPoint, 4> bytes = TextureGeometry::SubPixelBytes(lo);
-    ListViewModel& textures = m_state.views.lsvTextures;
-    textures.setSubItem(row, ObjectTextureRow::TileColumn, QString::number(place.tile));
-    textures.setSubItem(row, ObjectTextureRow::TransColumn, QString::number(m_attribute));
+    QStringList& cells = row->subItems;
+    const auto put = [&cells](int column, int value) {
+        while (cells.size() < column)
+            cells.append(QString());
+        cells[column - 1] = QString::number(value);
+    };
+    put(ObjectTextureRow::TileColumn, place.tile);
+    put(ObjectTextureRow::TransColumn, m_attribute);
     for (int i = 0; i < 4; ++i) {
         // A triangle has no fourth corner: zeros, whatever the boxes hold.
         const bool unused = i == 3 && m_sides != 4;
         const QPoint corner = unused ? QPoint() : corners[size_t(i)];
         const QPoint byte = unused ? QPoint() : bytes[size_t(i)];
-        textures.setSubItem(row, ObjectTextureRow::XColumn(i), QString::number(corner.x()));
-        textures.setSubItem(row, ObjectTextureRow::YColumn(i), QString::number(corner.y()));
-        textures.setSubItem(row, ObjectTextureRow::XHiColumn(i), QString::number(byte.x()));
-        textures.setSubItem(row, ObjectTextureRow::YHiColumn(i), QString::number(byte.y()));
+        put(ObjectTextureRow::XColumn(i), corner.x());
+        put(ObjectTextureRow::YColumn(i), corner.y());
+        put(ObjectTextureRow::XHiColumn(i), byte.x());
+        put(ObjectTextureRow::YHiColumn(i), byte.y());
     }
-    WarnOfBytesOutOfRange(textures.text(row), {xlo, xhi, place.ylo, place.yhi});
+    ListDocument& document = m_state.document();
+    if (!(key.isEmpty() ? document.AddTexture(*row) : document.EditTexture(key, cells)))
+        return false;
+    WarnOfBytesOutOfRange(row->text, {xlo, xhi, place.ylo, place.yhi});
     return true;
 }
 
-int ObjectTexturePage::StoreRow(const QString& key)
+std::optional<ListViewModel::Row> ObjectTexturePage::StoreRow(const QString& key)
 {
-    ListViewModel& textures = m_state.views.lsvTextures;
+    const ListViewModel& textures = m_state.views.lsvTextures;
     if (!key.isEmpty()) {
         const int row = textures.findKey(key);
-        if (row < 0)
+        if (row < 0) {
             m_state.ShowStatus(tr("Nothing was stored: the texture %1 is no longer in the list.").arg(key));
-        return row;
+            return std::nullopt;
+        }
+        return textures.row(row);
     }
     const qint64 count = textures.count();
     const qint64 asked = NumberText::valueOf(m_ui->txtTextureNo->text());
     const qint64 number = RowKeyNumber::FirstFree(textures, KeyPrefix, asked);
     if (number != asked)
         m_state.ShowStatus(tr("Texture number %1 is still in use: the new texture is number %2.").arg(asked).arg(number));
-    const int row = textures.addRow(RowKeyNumber::Key(KeyPrefix, number), RowKeyNumber::RowText(number, count));
-    SetTextureQty(QString::number(textures.count()));
-    m_state.FillTextureIndexLists();
-    return row;
+    return ListViewModel::Row{RowKeyNumber::Key(KeyPrefix, number), RowKeyNumber::RowText(number, count), {},
+                              Qt::Unchecked};
 }
 
 void ObjectTexturePage::WarnOfBytesOutOfRange(const QString& number, const QList<int>& values)
@@ -427,7 +427,7 @@ void ObjectTexturePage::LockCornerBoxes(bool openLoHi)
 
 void ObjectTexturePage::cmdAttrib_Click()
 {
-    if (const std::optional<int> next = TextureGeometry::NextAttribute(m_state.ListVersion, m_ui->cmdAttrib->text()))
+    if (const std::optional<int> next = TextureGeometry::NextAttribute(m_state.document().ListVersion(), m_ui->cmdAttrib->text()))
         ShowAttribute(*next);
 }
 
@@ -477,7 +477,7 @@ void ObjectTexturePage::cmdDraw_Click()
     m_state.lsvDrawList.clear();
     // Checklist row k draws the texture keyed Tk: texture 0 has no row, and
     // the last row finds nothing.
-    if (m_state.lsvObjects.count() >= 3 && m_state.IsBitmapLoaded)
+    if (m_state.lsvObjects.count() >= 3 && m_state.document().IsBitmapLoaded())
         m_state.AppendTextureOutlines(m_checklist->TickedKeys());
     m_state.RedrawOutlines();
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "ui/common/EditorPage.h"
+#include "common/ListViewModel.h"
 #include "list/TextureGeometry.h"
 
 #include <memory>
+#include <optional>
 
 class CornerBoxes;
 class DrawChecklist;
@@ -71,10 +73,12 @@ private:
     void ShowViewing();
     void ShowTextureNumber();
 
-    // The frame's texture written into the complete list: a new row for an
-    // empty key, else the row with that key. False when nothing was stored.
+    // The frame's texture written into the complete list through the
+    // document: a new row for an empty key, else the row with that key.
+    // False when nothing was stored.
     bool StoreEditedTexture(const QString& key);
-    int StoreRow(const QString& key);
+    // The row to store: the one with the key as it is, or a new one.
+    std::optional<ListViewModel::Row> StoreRow(const QString& key);
     void WarnOfBytesOutOfRange(const QString& number, const QList<int>& values);
 
     void LoadTextureRow(int row);
