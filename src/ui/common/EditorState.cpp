@@ -61,11 +61,11 @@ namespace {
 // ("3"). Any other row has none.
 QList<QPoint> OutlineCorners(const ListViewModel& drawList, int row, int zoom)
 {
-    const QString sides = drawList.subItem(row, 1);
-    const int corners = sides == QLatin1String("4") ? 2 : sides == QLatin1String("3") ? 3 : 0;
+    const qint64 sides = drawList.subItemNumber(row, 1);
+    const int corners = sides == 4 ? 2 : sides == 3 ? 3 : 0;
     QList<QPoint> points;
     for (int corner = 0; corner < corners; ++corner)
-        points << QPoint(drawList.subItem(row, 2 + 2 * corner).toInt(), drawList.subItem(row, 3 + 2 * corner).toInt())
+        points << QPoint(int(drawList.subItemNumber(row, 2 + 2 * corner)), int(drawList.subItemNumber(row, 3 + 2 * corner)))
                       * zoom;
     return points;
 }
