@@ -163,6 +163,25 @@ int ListViewModel::placeWrittenRows(size_t first, qsizetype rowCount, int cellsP
     written.reserve(size_t(rowCount));
     for (qsizetype r = 0; r < rowCount; ++r)
         written.push_back({qint32(first) + qint32(r) * cellsPerRow, cellsPerRow, Qt::Unchecked});
+    return placeStoredRows(written);
+}
+
+int ListViewModel::appendCellRows(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes)
+{
+    size_t needed = 0;
+    for (int size : rowSizes) {
+        if (size < 2)
+            return 0;
+        needed += size_t(size);
+    }
+    if (needed != cells.size())
+        return 0;
+    return placeStoredRows(m_store.storeCells(std::move(cells), rowSizes));
+}
+
+int ListViewModel::placeStoredRows(const std::vector<StoredRow>& written)
+{
+    const qsizetype rowCount = qsizetype(written.size());
     if (!m_sorted && count() == 0 && keysRise(written)) {
         // No key can be taken, so the index can wait for its first use: rows
         // filled afresh from a table come this way.

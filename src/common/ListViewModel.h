@@ -62,6 +62,9 @@ public:
     }
     // Rows given as cells in one array, cellsPerRow to a row.
     int appendCellRows(std::vector<ListCell>&& cells, int cellsPerRow);
+    // Rows of differing lengths as cells in one array, each row taking as
+    // many cells (at least 2) as rowSizes says.
+    int appendCellRows(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes);
 
     // The row cells make: the key, the text, then the sub-items.
     static Row rowOf(const std::vector<ListCell>& cells);
@@ -154,6 +157,7 @@ private:
     int placeAt(int at, const StoredRow& row);
     int placeAtEnd(const std::vector<StoredRow>& rows);
     int placeWrittenRows(size_t first, qsizetype rowCount, int cellsPerRow);
+    int placeStoredRows(const std::vector<StoredRow>& written);
 
     bool rowLess(const StoredRow& a, const StoredRow& b) const;
     int sortedInsertPosition(const StoredRow& row) const;
