@@ -19,11 +19,6 @@ bool IsIdentity(const std::vector<int>& order)
     return true;
 }
 
-bool SameSettings(const ListViewModel::SortState& a, const ListViewModel::SortState& b)
-{
-    return a.key == b.key && a.order == b.order && a.sorted == b.sorted;
-}
-
 } // namespace
 
 bool RowEditLog::add(ListViewModel& model, const ListViewModel::Row& row)
@@ -63,8 +58,10 @@ bool RowEditLog::sort(ListViewModel& model, int column, Qt::SortOrder order)
     const ListViewModel::SortState before = model.sortState();
     model.setSortState({column, order, true});
     std::vector<int> arrangement = model.sortedOrder();
-    if (IsIdentity(arrangement) && SameSettings(before, model.sortState()))
+    if (IsIdentity(arrangement)) {
+        model.setSortState(before);
         return false;
+    }
     model.reorder(arrangement);
     m_steps.push_back({Kind::Reorder, &model, -1, {}, {}, std::move(arrangement), before, model.sortState()});
     return true;

@@ -17,7 +17,8 @@ public:
     bool remove(ListViewModel& model, int index);
     // The row's text and sub-items; false for no such row or no change.
     bool replace(ListViewModel& model, int index, const QString& text, const QStringList& subItems);
-    // Sorts the rows by column; false when the order and settings stay.
+    // Sorts the rows by column, sorting on from then; false, with nothing
+    // changed, when the rows are in that order already.
     bool sort(ListViewModel& model, int column, Qt::SortOrder order);
 
     bool isEmpty() const { return m_steps.empty(); }

@@ -167,6 +167,7 @@ void tst_ListDocument::failedEditsPushNothing_data()
     QTest::newRow("delete of a missing range") << "delete range 77";
     QTest::newRow("a range of no textures") << "add range";
     QTest::newRow("sort by no column") << "sort 99";
+    QTest::newRow("sort into the order it has") << "sort 0";
 }
 
 void tst_ListDocument::failedEditsPushNothing()
@@ -196,7 +197,7 @@ void tst_ListDocument::failedEditsPushNothing()
     else if (edit == "add range")
         made = document.AddAnimation(QStringLiteral("05"), {});
     else
-        made = document.SortRows(v.lsvTextures, 99, Qt::AscendingOrder);
+        made = document.SortRows(v.lsvTextures, edit.mid(5).toInt(), Qt::AscendingOrder);
 
     QVERIFY(!made);
     QCOMPARE(ListFixture::viewRows(v), before);

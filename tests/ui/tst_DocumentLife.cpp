@@ -368,6 +368,7 @@ void tst_DocumentLife::listWithMissingBitmapAndLevelOpensWithWhatItHas()
     ListViewSet views;
     const QString list = f.dir.filePath("orphan.trt");
     ListFixture::random(4, 1, 2, 3, 1, 11).write(views, list, f.dir.filePath("gone.tr2"), f.dir.filePath("gone.bmp"));
+    f.openList(f.listPath());
     f.openList(list);
     EditorState& s = f.window->state();
     QCOMPARE(s.views.lsvTextures.count(), 4);
@@ -376,6 +377,11 @@ void tst_DocumentLife::listWithMissingBitmapAndLevelOpensWithWhatItHas()
     QVERIFY(f.window->statusBar()->currentMessage().contains("gone.tr2"));
     QVERIFY(!s.document().IsBitmapLoaded());
     QVERIFY(!f.find<QAction>("mnuBitmapsShowTiles")->isEnabled());
+    // Nothing of the list open before stays on show.
+    for (const char* label : {"lblNbTiles", "lblHeight", "lblWidth"})
+        QCOMPARE(f.find<QLabel>(label)->text(), QStringLiteral("0"));
+    QCOMPARE(f.find<QLineEdit>("txtTextureQty")->text(), QStringLiteral("4"));
+    QCOMPARE(s.lsvObjects.count(), 6);
 
     // A file that cannot be opened at all leaves the open list as it was.
     f.prompts.clearRecords();

@@ -341,8 +341,11 @@ void frmMain::mnuFileNewList_Click()
     } else {
         ReadLevelIntoViews();
     }
-    if (!LoadList(true))
+    if (!LoadList(true)) {
+        // The list open before was set aside already.
+        ShowNoList();
         return;
+    }
     FillIndexLists();
     ShowCounters();
     if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
@@ -464,12 +467,19 @@ void frmMain::ShowNoList()
     m_ui->lblListFile->clear();
     m_ui->lblTextureFile->clear();
     m_ui->lblLevelFile->clear();
-    for (QLabel* label : {m_ui->lblHeight, m_ui->lblWidth, m_ui->lblNbTiles, m_ui->lblTileShow})
-        label->setText(QStringLiteral("0"));
+    ShowNoBitmapStatistics();
     for (EditorPage* page : m_pages)
         page->ListClosed();
     EnableDocumentMenus(false);
     EnableZoom(false);
+}
+
+void frmMain::ShowNoBitmapStatistics()
+{
+    for (QLabel* label : {m_ui->lblHeight, m_ui->lblWidth, m_ui->lblNbTiles, m_ui->lblTileShow, m_ui->lblMousePosX,
+                          m_ui->lblMousePosY})
+        label->setText(QStringLiteral("0"));
+    m_document->setNumberOfTiles(0);
 }
 
 void frmMain::mnuFileSaveList_Click()
@@ -616,6 +626,7 @@ void frmMain::LoadBitmap()
                                IPromptService::vbExclamation);
         }
         d.setBitmapLoaded(false);
+        ShowNoBitmapStatistics();
         EnableZoom(false);
         EnableDocumentMenus(false);
         m_ui->lblTextureFile->clear();

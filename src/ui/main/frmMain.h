@@ -85,6 +85,8 @@ private:
     void TellPagesOfRewind();
     // Empties the list menus, labels and pages of a list that is set aside.
     void ShowNoList();
+    // The statistics and mouse position of no bitmap: zeros.
+    void ShowNoBitmapStatistics();
     // Header clicks on the content lists sort through the document, and the
     // texture count follows the rows.
     void FollowDocumentViews();
