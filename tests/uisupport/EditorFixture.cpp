@@ -17,8 +17,8 @@ EditorFixture::EditorFixture()
 
 EditorFixture::~EditorFixture()
 {
-    // Closing asks to save only when there are changes; answer No-save.
-    prompts.answers = {IPromptService::vbCancel};
+    // Closing asks to save only when there are changes; answer Discard.
+    prompts.saveAnswers = {IPromptService::SaveAnswer::Discard};
     window.reset();
 }
 
