@@ -194,6 +194,9 @@ void tst_UndoRedo::theMenuNamesWhatItTakesBack()
     user.chooseRow("lsvTextures", 12);
     user.press("cmdDel");
     QCOMPARE(undo.text(), QStringLiteral("&Undo Delete Texture 12"));
+    // The deleted row's choice went with it, not to the row after it.
+    QCOMPARE(f.window->state().views.lsvTextures.selectedRow(), -1);
+    QVERIFY(!user.list("lsvTextures").currentIndex().isValid());
     QVERIFY(undo.isEnabled() && f.find<QAction>("mnuFileSaveList")->isEnabled());
     undo.trigger();
     QCOMPARE(undo.text(), QStringLiteral("&Undo"));

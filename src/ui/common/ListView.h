@@ -51,4 +51,5 @@ private:
     bool m_ascending = false;
     bool m_keyboardMove = false;
     bool m_followingModel = false;
+    bool m_rowsGoing = false;
 };
