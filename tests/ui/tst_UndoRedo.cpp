@@ -78,7 +78,8 @@ private:
         const int textures = state().lsvAvailTextures.count();
         if (textures < 2)
             return;
-        user.addAnimation({QString::number(1 + random.bounded(textures)), QString::number(1 + random.bounded(textures))});
+        const auto any = [&] { return QString::number(1 + random.bounded(textures)); };
+        user.addAnimation({any(), any()});
     }
     void deleteAnimation()
     {

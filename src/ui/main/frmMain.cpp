@@ -606,6 +606,7 @@ void frmMain::ReadLevelIntoViews()
 void frmMain::ClearAllViews()
 {
     m_ui->ucScrollPic1->NoPicture();
+    m_document->setBitmapLoaded(false);
     for (EditorPage* page : m_pages) {
         page->BitmapRemoved();
         page->ClearPage();

@@ -427,7 +427,8 @@ void ObjectTexturePage::LockCornerBoxes(bool openLoHi)
 
 void ObjectTexturePage::cmdAttrib_Click()
 {
-    if (const std::optional<int> next = TextureGeometry::NextAttribute(m_state.document().ListVersion(), m_ui->cmdAttrib->text()))
+    if (const std::optional<int> next =
+            TextureGeometry::NextAttribute(m_state.document().ListVersion(), m_ui->cmdAttrib->text()))
         ShowAttribute(*next);
 }
 
