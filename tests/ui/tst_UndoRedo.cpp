@@ -192,6 +192,10 @@ void tst_UndoRedo::theMenuNamesWhatItTakesBack()
     QAction& redo = *f.find<QAction>("mnuEditRedo");
     QVERIFY(!undo.isEnabled() && !redo.isEnabled());
     QCOMPARE(undo.text(), QStringLiteral("&Undo"));
+    QCOMPARE(redo.text(), QStringLiteral("&Redo"));
+    QCOMPARE(undo.shortcuts(), QList<QKeySequence>({QKeySequence(Qt::CTRL | Qt::Key_Z)}));
+    QCOMPARE(redo.shortcuts(), QList<QKeySequence>({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+                                                    QKeySequence(Qt::CTRL | Qt::Key_Y)}));
     user.chooseRow("lsvTextures", 12);
     user.press("cmdDel");
     QCOMPARE(undo.text(), QStringLiteral("&Undo Delete Texture 12"));
