@@ -62,8 +62,6 @@ void tst_frmMain::menusCarryTheirCaptions_data()
     QTest::newRow("save") << "mnuFileSaveList" << "&Save List";
     QTest::newRow("save as") << "mnuFileSaveAsList" << "Save &As...";
     QTest::newRow("exit") << "mnuFileExit" << "E&xit";
-    QTest::newRow("undo") << "mnuEditUndo" << "&Undo";
-    QTest::newRow("redo") << "mnuEditRedo" << "&Redo";
     QTest::newRow("tiles") << "mnuBitmapsShowTiles" << "Show &Tiles";
     QTest::newRow("insert") << "mnuListInser" << "&Insert List Into Level...";
     QTest::newRow("help") << "mnuHelpHelp" << "H&elp";
