@@ -293,6 +293,12 @@ qint64 ListViewModel::subItemNumber(int index, int subItem) const
     return cellAt(index, subItem).leadingInteger();
 }
 
+const ListCell& ListViewModel::cell(int index, int column) const
+{
+    static const ListCell none;
+    return isValidRow(index) && column >= 0 ? cellAt(index, column) : none;
+}
+
 Qt::CheckState ListViewModel::checkState(int index) const
 {
     return isValidRow(index) ? m_store.at(index).check : Qt::Unchecked;

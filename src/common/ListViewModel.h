@@ -85,6 +85,8 @@ public:
     // The leading integer of a sub-item, as NumberText::valueOf reads it.
     qint64 subItemNumber(int index, int subItem) const;
     Qt::CheckState checkState(int index) const;
+    // A cell as it is kept (column 0 the text), to copy without spelling it.
+    const ListCell& cell(int index, int column) const;
 
     void setText(int index, const QString& text);
     void setSubItem(int index, int subItem, const QString& text);

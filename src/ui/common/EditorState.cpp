@@ -136,7 +136,7 @@ void AppendOutlines(const ListViewModel& source, const QStringList& keys, ListVi
             continue;
         const QStringList columns = RowReader::Read(source, row).DrawColumns();
         cells.emplace_back(); // no key
-        cells.emplace_back(source.text(row));
+        cells.push_back(source.cell(row, 0));
         for (const QString& column : columns)
             cells.emplace_back(column);
         sizes.push_back(2 + int(columns.size()));
