@@ -32,6 +32,7 @@ private slots:
     void closeEmptiesEverythingAndSaveWritesNothing();
     void theSaveQuestionOnEveryWayOut_data();
     void theSaveQuestionOnEveryWayOut();
+    void aSaveThatFailsKeepsTheListOpen();
     void exitAsksOnlyWhenChanged_data();
     void exitAsksOnlyWhenChanged();
     void insertWritesTemplevelWithProgress();
@@ -252,6 +253,24 @@ void tst_DocumentLife::theSaveQuestionOnEveryWayOut()
         QVERIFY(f.prompts.messages.isEmpty());
         QCOMPARE(s.views.lsvTextures.count(), saved ? 29 : 30);
     }
+}
+
+void tst_DocumentLife::aSaveThatFailsKeepsTheListOpen()
+{
+    EditorFixture f;
+    const QString list = f.dir.write("mine.trt", ScratchDir::read(f.listPath()));
+    f.openList(list);
+    QVERIFY(f.window->document().DeleteTexture(QStringLiteral("T3")));
+    // The file's place is taken by a folder: nothing can be written there.
+    QVERIFY(QFile::remove(list) && QDir().mkdir(list));
+    f.prompts.saveAnswers << IPromptService::SaveAnswer::Save;
+    trigger(f, "mnuFileCloseList");
+    QCOMPARE(f.prompts.messages.size(), 2);
+    QCOMPARE(f.prompts.messages[1].style, int(IPromptService::vbCritical));
+    QVERIFY(f.prompts.messages[1].text.contains(QDir::toNativeSeparators(list)));
+    QCOMPARE(f.window->document().ListFileName(), list);
+    QCOMPARE(f.window->state().views.lsvTextures.count(), 29);
+    QVERIFY(f.window->document().isModified());
 }
 
 void tst_DocumentLife::exitAsksOnlyWhenChanged_data()
