@@ -9,6 +9,7 @@
 #include "OpenListMemoryFigure.h"
 #include "PaintFigure.h"
 #include "TilesRatioFigure.h"
+#include "UndoAllFigure.h"
 #include "UsageRatioFigure.h"
 #include "OpenListRatioFigure.h"
 #include "WalkRatioFigure.h"
@@ -28,10 +29,13 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<ZoomMemoryFigure>());
     figures.push_back(std::make_unique<OpenGuiFigure>());
     figures.push_back(std::make_unique<OpenListMemoryFigure>());
+    figures.push_back(std::make_unique<OpenGuiFigure>(OpenGuiFigure::Size::Max));
     figures.push_back(std::make_unique<TilesRatioFigure>());
     figures.push_back(std::make_unique<UsageRatioFigure>());
     figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::Milliseconds));
     figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::Ratio));
     figures.push_back(std::make_unique<DragFrameFigure>());
+    figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::MaxMilliseconds));
+    figures.push_back(std::make_unique<UndoAllFigure>());
     return figures;
 }

@@ -9,27 +9,27 @@
 
 namespace {
 
-SyntheticLevel levelWithLargeTables(qint64 levelBytes)
+SyntheticLevel levelWithLargeTables(qint64 levelBytes, const BenchList::Shape& shape)
 {
     SyntheticLevel level = SyntheticLevel::ofSize(LevelVersion::Game::TR2, levelBytes, 100);
-    QList<ObjectTexture> textures(BenchList::ObjectTextures);
+    QList<ObjectTexture> textures(shape.objectTextures);
     for (int i = 0; i < textures.size(); ++i) {
         textures[i].setColumn(1, i % 16);
         textures[i].setColumn(3, i % 256);
         textures[i].setColumn(4, (i * 7) % 256);
     }
     AnimatedTextureBlock block;
-    for (int r = 0; r < BenchList::Ranges; ++r) {
+    for (int r = 0; r < shape.ranges; ++r) {
         AnimatedTextureBlock::Range range;
-        for (int i = 0; i < BenchList::RangeLength; ++i)
-            range.append(quint16(r * BenchList::RangeLength + i));
+        for (int i = 0; i < shape.rangeLength; ++i)
+            range.append(quint16(r * shape.rangeLength + i));
         block.ranges.append(range);
     }
-    QList<SpriteTexture> sprites(BenchList::Sprites);
+    QList<SpriteTexture> sprites(shape.sprites);
     for (int i = 0; i < sprites.size(); ++i)
         sprites[i].x = quint8(i);
-    QList<SpriteSequence> sequences(BenchList::Sequences);
-    const int perSequence = BenchList::Sprites / BenchList::Sequences;
+    QList<SpriteSequence> sequences(shape.sequences);
+    const int perSequence = shape.sprites / shape.sequences;
     for (int i = 0; i < sequences.size(); ++i) {
         sequences[i].objectId = 100 + i;
         sequences[i].setNumber(perSequence);
@@ -54,10 +54,10 @@ QString BenchList::listPath(const QTemporaryDir& dir)
     return dir.filePath(QStringLiteral("list.trt"));
 }
 
-bool BenchList::write(const QTemporaryDir& dir, qint64 levelBytes, const char* figure)
+bool BenchList::write(const QTemporaryDir& dir, qint64 levelBytes, const char* figure, const Shape& shape)
 {
     QString error;
-    if (!dir.isValid() || !levelWithLargeTables(levelBytes).writeTo(levelPath(dir), &error)) {
+    if (!dir.isValid() || !levelWithLargeTables(levelBytes, shape).writeTo(levelPath(dir), &error)) {
         std::fprintf(stderr, "%s: cannot write the level: %s\n", figure, qPrintable(error));
         return false;
     }

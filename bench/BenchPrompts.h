@@ -16,6 +16,13 @@ public:
         ++messages;
         return vbOK;
     }
+    // A figure never leaves edits to save: the question counts as a message.
+    SaveAnswer AskToSave(const QString& text, const QString&) override
+    {
+        lastMessage = text;
+        ++messages;
+        return SaveAnswer::Discard;
+    }
     QString GetFileName(const FileRequest&) override { return fileNames.isEmpty() ? QString() : fileNames.takeFirst(); }
     std::optional<QColor> ChooseColor(const QColor&) override { return std::nullopt; }
     void Beep() override {}

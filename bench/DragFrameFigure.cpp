@@ -56,14 +56,14 @@ std::optional<double> DragFrameFigure::measure()
     window.resize(window.sizeHint().expandedTo(QSize(1400, 1000)));
     window.show();
     QApplication::processEvents();
-    state.BitmapFileName = bitmap;
+    window.document().setBitmapFileName(bitmap);
     window.LoadBitmap();
-    if (!state.IsBitmapLoaded) {
+    if (!window.document().IsBitmapLoaded()) {
         std::fprintf(stderr, "drag_frame_ms: the bitmap could not be shown\n");
         return std::nullopt;
     }
     // A list is open: Add is live.
-    state.IsListOpen = true;
+    window.document().setListOpen(true);
     window.findChild<QScrollBar*>(QStringLiteral("hscrlZoom"))->setValue(Zoom);
     view.VScroll1()->setValue(view.VScroll1()->maximum() / 2);
     DrawOutlines(view, Outlines, Zoom);

@@ -6,6 +6,7 @@
 #include "ui/common/EditorState.h"
 #include "level/ObjectTexture.h"
 #include "level/SpriteTexture.h"
+#include "list/ListDocument.h"
 #include "ui/main/frmMain.h"
 #include "list/m_SpriteList.h"
 #include "list/m_TextureList.h"
@@ -79,7 +80,12 @@ void Paint(const ucScrollPicCanvas& canvas, QImage& target, DurationSamples& pai
 
 QString DrawAllFigure::name() const
 {
-    return m_kind == Kind::Ratio ? QStringLiteral("draw_all_ratio") : QStringLiteral("draw_all_ms");
+    switch (m_kind) {
+    case Kind::Ratio: return QStringLiteral("draw_all_ratio");
+    case Kind::MaxMilliseconds: return QStringLiteral("draw_all_max_ms");
+    case Kind::Milliseconds: break;
+    }
+    return QStringLiteral("draw_all_ms");
 }
 
 QString DrawAllFigure::unit() const
@@ -98,11 +104,11 @@ std::optional<double> DrawAllFigure::measure()
     BenchPrompts prompts;
     frmMain window(&prompts);
     EditorState& state = window.state();
-    state.BitmapFileName = bitmap;
+    window.document().setBitmapFileName(bitmap);
     window.LoadBitmap();
     window.findChild<QScrollBar*>(QStringLiteral("hscrlZoom"))->setValue(Zoom);
-    state.views.lsvTextures.appendRows(ObjectTextureRows(ObjectTextures, Tiles));
-    state.views.lsvSprites.appendRows(SpriteRows(Sprites, Tiles));
+    state.views.lsvTextures.appendRows(ObjectTextureRows(ObjectTextures(), Tiles));
+    state.views.lsvSprites.appendRows(SpriteRows(Sprites(), Tiles));
     state.FillTextureIndexLists();
     state.FillSpriteIndexList();
     auto* drawTextures = window.findChild<QPushButton*>(QStringLiteral("cmdDraw"));
@@ -120,14 +126,14 @@ std::optional<double> DrawAllFigure::measure()
         });
     }
     // Row k of a checklist draws texture k: every texture but number 0.
-    if (state.lsvDrawList.count() != ObjectTextures - 1 || state.lsvSpriteDrawLisr.count() != Sprites - 1
+    if (state.lsvDrawList.count() != ObjectTextures() - 1 || state.lsvSpriteDrawLisr.count() != Sprites() - 1
         || prompts.messages > 0) {
         std::fprintf(stderr, "%s: Draw did not outline every ticked row\n", figure.constData());
         return std::nullopt;
     }
     std::fprintf(stderr, "%s: Draw and paint %.3f ms, paint alone %.3f ms (medians of %d)\n", figure.constData(),
                  whole.median() / 1e6, paints.median() / 1e6, Repetitions);
-    if (m_kind == Kind::Milliseconds)
+    if (m_kind != Kind::Ratio)
         return whole.median() / 1e6;
     return paints.median() > 0 ? whole.median() / paints.median() : std::optional<double>();
 }

@@ -5,6 +5,7 @@
 #include "BenchPrompts.h"
 #include "DurationSamples.h"
 #include "ui/common/EditorState.h"
+#include "list/ListDocument.h"
 #include "ui/main/frmMain.h"
 
 #include <QAction>
@@ -15,9 +16,11 @@
 
 std::optional<double> OpenGuiFigure::measure()
 {
+    const QByteArray figure = name().toLatin1();
+    const BenchList::Shape shape = m_size == Size::Max ? BenchList::Max : BenchList::Large;
     QTemporaryDir dir;
-    if (!BenchList::write(dir, qint64(2) * 1024 * 1024, "open_gui_ms")
-        || BenchBitmap::write(dir, 16, "open_gui_ms").isEmpty())
+    if (!BenchList::write(dir, qint64(2) * 1024 * 1024, figure.constData(), shape)
+        || BenchBitmap::write(dir, 16, figure.constData()).isEmpty())
         return std::nullopt;
 
     BenchPrompts prompts;
@@ -33,8 +36,10 @@ std::optional<double> OpenGuiFigure::measure()
         QApplication::processEvents();
     }
     const EditorState& state = window.state();
-    if (prompts.messages > 0 || state.lsvObjects.count() != BenchList::ObjectTextures + 2 || !state.IsBitmapLoaded) {
-        std::fprintf(stderr, "open_gui_ms: the list did not open whole (%s)\n", qPrintable(prompts.lastMessage));
+    if (prompts.messages > 0 || state.lsvObjects.count() != shape.objectTextures + 2
+        || !window.document().IsBitmapLoaded()) {
+        std::fprintf(stderr, "%s: the list did not open whole (%s)\n", figure.constData(),
+                     qPrintable(prompts.lastMessage));
         return std::nullopt;
     }
     return samples.median() / 1e6;

@@ -50,6 +50,9 @@ public:
             write(row, &m_cells[first + size_t(row) * size_t(cellsPerRow)]);
         return first;
     }
+    // Stores rows whose cells lie one after another in cells, each taking
+    // as many as rowSizes says; returns the rows.
+    std::vector<Row> storeCells(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes);
     // A stored row that is not to be placed.
     void discard(const Row& row) { m_unusedCells += row.size; }
 

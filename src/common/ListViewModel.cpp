@@ -83,7 +83,11 @@ bool ListViewModel::keysRise(const std::vector<StoredRow>& rows) const
 // is on. Its key is not taken.
 int ListViewModel::place(const StoredRow& row)
 {
-    const int at = m_sorted ? sortedInsertPosition(row) : count();
+    return placeAt(m_sorted ? sortedInsertPosition(row) : count(), row);
+}
+
+int ListViewModel::placeAt(int at, const StoredRow& row)
+{
     beginInsertRows({}, at, at);
     m_store.insert(at, row);
     reindexFrom(at);
@@ -110,6 +114,14 @@ int ListViewModel::addRow(const QString& key, const QString& text, const QString
     if (!keyCell.isEmpty() && keyIndex().contains(keyCell))
         return -1;
     return place(m_store.store(std::move(keyCell), text, subItems, Qt::Unchecked));
+}
+
+int ListViewModel::insertRow(int index, const Row& row)
+{
+    ListCell keyCell(row.key);
+    if (index < 0 || index > count() || (!keyCell.isEmpty() && keyIndex().contains(keyCell)))
+        return -1;
+    return placeAt(index, m_store.store(std::move(keyCell), row.text, row.subItems, row.check));
 }
 
 int ListViewModel::appendRows(std::vector<Row>&& rows)
@@ -151,6 +163,25 @@ int ListViewModel::placeWrittenRows(size_t first, qsizetype rowCount, int cellsP
     written.reserve(size_t(rowCount));
     for (qsizetype r = 0; r < rowCount; ++r)
         written.push_back({qint32(first) + qint32(r) * cellsPerRow, cellsPerRow, Qt::Unchecked});
+    return placeStoredRows(written);
+}
+
+int ListViewModel::appendCellRows(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes)
+{
+    size_t needed = 0;
+    for (int size : rowSizes) {
+        if (size < 2)
+            return 0;
+        needed += size_t(size);
+    }
+    if (needed != cells.size())
+        return 0;
+    return placeStoredRows(m_store.storeCells(std::move(cells), rowSizes));
+}
+
+int ListViewModel::placeStoredRows(const std::vector<StoredRow>& written)
+{
+    const qsizetype rowCount = qsizetype(written.size());
     if (!m_sorted && count() == 0 && keysRise(written)) {
         // No key can be taken, so the index can wait for its first use: rows
         // filled afresh from a table come this way.
@@ -262,6 +293,12 @@ qint64 ListViewModel::subItemNumber(int index, int subItem) const
     return cellAt(index, subItem).leadingInteger();
 }
 
+const ListCell& ListViewModel::cell(int index, int column) const
+{
+    static const ListCell none;
+    return isValidRow(index) && column >= 0 ? cellAt(index, column) : none;
+}
+
 Qt::CheckState ListViewModel::checkState(int index) const
 {
     return isValidRow(index) ? m_store.at(index).check : Qt::Unchecked;
@@ -292,6 +329,17 @@ void ListViewModel::setCheckState(int index, Qt::CheckState state)
     emit dataChanged(this->index(index, 0), this->index(index, 0), {Qt::CheckStateRole});
 }
 
+void ListViewModel::setRow(int index, const QString& text, const QStringList& subItems)
+{
+    if (!isValidRow(index))
+        return;
+    const int cells = qMax(m_store.subItemCount(m_store.at(index)), int(subItems.size()));
+    m_store.setCell(index, 0, ListCell(text));
+    for (int item = 1; item <= cells; ++item)
+        m_store.setCell(index, item, ListCell(subItems.value(item - 1)));
+    emit dataChanged(this->index(index, 0), this->index(index, columnCount() - 1));
+}
+
 void ListViewModel::setSelectedRow(int index)
 {
     const int selected = index >= 0 && index < count() ? index : -1;
@@ -308,21 +356,41 @@ void ListViewModel::setSorted(bool sorted)
         sortRows();
 }
 
-void ListViewModel::sortRows()
+void ListViewModel::setSortState(const SortState& state)
 {
-    if (count() < 2)
-        return;
-    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    const QModelIndexList before = persistentIndexList();
+    m_sortKey = state.key;
+    m_sortOrder = state.order;
+    m_sorted = state.sorted;
+}
+
+std::vector<int> ListViewModel::sortedOrder() const
+{
     std::vector<int> order(static_cast<size_t>(count()));
     std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(),
                      [this](int a, int b) { return rowLess(m_store.at(a), m_store.at(b)); });
+    return order;
+}
+
+void ListViewModel::sortRows()
+{
+    if (count() < 2)
+        return;
+    reorder(sortedOrder());
+}
+
+void ListViewModel::reorder(const std::vector<int>& order)
+{
+    if (order.size() != size_t(count()))
+        return;
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
     std::vector<int> newPlace(order.size());
     for (size_t i = 0; i < order.size(); ++i)
         newPlace[size_t(order[i])] = int(i);
     m_store.reorder(order);
     m_keyIndex.clear();
+    m_keyIndexStale = false;
     reindexFrom(0);
     if (m_selected >= 0)
         m_selected = newPlace[size_t(m_selected)];

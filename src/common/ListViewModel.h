@@ -62,9 +62,17 @@ public:
     }
     // Rows given as cells in one array, cellsPerRow to a row.
     int appendCellRows(std::vector<ListCell>&& cells, int cellsPerRow);
+    // Rows of differing lengths as cells in one array, each row taking as
+    // many cells (at least 2) as rowSizes says.
+    int appendCellRows(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes);
 
     // The row cells make: the key, the text, then the sub-items.
     static Row rowOf(const std::vector<ListCell>& cells);
+
+    // Puts row at index whatever the sorting; returns index, or -1 when
+    // index is out of range or another row has the key. Undoing a deletion
+    // puts a row back where it was.
+    int insertRow(int index, const Row& row);
 
     int findKey(const QString& key) const; // index, or -1
     bool removeAt(int index);
@@ -77,10 +85,15 @@ public:
     // The leading integer of a sub-item, as NumberText::valueOf reads it.
     qint64 subItemNumber(int index, int subItem) const;
     Qt::CheckState checkState(int index) const;
+    // A cell as it is kept (column 0 the text), to copy without spelling it.
+    const ListCell& cell(int index, int column) const;
 
     void setText(int index, const QString& text);
     void setSubItem(int index, int subItem, const QString& text);
     void setCheckState(int index, Qt::CheckState state);
+    // The text and every sub-item of a row at once, told to the views once;
+    // sub-items past the given ones are emptied.
+    void setRow(int index, const QString& text, const QStringList& subItems);
 
     void setCheckable(bool checkable) { m_checkable = checkable; }
 
@@ -94,6 +107,23 @@ public:
     void setSortOrder(Qt::SortOrder order) { m_sortOrder = order; }
     // Turning sorting on (again) orders the rows by the sort key column.
     void setSorted(bool sorted);
+
+    // The sort settings together, to be put back as they were.
+    struct SortState
+    {
+        int key = 0;
+        Qt::SortOrder order = Qt::AscendingOrder;
+        bool sorted = false;
+    };
+    SortState sortState() const { return {m_sortKey, m_sortOrder, m_sorted}; }
+    // Sets the settings without reordering a row.
+    void setSortState(const SortState& state);
+    // The order sorting by the current settings gives: row i of it is the
+    // row now at order[i].
+    std::vector<int> sortedOrder() const;
+    // The rows in a new order, row i the one now at order[i]; the selected
+    // row and the views' rows follow their rows.
+    void reorder(const std::vector<int>& order);
 
     // '*' stands for any run of characters; letter case is ignored.
     static bool matchesPattern(QStringView text, QStringView pattern);
@@ -125,8 +155,10 @@ private:
     bool claimKey(const ListCell& key, int index);
     bool keysRise(const std::vector<StoredRow>& rows) const;
     int place(const StoredRow& row);
+    int placeAt(int at, const StoredRow& row);
     int placeAtEnd(const std::vector<StoredRow>& rows);
     int placeWrittenRows(size_t first, qsizetype rowCount, int cellsPerRow);
+    int placeStoredRows(const std::vector<StoredRow>& written);
 
     bool rowLess(const StoredRow& a, const StoredRow& b) const;
     int sortedInsertPosition(const StoredRow& row) const;

@@ -14,4 +14,9 @@ namespace m_IndexList {
 // "None" and "All" is a checklist and comes with every row ticked.
 void FillIndexList(qint64 count, ListViewModel& listView, const QString& prefix, bool withNoneAll);
 
+// Brings a list filled by FillIndexList to count numbered rows by adding or
+// removing rows at its end, so the rows kept keep their ticks; an empty list
+// is filled. One texture more or less costs one row, not a refill.
+void ResizeIndexList(qint64 count, ListViewModel& listView, const QString& prefix, bool withNoneAll);
+
 } // namespace m_IndexList

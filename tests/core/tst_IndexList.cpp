@@ -44,6 +44,42 @@ private slots:
         QCOMPARE(gotKeys, keys);
         QCOMPARE(gotTexts, texts);
     }
+
+    // A resize ends where a fill to the new count would, with the rows kept
+    // keeping their ticks.
+    void resize_data()
+    {
+        QTest::addColumn<qint64>("from");
+        QTest::addColumn<qint64>("to");
+        QTest::addColumn<bool>("withNoneAll");
+        QTest::newRow("one more") << qint64(5) << qint64(6) << true;
+        QTest::newRow("two fewer") << qint64(5) << qint64(3) << true;
+        QTest::newRow("to none") << qint64(2) << qint64(0) << true;
+        QTest::newRow("plain list grows") << qint64(1) << qint64(4) << false;
+        QTest::newRow("empty list filled") << qint64(-1) << qint64(3) << true;
+    }
+
+    void resize()
+    {
+        QFETCH(qint64, from);
+        QFETCH(qint64, to);
+        QFETCH(bool, withNoneAll);
+        ListViewModel view, filled;
+        if (from >= 0)
+            m_IndexList::FillIndexList(from, view, QStringLiteral("T"), withNoneAll);
+        const int untickedRow = withNoneAll ? 2 : 0;
+        if (from > 0)
+            view.setCheckState(untickedRow, Qt::PartiallyChecked); // a mark of the user's
+        m_IndexList::ResizeIndexList(to, view, QStringLiteral("T"), withNoneAll);
+        m_IndexList::FillIndexList(to, filled, QStringLiteral("T"), withNoneAll);
+        QCOMPARE(view.count(), filled.count());
+        for (int i = 0; i < view.count(); ++i) {
+            QCOMPARE(view.key(i), filled.key(i));
+            QCOMPARE(view.text(i), filled.text(i));
+            const bool marked = from > 0 && to > 0 && i == untickedRow;
+            QCOMPARE(view.checkState(i), marked ? Qt::PartiallyChecked : filled.checkState(i));
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_IndexList)

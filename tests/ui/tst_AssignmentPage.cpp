@@ -102,7 +102,7 @@ void tst_AssignmentPage::findUsageWithoutAUsableLevelSaysWhy()
         f.newList(f.dir.filePath("alone.trt"), {}, f.bitmapPath());
     } else {
         f.openList(f.listPath());
-        f.window->state().LevelFileName = f.dir.filePath(level);
+        f.window->state().document().setLevelFileName(f.dir.filePath(level));
     }
     if (level == QLatin1String("cut.tr2"))
         f.dir.write(level, ScratchDir::read(f.levelPath()).chopped(100));
@@ -228,7 +228,7 @@ void tst_AssignmentPage::newListTakesTheLevelsTilesAsItsBitmap()
         const QColor a = tiles.pixelColor(p), b = drawn.pixelColor(p);
         QVERIFY(qAbs(a.red() - b.red()) <= 8 && qAbs(a.green() - b.green()) <= 8 && qAbs(a.blue() - b.blue()) <= 8);
     }
-    QVERIFY(f.window->state().IsListOpen);
+    QVERIFY(f.window->state().document().IsListOpen());
     QCOMPARE(f.find<QLabel>("lblNbTiles")->text(), QStringLiteral("4"));
     QCOMPARE(f.window->state().views.lsvTextures.count(), 30);
 }

@@ -163,7 +163,7 @@ void tst_BitmapSelection::aDragOverALoadedTextureLeavesNoMarkers()
     w.click("cmdEdit");
     QCOMPARE(w.f.window->state().views.lsvTextures.row(5).subItems, before);
     QVERIFY(w.f.window->statusBar()->currentMessage().startsWith(QLatin1String("Nothing was stored")));
-    QVERIFY(!w.f.window->state().IsDirty);
+    QVERIFY(!w.f.window->state().document().isModified());
 }
 
 void tst_BitmapSelection::spriteAddedFromADrag()

@@ -38,8 +38,9 @@ private slots:
     void editSaveAndReopen();
     void saveAsMovesTheListToTheNewName();
     void closeEmptiesEverythingAndSaveWritesNothing();
-    void openingOverAChangedListAsksFirst_data();
-    void openingOverAChangedListAsksFirst();
+    void theSaveQuestionOnEveryWayOut_data();
+    void theSaveQuestionOnEveryWayOut();
+    void aSaveThatFailsKeepsTheListOpen();
     void exitAsksOnlyWhenChanged_data();
     void exitAsksOnlyWhenChanged();
     void insertWritesTemplevelWithProgress();
@@ -71,7 +72,7 @@ void tst_DocumentLife::newListFromLevelWritesTheLevelsTables()
     QCOMPARE(s.lsvObjects.count(), 32);
     QCOMPARE(f.find<QLabel>("lblLevelFile")->text(), QDir::toNativeSeparators(f.levelPath()));
     QCOMPARE(f.find<QLabel>("lblListFile")->text(), QDir::toNativeSeparators(list));
-    QVERIFY(s.IsListOpen && !s.IsDirty);
+    QVERIFY(s.document().IsListOpen() && !s.document().isModified());
     QVERIFY(!f.find<QAction>("mnuFileSaveList")->isEnabled());
     QVERIFY(f.find<QAction>("mnuFileSaveAsList")->isEnabled());
     QCOMPARE(f.prompts.fileRequests[0].title, QStringLiteral("Create New TombRaider List File"));
@@ -109,14 +110,14 @@ void tst_DocumentLife::newStandAloneListTakesTheChosenVersion()
     EditorState& s = f.window->state();
     QCOMPARE(s.views.lsvTextures.count(), 0);
     QCOMPARE(s.lsvObjects.count(), 2);
-    QVERIFY(s.IsBitmapLoaded);
+    QVERIFY(s.document().IsBitmapLoaded());
     QVERIFY(f.window->state().picture()->HasPicture());
     C_ListInfo written;
     QCOMPARE(written.InitForInsert(list), C_ListInfo::Success);
     QCOMPARE(written.Version(), version);
     QCOMPARE(written.LevelFileName(), QString());
     QCOMPARE(written.BitMapName(), f.bitmapPath());
-    QCOMPARE(s.ListVersion, version);
+    QCOMPARE(s.document().ListVersion(), version);
 }
 
 void tst_DocumentLife::newListDialogRefusesMissingFiles()
@@ -134,7 +135,7 @@ void tst_DocumentLife::newListDialogRefusesMissingFiles()
     };
     trigger(f, "mnuFileNewList");
     QVERIFY(!QFile::exists(f.dir.filePath("x.trt")));
-    QVERIFY(!f.window->state().IsListOpen);
+    QVERIFY(!f.window->state().document().IsListOpen());
 }
 
 void tst_DocumentLife::editSaveAndReopen()
@@ -143,11 +144,12 @@ void tst_DocumentLife::editSaveAndReopen()
     f.openList(f.listPath());
     EditorState& s = f.window->state();
     const QByteArray before = ScratchDir::read(f.listPath());
-    s.views.lsvTextures.setSubItem(3, 1, QStringLiteral("2"));
-    s.MarkDirty();
+    QStringList cells = s.views.lsvTextures.row(3).subItems;
+    cells[0] = QStringLiteral("2");
+    QVERIFY(s.document().EditTexture(s.views.lsvTextures.key(3), cells));
     QVERIFY(f.find<QAction>("mnuFileSaveList")->isEnabled());
     trigger(f, "mnuFileSaveList");
-    QVERIFY(!s.IsDirty);
+    QVERIFY(!s.document().isModified());
     QVERIFY(!f.find<QAction>("mnuFileSaveList")->isEnabled());
     const QByteArray after = ScratchDir::read(f.listPath());
     QCOMPARE(after.size(), before.size());
@@ -162,7 +164,7 @@ void tst_DocumentLife::saveAsMovesTheListToTheNewName()
 {
     EditorFixture f;
     f.openList(f.listPath());
-    f.window->state().MarkDirty();
+    QVERIFY(f.window->document().DeleteTexture(QStringLiteral("T4")));
     const QString copy = f.dir.filePath("copy.trt");
     f.prompts.fileNames << copy;
     trigger(f, "mnuFileSaveAsList");
@@ -170,14 +172,16 @@ void tst_DocumentLife::saveAsMovesTheListToTheNewName()
     QVERIFY(request.save);
     QCOMPARE(request.title, QStringLiteral("Save List Information into New TombRaider List File"));
     QCOMPARE(request.flags, 2050);
-    QCOMPARE(ScratchDir::read(copy), ScratchDir::read(f.listPath()));
+    C_ListInfo written;
+    QCOMPARE(written.InitForInsert(copy), C_ListInfo::Success);
+    QCOMPARE(written.NumberObjectTexture(), 29);
     QCOMPARE(f.find<QLabel>("lblListFile")->text(), QDir::toNativeSeparators(copy));
-    QCOMPARE(f.window->state().ListFileName, copy);
-    QVERIFY(!f.window->state().IsDirty);
+    QCOMPARE(f.window->state().document().ListFileName(), copy);
+    QVERIFY(!f.window->state().document().isModified());
 
     // A cancelled dialog keeps the name.
     trigger(f, "mnuFileSaveAsList");
-    QCOMPARE(f.window->state().ListFileName, copy);
+    QCOMPARE(f.window->state().document().ListFileName(), copy);
 }
 
 void tst_DocumentLife::closeEmptiesEverythingAndSaveWritesNothing()
@@ -195,45 +199,92 @@ void tst_DocumentLife::closeEmptiesEverythingAndSaveWritesNothing()
     QVERIFY(f.find<QLabel>("lblListFile")->text().isEmpty());
     QVERIFY(f.find<QLineEdit>("txtNum")->text().isEmpty());
     QVERIFY(f.find<QLabel>("lblAvailSTextures")->text().isEmpty());
-    QVERIFY(s.IsListOpen); // stays set once a list was loaded
+    QVERIFY(!s.document().IsListOpen());
+    QVERIFY(f.find<QLabel>("lblNbTiles")->text() == "0" && f.find<QLabel>("lblHeight")->text() == "0");
 
-    // The menus stay enabled, but no document is left: nothing is written.
-    s.MarkDirty();
-    trigger(f, "mnuFileSaveList");
-    trigger(f, "mnuFileSaveAsList");
+    // No document is left: the list menus are off and write nothing.
+    for (const char* action : {"mnuFileSaveList", "mnuFileSaveAsList", "mnuFileCloseList", "mnuEditUndo"}) {
+        QVERIFY2(!f.find<QAction>(action)->isEnabled(), action);
+        trigger(f, action);
+    }
     QCOMPARE(ScratchDir::read(f.listPath()), before);
-    QVERIFY(f.window->statusBar()->currentMessage().contains("nothing was saved"));
-    QVERIFY(f.prompts.fileRequests.size() == 1);
+    QCOMPARE(f.prompts.fileRequests.size(), 1);
 }
 
-void tst_DocumentLife::openingOverAChangedListAsksFirst_data()
+void tst_DocumentLife::theSaveQuestionOnEveryWayOut_data()
 {
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<bool>("saved");
-    QTest::newRow("OK saves") << int(IPromptService::vbOK) << true;
-    QTest::newRow("Cancel discards") << int(IPromptService::vbCancel) << false;
+    using Answer = IPromptService::SaveAnswer;
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<int>("chosen");
+    for (const char* way : {"open", "new", "close", "exit"}) {
+        QTest::addRow("%s, Save", way) << QString(way) << int(Answer::Save);
+        QTest::addRow("%s, Discard", way) << QString(way) << int(Answer::Discard);
+        QTest::addRow("%s, Cancel", way) << QString(way) << int(Answer::Cancel);
+    }
 }
 
-void tst_DocumentLife::openingOverAChangedListAsksFirst()
+void tst_DocumentLife::theSaveQuestionOnEveryWayOut()
 {
-    QFETCH(int, answer);
-    QFETCH(bool, saved);
+    QFETCH(QString, way);
+    QFETCH(int, chosen);
+    const auto answer = IPromptService::SaveAnswer(chosen);
     EditorFixture f;
     f.openList(f.listPath());
+    f.window->show();
     const QByteArray before = ScratchDir::read(f.listPath());
     EditorState& s = f.window->state();
-    s.views.lsvTextures.removeAt(0);
-    s.MarkDirty();
-    f.prompts.answers << answer;
-    f.openList(f.listPath());
+    QVERIFY(s.document().DeleteTexture(QStringLiteral("T0")));
+    f.prompts.saveAnswers << answer;
+    const QString other = f.dir.filePath("other.trt");
+    if (way == "open")
+        f.openList(f.listPath());
+    else if (way == "new")
+        f.newList(other, f.levelPath(), f.bitmapPath());
+    else
+        trigger(f, way == "close" ? "mnuFileCloseList" : "mnuFileExit");
 
     QCOMPARE(f.prompts.messages.size(), 1);
     QCOMPARE(f.prompts.messages[0].text, QStringLiteral("Do you want to save the changes before closing?"));
     QCOMPARE(f.prompts.messages[0].title, QStringLiteral("Save List Changes?"));
-    QCOMPARE(f.prompts.messages[0].style, 49);
+    const bool saved = answer == IPromptService::SaveAnswer::Save;
+    const bool kept = answer == IPromptService::SaveAnswer::Cancel;
     QCOMPARE(ScratchDir::read(f.listPath()) != before, saved);
-    QCOMPARE(s.views.lsvTextures.count(), saved ? 29 : 30);
-    QVERIFY(!s.IsDirty);
+    QCOMPARE(f.window->isVisible(), way != "exit" || kept);
+    QCOMPARE(QFile::exists(other), way == "new" && !kept);
+    if (kept) {
+        // The list stays as it was, changes and history included.
+        QCOMPARE(s.document().ListFileName(), f.listPath());
+        QCOMPARE(s.views.lsvTextures.count(), 29);
+        QVERIFY(s.document().isModified() && f.find<QAction>("mnuEditUndo")->isEnabled());
+    } else if (way != "exit") {
+        QVERIFY(!s.document().isModified());
+    }
+    // A list already set aside is not asked about again.
+    f.prompts.clearRecords();
+    if (!kept && way != "exit") {
+        trigger(f, "mnuFileCloseList");
+        f.openList(f.listPath());
+        QVERIFY(f.prompts.messages.isEmpty());
+        QCOMPARE(s.views.lsvTextures.count(), saved ? 29 : 30);
+    }
+}
+
+void tst_DocumentLife::aSaveThatFailsKeepsTheListOpen()
+{
+    EditorFixture f;
+    const QString list = f.dir.write("mine.trt", ScratchDir::read(f.listPath()));
+    f.openList(list);
+    QVERIFY(f.window->document().DeleteTexture(QStringLiteral("T3")));
+    // The file's place is taken by a folder: nothing can be written there.
+    QVERIFY(QFile::remove(list) && QDir().mkdir(list));
+    f.prompts.saveAnswers << IPromptService::SaveAnswer::Save;
+    trigger(f, "mnuFileCloseList");
+    QCOMPARE(f.prompts.messages.size(), 2);
+    QCOMPARE(f.prompts.messages[1].style, int(IPromptService::vbCritical));
+    QVERIFY(f.prompts.messages[1].text.contains(QDir::toNativeSeparators(list)));
+    QCOMPARE(f.window->document().ListFileName(), list);
+    QCOMPARE(f.window->state().views.lsvTextures.count(), 29);
+    QVERIFY(f.window->document().isModified());
 }
 
 void tst_DocumentLife::exitAsksOnlyWhenChanged_data()
@@ -249,11 +300,12 @@ void tst_DocumentLife::exitAsksOnlyWhenChanged()
     EditorFixture f;
     f.openList(f.listPath());
     if (dirty)
-        f.window->state().MarkDirty();
-    f.prompts.answers << IPromptService::vbCancel;
+        f.window->document().DeleteTexture(QStringLiteral("T0"));
+    f.prompts.saveAnswers << IPromptService::SaveAnswer::Discard;
     f.window->show();
     trigger(f, "mnuFileExit");
     QVERIFY(!f.window->isVisible());
+    QCOMPARE(f.prompts.saveAnswers.size(), dirty ? 0 : 1);
     QCOMPARE(f.prompts.messages.size(), dirty ? 1 : 0);
 }
 
@@ -338,7 +390,7 @@ void tst_DocumentLife::badFilesGetOneMessageAndChangeNothing()
     QCOMPARE(f.prompts.messages.size(), 1);
     QVERIFY2(f.prompts.messages[0].text.contains(QDir::toNativeSeparators(path)), qPrintable(f.prompts.messages[0].text));
     QVERIFY(!QFile::exists(list));
-    QCOMPARE(f.window->state().ListFileName, f.listPath());
+    QCOMPARE(f.window->state().document().ListFileName(), f.listPath());
     QCOMPARE(f.window->state().views.lsvTextures.count(), 30);
     QVERIFY(f.window->state().picture()->HasPicture());
 }
@@ -378,8 +430,7 @@ void tst_DocumentLife::saveThatCannotWriteSaysWhyAndKeepsTheFile()
     const QString list = f.dir.write("copy.trt", ScratchDir::read(f.listPath()));
     f.openList(list);
     EditorState& s = f.window->state();
-    s.views.lsvTextures.setSubItem(3, 1, QStringLiteral("2"));
-    s.MarkDirty();
+    QVERIFY(f.editTexture(3));
     const QByteArray before = ScratchDir::read(list);
     if (obstacle == "protected")
         QVERIFY(QFile::setPermissions(list, QFile::ReadOwner));
@@ -396,7 +447,7 @@ void tst_DocumentLife::saveThatCannotWriteSaysWhyAndKeepsTheFile()
 
     QCOMPARE(f.prompts.messages.size(), 1);
     QCOMPARE(f.prompts.messages[0].text, list + ": " + cause);
-    QVERIFY(s.IsDirty);
+    QVERIFY(s.document().isModified());
     if (obstacle != "fifo")
         QCOMPARE(ScratchDir::read(list), before);
 }
@@ -408,21 +459,27 @@ void tst_DocumentLife::listWithMissingBitmapAndLevelOpensWithWhatItHas()
     ListViewSet views;
     const QString list = f.dir.filePath("orphan.trt");
     ListFixture::random(4, 1, 2, 3, 1, 11).write(views, list, f.dir.filePath("gone.tr2"), f.dir.filePath("gone.bmp"));
+    f.openList(f.listPath());
     f.openList(list);
     EditorState& s = f.window->state();
     QCOMPARE(s.views.lsvTextures.count(), 4);
     QCOMPARE(f.prompts.messages.size(), 1);
     QVERIFY(f.prompts.messages[0].text.contains("gone.bmp"));
     QVERIFY(f.window->statusBar()->currentMessage().contains("gone.tr2"));
-    QVERIFY(!s.IsBitmapLoaded);
+    QVERIFY(!s.document().IsBitmapLoaded());
     QVERIFY(!f.find<QAction>("mnuBitmapsShowTiles")->isEnabled());
+    // Nothing of the list open before stays on show.
+    for (const char* label : {"lblNbTiles", "lblHeight", "lblWidth"})
+        QCOMPARE(f.find<QLabel>(label)->text(), QStringLiteral("0"));
+    QCOMPARE(f.find<QLineEdit>("txtTextureQty")->text(), QStringLiteral("4"));
+    QCOMPARE(s.lsvObjects.count(), 6);
 
     // A file that cannot be opened at all leaves the open list as it was.
     f.prompts.clearRecords();
     f.openList(f.dir.filePath("nowhere.trt"));
     QCOMPARE(f.prompts.messages.size(), 1);
     QVERIFY(f.prompts.messages[0].text.contains("nowhere.trt"));
-    QCOMPARE(s.ListFileName, list);
+    QCOMPARE(s.document().ListFileName(), list);
     QCOMPARE(s.views.lsvTextures.count(), 4);
 }
 

@@ -268,7 +268,7 @@ void tst_ObjectTexturePage::addThenEditWhatWasAdded()
     QCOMPARE(p.state().lsvObjects.count(), 33);
     QCOMPARE(p.state().lsvObjects.checkState(32), Qt::Checked);
     QCOMPARE(p.state().lsvAvailTextures.count(), 31);
-    QVERIFY(p.state().IsDirty && p.f.find<QAction>("mnuFileSaveList")->isEnabled());
+    QVERIFY(p.state().document().isModified() && p.f.find<QAction>("mnuFileSaveList")->isEnabled());
     QVERIFY(!p.box("txtTileNo")->isEnabled() && p.box("txtX_0")->isReadOnly());
 
     // Edit what was added: the Hi corner moves right.
@@ -394,7 +394,7 @@ void tst_ObjectTexturePage::attributeFollowsTheGame()
     QFETCH(Cells, captions);
     QFETCH(QString, stored);
     Page p;
-    p.state().ListVersion = version;
+    p.state().document().setListVersion(version);
     p.addRectangle(1, 2, 3, 4);
     for (const QString& caption : captions) {
         p.click("cmdAttrib");
@@ -450,7 +450,7 @@ void tst_ObjectTexturePage::deletionKeepsNumbersAndAddTakesAFreeOne()
     QCOMPARE(p.textures().count(), 29);
     QCOMPARE(p.textures().key(4), QStringLiteral("T4"));
     QCOMPARE(p.textures().key(5), QStringLiteral("T6"));
-    QVERIFY(p.state().IsDirty);
+    QVERIFY(p.state().document().isModified());
     QVERIFY(!p.button("cmdDel")->isEnabled());
 
     // 29 rows, but T29 is still there: the new texture takes 30.
@@ -468,10 +468,10 @@ void tst_ObjectTexturePage::deletionKeepsNumbersAndAddTakesAFreeOne()
 
     // Delete without a selected row does nothing.
     p.click("cmdCancel");
-    p.state().SetDirty(false);
+    p.state().document().markSaved();
     p.click("cmdDel");
     QCOMPARE(p.textures().count(), 30);
-    QVERIFY(!p.state().IsDirty);
+    QVERIFY(!p.state().document().isModified());
 }
 
 void tst_ObjectTexturePage::checklistMarkers_data()
@@ -562,7 +562,7 @@ void tst_ObjectTexturePage::editsSurviveSaveAndReopen()
         made << p.cells(row);
 
     p.f.find<QAction>("mnuFileSaveList")->trigger();
-    QVERIFY(!p.state().IsDirty);
+    QVERIFY(!p.state().document().isModified());
     p.f.openList(p.f.listPath());
     QCOMPARE(p.textures().count(), made.size());
     for (int row = 0; row < made.size(); ++row)

@@ -169,7 +169,7 @@ void tst_SpriteTexturePage::validationNamesTheFirstFault()
     QCOMPARE(p.sprites().count(), 29);
     QCOMPARE(p.button("cmdSpriteAdd")->text(), QStringLiteral("Accept"));
     QCOMPARE(p.boxes(), values);
-    QVERIFY(!p.state().IsDirty);
+    QVERIFY(!p.state().document().isModified());
 }
 
 void tst_SpriteTexturePage::spriteStoredInTile3LoadsAgain()
@@ -185,12 +185,12 @@ void tst_SpriteTexturePage::spriteStoredInTile3LoadsAgain()
     QCOMPARE(sprites.text(29), QStringLiteral("29"));
     // Y within the tile; the spans as n x 256 + 255.
     QCOMPARE(sprites.row(29).subItems, (Cells{"3", "10", "32", "8447", "7935", "-8", "-16", "8", "16"}));
-    // The count the key was made from, as the frame has always shown it.
-    QCOMPARE(p.box("txtNum")->text(), QStringLiteral("29"));
+    // The count is the list's, the new sprite included.
+    QCOMPARE(p.box("txtNum")->text(), QStringLiteral("30"));
     QCOMPARE(p.state().lsvSpriteIndex.count(), 32);
     QCOMPARE(p.state().lsvSpriteIndex.checkState(31), Qt::Checked);
     QCOMPARE(p.f.find<QLabel>("lblAvailSTextures")->text(), QStringLiteral("30"));
-    QVERIFY(p.state().IsDirty && p.f.find<QAction>("mnuFileSaveList")->isEnabled());
+    QVERIFY(p.state().document().isModified() && p.f.find<QAction>("mnuFileSaveList")->isEnabled());
     QCOMPARE(p.boxes(), Cells(9));
 
     p.load(29);
@@ -221,7 +221,7 @@ void tst_SpriteTexturePage::editChangesOnlyTheLoadedRow()
     QCOMPARE(p.sprites().count(), 29);
     QCOMPARE(p.button("cmdSpriteEdit")->text(), QStringLiteral("Edit"));
     QVERIFY(!p.button("cmdSpriteEdit")->isEnabled());
-    QVERIFY(p.state().IsDirty);
+    QVERIFY(p.state().document().isModified());
 }
 
 void tst_SpriteTexturePage::deletionAsksFirst_data()
@@ -256,7 +256,7 @@ void tst_SpriteTexturePage::deletionAsksFirst()
     QCOMPARE(p.box("txtNum")->text(), deleted ? QStringLiteral("28") : QStringLiteral("29"));
     QCOMPARE(p.state().lsvSpriteIndex.count(), deleted ? 30 : 31);
     QCOMPARE(p.f.find<QLabel>("lblAvailSTextures")->text(), deleted ? QStringLiteral("28") : QStringLiteral("29"));
-    QCOMPARE(p.state().IsDirty, deleted);
+    QCOMPARE(p.state().document().isModified(), deleted);
 }
 
 void tst_SpriteTexturePage::addAfterDeletionTakesAFreeNumber()

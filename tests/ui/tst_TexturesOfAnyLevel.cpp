@@ -155,7 +155,7 @@ void tst_TexturesOfAnyLevel::statusSaysWhatAndWhy()
         }
     }
     QVERIFY2(p.status().startsWith(said), qPrintable(p.status()));
-    QCOMPARE(p.state().IsDirty, stored);
+    QCOMPARE(p.state().document().isModified(), stored);
     // Refused, the frame stays open to be put right; stored, it closes.
     const bool open = p.button("cmdAdd")->text() == QLatin1String("Accept")
                       || p.button("cmdEdit")->text() == QLatin1String("Accept");

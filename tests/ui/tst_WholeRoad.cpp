@@ -50,7 +50,7 @@ void tst_WholeRoad::buildSaveReopenAndInsert()
     user.addSequence({"27", "28", "201"});
     QVERIFY(f.prompts.messages.isEmpty());
     f.find<QAction>("mnuFileSaveList")->trigger();
-    QVERIFY(!state.IsDirty);
+    QVERIFY(!state.document().isModified());
 
     // The two tables as they must be: the block's word count, range count,
     // and per range its length less one and its textures; the sequence

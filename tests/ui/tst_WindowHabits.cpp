@@ -82,7 +82,7 @@ void tst_WindowHabits::titleNamesTheListAndMarksChanges()
     const QString name = QFileInfo(f.listPath()).fileName();
     QCOMPARE(f.window->windowTitle(), name + QStringLiteral("[*] \u2014 Brindle"));
     QVERIFY(!f.window->isWindowModified());
-    f.window->state().MarkDirty();
+    QVERIFY(f.editTexture());
     QVERIFY(f.window->isWindowModified());
     f.find<QAction>("mnuFileSaveList")->trigger();
     QVERIFY(!f.window->isWindowModified());
@@ -108,7 +108,7 @@ void tst_WindowHabits::menuKeysRunTheirCommands()
     QFETCH(QKeySequence, keys);
     EditorFixture f;
     f.openList(f.listPath());
-    f.window->state().MarkDirty();
+    QVERIFY(f.editTexture());
     f.window->show();
     QVERIFY(QTest::qWaitForWindowActive(f.window.get()));
     QAction* item = f.window->findChild<QAction*>(action);
@@ -209,7 +209,7 @@ void tst_WindowHabits::aRecentListThatIsGoneIsRemoved()
     QCOMPARE(f.window->settings().RecentLists(), QStringList{f.listPath()});
     QCOMPARE(recent.actions().size(), 1);
     // The list that was open stays open.
-    QCOMPARE(f.window->state().ListFileName, f.listPath());
+    QCOMPARE(f.window->document().ListFileName(), f.listPath());
 }
 
 void tst_WindowHabits::dialogsStartWhereTheyWereLastUsed()
@@ -327,8 +327,8 @@ void tst_WindowHabits::droppedFilesOpenOrStartANewList()
     }
     QDropEvent drop(QPointF(200, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(f.window.get(), &drop);
-    QTRY_VERIFY(!f.window->state().ListFileName.isEmpty() || !seenLevel.isEmpty());
-    QCOMPARE(QFileInfo(f.window->state().ListFileName).fileName(), opened);
+    QTRY_VERIFY(!f.window->document().ListFileName().isEmpty() || !seenLevel.isEmpty());
+    QCOMPARE(QFileInfo(f.window->document().ListFileName()).fileName(), opened);
     QCOMPARE(QFileInfo(seenLevel).fileName(), levelBox);
 }
 

@@ -122,8 +122,8 @@ void tst_frmMain::openFillsViewsIndexListsAndCounters()
     QCOMPARE(f.find<QLabel>("lblAnimTotal")->text(), QString::number(s.views.lsvAnims.count()));
     QCOMPARE(f.find<QLineEdit>("txtNum")->text(), QString::number(s.views.lsvSprites.count()));
     QCOMPARE(f.find<QLabel>("lblAvailSTextures")->text(), QString::number(s.views.lsvSprites.count()));
-    QVERIFY(s.IsListOpen && s.IsBitmapLoaded && !s.IsDirty);
-    QCOMPARE(s.ListVersion, 0x2Du);
+    QVERIFY(s.document().IsListOpen() && s.document().IsBitmapLoaded() && !s.document().isModified());
+    QCOMPARE(s.document().ListVersion(), 0x2Du);
     QVERIFY(f.find<QAction>("mnuFileCloseList")->isEnabled());
     QVERIFY(!f.find<QAction>("mnuFileSaveList")->isEnabled());
     QVERIFY(f.find<QScrollBar>("hscrlZoom")->isEnabled());

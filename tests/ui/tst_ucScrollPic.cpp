@@ -208,7 +208,7 @@ void tst_ucScrollPic::numberOfTilesRoundsHalvesToEven()
     f.newList(f.dir.filePath("n.trt"), {}, path);
     QCOMPARE(f.find<QLabel>("lblNbTiles")->text(), tiles);
     QCOMPARE(f.find<QLabel>("lblHeight")->text(), QString::number(height));
-    QCOMPARE(f.window->state().NumberOfTiles, tiles.toInt());
+    QCOMPARE(f.window->state().document().NumberOfTiles(), tiles.toInt());
 }
 
 void tst_ucScrollPic::showTilesDrawsOneLinePerBorder_data()

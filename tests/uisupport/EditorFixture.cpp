@@ -1,5 +1,7 @@
 #include "uisupport/EditorFixture.h"
 
+#include "list/ListDocument.h"
+
 #include "demo/DemoLevel.h"
 #include "ui/main/frmMain.h"
 
@@ -17,8 +19,8 @@ EditorFixture::EditorFixture()
 
 EditorFixture::~EditorFixture()
 {
-    // Closing asks to save only when there are changes; answer No-save.
-    prompts.answers = {IPromptService::vbCancel};
+    // Closing asks to save only when there are changes; answer Discard.
+    prompts.saveAnswers = {IPromptService::SaveAnswer::Discard};
     window.reset();
 }
 
@@ -81,4 +83,14 @@ QString EditorFixture::writeBitmap(const QString& name, int tiles, int height) c
 void EditorFixture::click(QDialog& form, const char* button)
 {
     form.findChild<QAbstractButton*>(QString::fromLatin1(button))->click();
+}
+
+bool EditorFixture::editTexture(int row)
+{
+    ListDocument& document = window->document();
+    ListViewModel::Row edited = document.views().lsvTextures.row(row);
+    if (edited.subItems.isEmpty())
+        return false;
+    edited.subItems[0] = QString::number(edited.subItems[0].toInt() + 1);
+    return document.EditTexture(edited.key, edited.subItems);
 }

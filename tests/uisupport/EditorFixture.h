@@ -34,6 +34,9 @@ public:
     void scriptNewList(const QString& list, const QString& level, const QString& bitmap);
     // File, New List with those answers; a stand-alone list is made for TR 2.
     void newList(const QString& list, const QString& level, const QString& bitmap);
+    // One edit of the open list through its document, as a page makes it:
+    // the texture row's tile goes up by one. False when it was refused.
+    bool editTexture(int row = 0);
     // A bitmap of tiles x 256 pixels high, 256 wide, each tile its own grey.
     QString writeBitmap(const QString& name, int tiles, int height = -1) const;
 

@@ -28,6 +28,12 @@ int ScriptedPrompts::MsgBox(const QString& text, int style, const QString& title
     return answers.isEmpty() ? vbOK : answers.takeFirst();
 }
 
+IPromptService::SaveAnswer ScriptedPrompts::AskToSave(const QString& text, const QString& title)
+{
+    messages.append({text, saveQuestionStyle, title});
+    return saveAnswers.isEmpty() ? SaveAnswer::Discard : saveAnswers.takeFirst();
+}
+
 QString ScriptedPrompts::GetFileName(const FileRequest& request)
 {
     fileRequests.append(request);

@@ -10,7 +10,8 @@
 
 // Prompts answered from queues and recorded, so a test drives the window's
 // dialogs without ever showing one. An empty queue answers OK, a cancelled
-// file dialog, a cancelled colour dialog, and a form left as it opened.
+// file dialog, a cancelled colour dialog, a form left as it opened, and
+// Discard to the save question.
 class ScriptedPrompts : public IPromptService
 {
 public:
@@ -23,6 +24,8 @@ public:
     using FormScript = std::function<void(QDialog&)>;
 
     int MsgBox(const QString& text, int style, const QString& title) override;
+    // Recorded among the messages with the style saveQuestionStyle.
+    SaveAnswer AskToSave(const QString& text, const QString& title) override;
     QString GetFileName(const FileRequest& request) override;
     std::optional<QColor> ChooseColor(const QColor& initial) override;
     void Beep() override;
@@ -30,6 +33,7 @@ public:
 
     // What to answer next.
     QList<int> answers;
+    QList<SaveAnswer> saveAnswers;
     QStringList fileNames;
     QList<std::optional<QColor>> colors;
     // Each shown form is handed to the next script, which fills it in and
@@ -41,6 +45,8 @@ public:
     QList<FileRequest> fileRequests;
     QStringList formsShown;
     int beeps = 0;
+
+    static constexpr int saveQuestionStyle = vbYesNoCancel | vbExclamation;
 
     QStringList messageTexts() const;
     void clearRecords();

@@ -80,6 +80,16 @@ void AnimationPage::ConnectControls()
     connect(ui.lsvAnims, &ListView::ItemClick, this, &AnimationPage::lsvAnims_ItemClick);
     connect(ui.lsvAvailTextures, &ListView::ItemClick, this, &AnimationPage::lsvAvailTextures_ItemClick);
     connect(ui.lsvNextAnim, &ListView::ItemClick, this, &AnimationPage::lsvNextAnim_ItemClick);
+    // The total always tells how many ranges the list holds.
+    ListViewModel& anims = m_state.views.lsvAnims;
+    connect(&anims, &QAbstractItemModel::rowsInserted, this, &AnimationPage::ShowAnimTotal);
+    connect(&anims, &QAbstractItemModel::rowsRemoved, this, &AnimationPage::ShowAnimTotal);
+}
+
+void AnimationPage::ShowAnimTotal()
+{
+    if (m_state.document().IsListOpen())
+        SetAnimTotal(NumberText::of(m_state.views.lsvAnims.count()));
 }
 
 // --- Hooks of the main window ---
@@ -113,6 +123,18 @@ void AnimationPage::ResetEditor()
 void AnimationPage::ListLoaded()
 {
     EnableOrderButtons(false);
+}
+
+void AnimationPage::DocumentRewound()
+{
+    m_player->Stop();
+    m_lsvOneAnim.clear();
+    m_ui->chkTriad->setChecked(false);
+    m_ui->cmdAnim->setEnabled(false);
+    ResetAnimationEdit();
+    EnableAnimationEdit(false);
+    EnableOrderButtons(false);
+    ShowAnimTotal();
 }
 
 void AnimationPage::BitmapLoaded(const QString& fileName)
@@ -187,9 +209,8 @@ void AnimationPage::cmdAddAnim_Click()
     }
     if (!HasEnoughTextures())
         return;
-    const QString number = CurrentAnimationNumber();
-    AppendAnimationRow(number);
-    AppendAnimationDetails(number);
+    if (!m_state.document().AddAnimation(CurrentAnimationNumber(), PlannedTextures()))
+        m_state.ShowStatus(tr("Nothing was added: the animation number %1 is taken.").arg(CurrentAnimationNumber()));
     FinishAnimationEdit(*m_ui->cmdAddAnim, QStringLiteral("Add"));
 }
 
@@ -202,10 +223,7 @@ void AnimationPage::cmdEditAnim_Click()
     }
     if (!HasEnoughTextures())
         return;
-    const QString number = CurrentAnimationNumber();
-    RefreshSingleAnimationRow(number);
-    RemoveAnimationDetails(number);
-    AppendAnimationDetails(number);
+    m_state.document().EditAnimation(CurrentAnimationNumber(), PlannedTextures());
     m_lsvOneAnim.clear();
     FinishAnimationEdit(*m_ui->cmdEditAnim, QStringLiteral("Edit"));
 }
@@ -214,22 +232,12 @@ void AnimationPage::cmdDelAnim_Click()
 {
     if (m_ui->lblNextAnim->text().isEmpty())
         return;
-    const QString number = CurrentAnimationNumber();
-    ListViewModel& anims = m_state.views.lsvAnims;
-    // From the last row up, the first match goes: with animations past 99,
-    // the number 10 may name the row of animation 109 instead.
-    const QList<int> matching = anims.rowsWithTextLike(Wildcard(number));
-    if (!matching.isEmpty())
-        anims.removeAt(matching.last());
-    RemoveAnimationDetails(number);
+    m_state.document().DeleteAnimation(CurrentAnimationNumber());
     m_ui->cmdEditAnim->setText(QStringLiteral("Edit"));
     m_ui->cmdAddAnim->setText(QStringLiteral("Add"));
     m_lsvNextAnim.clear();
     m_lsvOneAnim.clear();
     EnableAnimationEdit(false);
-    // The rest keep their numbers and the total stays as it was until the
-    // next Add or Edit: numbering gaps are allowed.
-    m_state.MarkDirty();
 }
 
 void AnimationPage::cmdCancelAnim_Click()
@@ -260,44 +268,12 @@ bool AnimationPage::HasEnoughTextures()
     return false;
 }
 
-void AnimationPage::AppendAnimationRow(const QString& number)
+QStringList AnimationPage::PlannedTextures() const
 {
-    m_state.views.lsvAnims.addRow(QLatin1Char('A') + number, number,
-                                  {NumberText::of(m_lsvNextAnim.count()), m_lsvNextAnim.text(0)});
-}
-
-void AnimationPage::AppendAnimationDetails(const QString& number)
-{
-    ListViewModel& details = m_state.views.lsvAnimDetails;
-    for (int place = 0; place < m_lsvNextAnim.count(); ++place) {
-        const QString key = QLatin1Char('A') + number + NumberText::of(place);
-        const QString text = number + QLatin1Char('-') + NumberText::of(place);
-        // Past animation 99 a detail key can repeat another animation's
-        // (A10 + 12 and A101 + 2); the row is then kept without a key, so
-        // the animation still writes all its textures.
-        const QString freeKey = details.findKey(key) >= 0 ? QString() : key;
-        details.addRow(freeKey, text, {m_lsvNextAnim.text(place)});
-    }
-}
-
-void AnimationPage::RemoveAnimationDetails(const QString& number)
-{
-    ListViewModel& details = m_state.views.lsvAnimDetails;
-    const QList<int> matching = details.rowsWithTextLike(Wildcard(number));
-    for (auto row = matching.crbegin(); row != matching.crend(); ++row)
-        details.removeAt(*row);
-}
-
-void AnimationPage::RefreshSingleAnimationRow(const QString& number)
-{
-    // The summary row is brought up to date only while the list holds one
-    // animation; with more, its "Number" and "First" keep their old values
-    // although its detail rows are replaced.
-    ListViewModel& anims = m_state.views.lsvAnims;
-    if (anims.count() != 1 || !ListViewModel::matchesPattern(anims.text(0), Wildcard(number)))
-        return;
-    anims.setSubItem(0, NumberColumn, NumberText::of(m_lsvNextAnim.count()));
-    anims.setSubItem(0, FirstColumn, m_lsvNextAnim.text(0));
+    QStringList textures;
+    for (int place = 0; place < m_lsvNextAnim.count(); ++place)
+        textures << m_lsvNextAnim.text(place);
+    return textures;
 }
 
 void AnimationPage::FinishAnimationEdit(QPushButton& button, const QString& caption)
@@ -308,7 +284,6 @@ void AnimationPage::FinishAnimationEdit(QPushButton& button, const QString& capt
     EnableAnimationEdit(false);
     button.setText(caption);
     EnableOrderButtons(false);
-    m_state.MarkDirty();
 }
 
 // --- Building the animation ---
@@ -320,7 +295,6 @@ void AnimationPage::cmdAddText_Click()
     if (texture.isEmpty())
         return;
     AppendNextAnimRow(texture);
-    m_state.MarkDirty();
     EnableOrderButtons(false);
 }
 
@@ -336,7 +310,6 @@ void AnimationPage::cmdDelText_Click()
         return;
     m_lsvNextAnim.removeAt(chosen);
     RenumberNextAnim();
-    m_state.MarkDirty();
     EnableOrderButtons(false);
 }
 
@@ -368,7 +341,6 @@ void AnimationPage::MoveChosenTexture(int step)
         m_lsvNextAnim.setSubItem(other, OrderColumn, OrderText(chosen + 1));
         m_lsvNextAnim.setSortKey(OrderColumn);
         m_lsvNextAnim.setSorted(true);
-        m_state.MarkDirty();
     }
     // Every move needs a new choice of row before the next one.
     EnableOrderButtons(false);

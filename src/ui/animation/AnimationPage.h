@@ -37,6 +37,7 @@ public:
     void ListLoaded() override;
     void BitmapLoaded(const QString& fileName) override;
     void BitmapRemoved() override;
+    void DocumentRewound() override;
 
     // Enables the lists and buttons that build an animation; the two lists
     // take the window colour while enabled and the button face otherwise.
@@ -81,10 +82,10 @@ private:
     int NextFreeAnimationNumber() const;
     // Warns when lsvNextAnim holds fewer than two textures.
     bool HasEnoughTextures();
-    void AppendAnimationRow(const QString& number);
-    void AppendAnimationDetails(const QString& number);
-    void RemoveAnimationDetails(const QString& number);
-    void RefreshSingleAnimationRow(const QString& number);
+    // The textures of lsvNextAnim in their order: the range to build.
+    QStringList PlannedTextures() const;
+    // lblAnimTotal follows the ranges while a list is open.
+    void ShowAnimTotal();
     void FinishAnimationEdit(QPushButton& button, const QString& caption);
     void AppendNextAnimRow(const QString& texture);
     void RenumberNextAnim();

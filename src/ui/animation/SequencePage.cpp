@@ -99,6 +99,14 @@ void SequencePage::ListLoaded()
     ShowAvailableSprites();
 }
 
+void SequencePage::DocumentRewound()
+{
+    m_player->Stop();
+    m_lsvOneSequence.clear();
+    m_ui->cmdSequnce->setEnabled(false);
+    CancelSequenceEdition();
+}
+
 void SequencePage::ListClosed()
 {
     CancelSequenceEdition();
@@ -139,7 +147,7 @@ ucAnimTexture* SequencePage::Preview() const
 
 void SequencePage::SetSequenceButtons(bool enable)
 {
-    m_ui->cmdSeqAdd->setEnabled(m_state.IsListOpen);
+    m_ui->cmdSeqAdd->setEnabled(m_state.document().IsListOpen());
     m_ui->cmdSeqAdd->setText(QStringLiteral("Add"));
     m_ui->cmdSeqEdit->setText(QStringLiteral("Edit"));
     m_ui->cmdSeqEdit->setEnabled(enable);
@@ -179,7 +187,7 @@ void SequencePage::cmdSeqAdd_Click()
         AcceptSequence(true);
         return;
     }
-    if (!m_state.IsListOpen)
+    if (!m_state.document().IsListOpen())
         return;
     ClearSequenceBoxes();
     EnableSequenceBoxes(true);
@@ -205,7 +213,6 @@ void SequencePage::AcceptSequence(bool isNew)
     (isNew ? m_ui->cmdSeqAdd : m_ui->cmdSeqEdit)->setText(isNew ? QStringLiteral("Add") : QStringLiteral("Edit"));
     EnableSequenceBoxes(false);
     ResetSequenceEdit();
-    m_state.MarkDirty();
 }
 
 void SequencePage::cmdSeqCancel_Click()
@@ -228,11 +235,10 @@ void SequencePage::cmdSeqDelete_Click()
         if (!isLast && !ConfirmMiddleDeletion())
             return;
         // The others keep their texts, keys and numbers.
-        sequences.removeAt(row);
+        m_state.document().DeleteSequence(key);
     }
     m_lsvOneSequence.clear();
     ResetSequenceEdit();
-    m_state.MarkDirty();
 }
 
 bool SequencePage::ConfirmMiddleDeletion()
@@ -301,21 +307,19 @@ QLineEdit* SequencePage::BoxOf(SequenceCheck::Box box) const
 
 void SequencePage::StoreSequence(bool isNew)
 {
-    ListViewModel& sequences = m_state.views.lsvSequences;
     const qint64 first = SequenceCheck::WholeNumber(m_ui->txtSeqStart->text()).value_or(0);
     const qint64 last = SequenceCheck::WholeNumber(m_ui->txtSeqStop->text()).value_or(0);
-    int row = -1;
+    QStringList subItems(ObjectColumn);
+    subItems[NumberColumn - 1] = NumberText::of(last - first + 1);
+    subItems[FirstColumn - 1] = NumberText::of(first);
+    subItems[ObjectColumn - 1] = m_ui->txtSeqObject->text();
+    ListDocument& document = m_state.document();
     if (isNew) {
         const QString text = NextFreeSequenceText();
-        row = sequences.addRow(QLatin1Char('S') + text, text);
+        document.AddSequence({QLatin1Char('S') + text, text, subItems, Qt::Unchecked});
     } else {
-        row = sequences.findKey(m_ui->lblSeqKey->text());
+        document.EditSequence(m_ui->lblSeqKey->text(), subItems);
     }
-    if (row < 0)
-        return;
-    sequences.setSubItem(row, NumberColumn, NumberText::of(last - first + 1));
-    sequences.setSubItem(row, FirstColumn, NumberText::of(first));
-    sequences.setSubItem(row, ObjectColumn, m_ui->txtSeqObject->text());
 }
 
 QString SequencePage::NextFreeSequenceText() const

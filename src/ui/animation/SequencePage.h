@@ -31,6 +31,7 @@ public:
     void ClearPage() override;
     void ListLoaded() override;
     void ListClosed() override;
+    void DocumentRewound() override;
     void BitmapLoaded(const QString& fileName) override;
     void BitmapRemoved() override;
 

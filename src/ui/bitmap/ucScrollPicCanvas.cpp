@@ -15,6 +15,25 @@ ucScrollPicCanvas::ucScrollPicCanvas(QWidget* parent)
     small.setPointSize(8);
     setFont(small);
     m_textAscent = fontMetrics().ascent();
+    m_textHeight = fontMetrics().height();
+    m_advances.fill(-1);
+}
+
+QSize ucScrollPicCanvas::textSize(const QString& text) const
+{
+    int width = 0;
+    for (const QChar c : text) {
+        const ushort code = c.unicode();
+        if (code >= m_advances.size()) {
+            width += fontMetrics().horizontalAdvance(c);
+            continue;
+        }
+        int& advance = m_advances[code];
+        if (advance < 0)
+            advance = fontMetrics().horizontalAdvance(c);
+        width += advance;
+    }
+    return {width, m_textHeight};
 }
 
 void ucScrollPicCanvas::setOffset(QPoint offset)
@@ -33,7 +52,7 @@ void ucScrollPicCanvas::addShape(Shape shape)
         shape.bounds = Spanning(shape.p1, shape.p2).adjusted(-1, -1, 1, 1);
         break;
     case Shape::Text:
-        shape.bounds = QRect(shape.p1, fontMetrics().boundingRect(shape.text).size()).adjusted(-2, -2, 2, 2);
+        shape.bounds = QRect(shape.p1, textSize(shape.text)).adjusted(-2, -2, 2, 2);
         break;
     }
     const QRect visible(m_offset, size());

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <array>
 #include <vector>
 
 // The viewport of the bitmap view: paints the visible part of the bitmap,
@@ -114,5 +115,11 @@ private:
     // Labels are numbers that repeat at every redraw: each is laid out once.
     const QImage& labelImage(const QString& text, const QColor& color) const;
     mutable QHash<QString, QImage> m_labels;
+    // A label's size from the advances of its characters, each measured
+    // once: laying out tens of thousands of labels one by one costs more
+    // than drawing them.
+    QSize textSize(const QString& text) const;
+    mutable std::array<int, 128> m_advances;
     int m_textAscent = 0;
+    int m_textHeight = 0;
 };

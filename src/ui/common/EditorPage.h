@@ -25,6 +25,9 @@ public:
     // The bitmap the previews show was loaded or removed.
     virtual void BitmapLoaded(const QString& fileName) { Q_UNUSED(fileName); }
     virtual void BitmapRemoved() {}
+    // An undo or redo changed the list under the page: whatever it was
+    // entering or showing of the rows before is dropped.
+    virtual void DocumentRewound() { ListLoaded(); }
 
 protected:
     EditorState& m_state;

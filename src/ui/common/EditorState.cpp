@@ -6,6 +6,10 @@
 #include "list/m_IndexList.h"
 #include "ui/bitmap/ucScrollPic.h"
 
+#include <QUndoStack>
+
+#include <array>
+
 namespace {
 
 QStringList DrawListColumns()
@@ -16,28 +20,28 @@ QStringList DrawListColumns()
 
 } // namespace
 
-EditorState::EditorState(IPromptService& prompts, QObject* parent)
+EditorState::EditorState(IPromptService& prompts, ListDocument& document, QObject* parent)
     : QObject(parent)
+    , views(document.views())
     , lsvObjects({QStringLiteral("Texture")})
     , lsvAvailTextures({QString()})
     , lsvSpriteIndex({QStringLiteral("Sprite")})
     , lsvDrawList(DrawListColumns())
     , lsvSpriteDrawLisr(DrawListColumns())
+    , m_document(&document)
     , m_prompts(&prompts)
 {
     lsvObjects.setCheckable(true);
     lsvSpriteIndex.setCheckable(true);
-}
-
-void EditorState::MarkDirty()
-{
-    SetDirty(true);
-}
-
-void EditorState::SetDirty(bool dirty)
-{
-    IsDirty = dirty;
-    emit dirtyChanged(dirty);
+    connect(&document, &ListDocument::modifiedChanged, this, &EditorState::dirtyChanged);
+    connect(document.undoStack(), &QUndoStack::indexChanged, this, &EditorState::RedrawChangedOutlines);
+    for (const auto& [model, follow] : {std::pair{&views.lsvTextures, &EditorState::FollowTextureCount},
+                                        std::pair{&views.lsvSprites, &EditorState::FollowSpriteCount}}) {
+        connect(model, &QAbstractItemModel::rowsInserted, this, follow);
+        connect(model, &QAbstractItemModel::rowsRemoved, this, follow);
+    }
+    connect(&lsvDrawList, &QAbstractItemModel::modelReset, this, [this] { m_drawnTextureKeys.clear(); });
+    connect(&lsvSpriteDrawLisr, &QAbstractItemModel::modelReset, this, [this] { m_drawnSpriteKeys.clear(); });
 }
 
 void EditorState::RedrawOutlines()
@@ -57,29 +61,40 @@ namespace {
 // A draw row holds its sides, then the corners it is drawn from, zoomed
 // here: two opposite corners of a rectangle ("4"), the three of a triangle
 // ("3"). Any other row has none.
-QList<QPoint> OutlineCorners(const ListViewModel& drawList, int row, int zoom)
+struct OutlinePoints
 {
-    const QString sides = drawList.subItem(row, 1);
-    const int corners = sides == QLatin1String("4") ? 2 : sides == QLatin1String("3") ? 3 : 0;
-    QList<QPoint> points;
-    for (int corner = 0; corner < corners; ++corner)
-        points << QPoint(drawList.subItem(row, 2 + 2 * corner).toInt(), drawList.subItem(row, 3 + 2 * corner).toInt())
-                      * zoom;
-    return points;
+    std::array<QPoint, 3> points;
+    int count = 0;
+    auto begin() const { return points.begin(); }
+    auto end() const { return points.begin() + count; }
+};
+
+OutlinePoints OutlineCorners(const ListViewModel& drawList, int row, int zoom)
+{
+    const qint64 sides = drawList.subItemNumber(row, 1);
+    OutlinePoints corners;
+    corners.count = sides == 4 ? 2 : sides == 3 ? 3 : 0;
+    for (int corner = 0; corner < corners.count; ++corner)
+        corners.points[size_t(corner)] = QPoint(int(drawList.subItemNumber(row, 2 + 2 * corner)),
+                                                int(drawList.subItemNumber(row, 3 + 2 * corner)))
+                                       * zoom;
+    return corners;
 }
 
 } // namespace
 
 void EditorState::DrawOutlineRow(const ListViewModel& drawList, int row, int zoom)
 {
-    const QList<QPoint> corners = OutlineCorners(drawList, row, zoom);
+    const OutlinePoints corners = OutlineCorners(drawList, row, zoom);
+    if (corners.count < 2)
+        return;
     const QString number = drawList.text(row);
-    if (corners.size() == 2) {
-        const QPoint a = corners[0], b = corners[1];
+    const QPoint a = corners.points[0], b = corners.points[1];
+    if (corners.count == 2) {
         m_picture->DrawContour(a.x(), a.y(), b.x(), b.y(), OutlineColor);
         m_picture->PutText((a.x() + b.x()) / 2, (a.y() + b.y()) / 2, number, OutlineColor);
-    } else if (corners.size() == 3) {
-        const QPoint a = corners[0], b = corners[1], c = corners[2];
+    } else {
+        const QPoint c = corners.points[2];
         m_picture->DrawLine(a.x(), a.y(), b.x(), b.y(), OutlineColor);
         m_picture->DrawLine(b.x(), b.y(), c.x(), c.y(), OutlineColor);
         m_picture->DrawLine(c.x(), c.y(), a.x(), a.y(), OutlineColor);
@@ -130,16 +145,26 @@ void EditorState::ShowFirstOutline()
 namespace {
 
 // Draw lists hold a row's number, then what its reader gives to outline.
+// Tens of thousands of rows go in as cells, with no row made of strings.
 template <typename RowReader>
 void AppendOutlines(const ListViewModel& source, const QStringList& keys, ListViewModel& drawList)
 {
-    std::vector<ListViewModel::Row> rows;
+    std::vector<ListCell> cells;
+    std::vector<int> sizes;
+    cells.reserve(size_t(keys.size()) * 7);
+    sizes.reserve(size_t(keys.size()));
     for (const QString& key : keys) {
         const int row = source.findKey(key);
-        if (row >= 0)
-            rows.push_back({QString(), source.text(row), RowReader::Read(source, row).DrawColumns(), Qt::Unchecked});
+        if (row < 0)
+            continue;
+        const QStringList columns = RowReader::Read(source, row).DrawColumns();
+        cells.emplace_back(); // no key
+        cells.push_back(source.cell(row, 0));
+        for (const QString& column : columns)
+            cells.emplace_back(column);
+        sizes.push_back(2 + int(columns.size()));
     }
-    drawList.appendRows(std::move(rows));
+    drawList.appendCellRows(std::move(cells), sizes);
 }
 
 } // namespace
@@ -147,16 +172,53 @@ void AppendOutlines(const ListViewModel& source, const QStringList& keys, ListVi
 void EditorState::AppendTextureOutlines(const QStringList& keys)
 {
     AppendOutlines<ObjectTextureRow>(views.lsvTextures, keys, lsvDrawList);
+    // A first list of keys is shared, not copied key by key.
+    if (m_drawnTextureKeys.isEmpty())
+        m_drawnTextureKeys = keys;
+    else
+        m_drawnTextureKeys += keys;
 }
 
 void EditorState::AppendSpriteOutlines(const QStringList& keys)
 {
     AppendOutlines<SpriteTextureRow>(views.lsvSprites, keys, lsvSpriteDrawLisr);
+    if (m_drawnSpriteKeys.isEmpty())
+        m_drawnSpriteKeys = keys;
+    else
+        m_drawnSpriteKeys += keys;
+}
+
+void EditorState::RedrawChangedOutlines()
+{
+    if (m_drawnTextureKeys.isEmpty() && m_drawnSpriteKeys.isEmpty())
+        return;
+    const QStringList textureKeys = m_drawnTextureKeys;
+    const QStringList spriteKeys = m_drawnSpriteKeys;
+    lsvDrawList.clear();
+    lsvSpriteDrawLisr.clear();
+    AppendTextureOutlines(textureKeys);
+    AppendSpriteOutlines(spriteKeys);
+    RedrawOutlines();
 }
 
 void EditorState::ShowStatus(const QString& message)
 {
     emit statusMessage(message);
+}
+
+void EditorState::FollowTextureCount()
+{
+    if (lsvObjects.count() == 0)
+        return; // no list shown yet: the load fills them
+    m_IndexList::ResizeIndexList(views.lsvTextures.count(), lsvObjects, QStringLiteral("T"), true);
+    m_IndexList::ResizeIndexList(lsvObjects.count() - 2, lsvAvailTextures, QStringLiteral("A"), false);
+}
+
+void EditorState::FollowSpriteCount()
+{
+    if (lsvSpriteIndex.count() == 0)
+        return;
+    m_IndexList::ResizeIndexList(views.lsvSprites.count(), lsvSpriteIndex, QStringLiteral("S"), true);
 }
 
 void EditorState::FillTextureIndexLists()

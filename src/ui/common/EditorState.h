@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/ListViewModel.h"
-#include "list/ListViewSet.h"
+#include "list/ListDocument.h"
 
 #include <QColor>
 #include <QObject>
@@ -10,20 +10,23 @@
 class IPromptService;
 class ucScrollPic;
 
-// What the main window and its pages share: the open list's document fields,
-// its list views (the working copy), the index and draw lists, the outline
-// colour, the bitmap view, the prompts and the previews' frame counter.
-// frmMain owns it and hands it to every page; a page reaches another page's
-// behaviour only through this state and its signals.
+// What the main window and its pages share: the open list's document (its
+// views, files and undo stack), the index and draw lists, the outline colour,
+// the bitmap view, the prompts and the previews' frame counter. frmMain owns
+// it and hands it to every page; a page reaches another page's behaviour only
+// through this state and its signals, and changes the list only through the
+// document.
 class EditorState : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit EditorState(IPromptService& prompts, QObject* parent = nullptr);
+    EditorState(IPromptService& prompts, ListDocument& document, QObject* parent = nullptr);
 
-    // The six content lists, filled and written by the list document.
-    ListViewSet views;
+    ListDocument& document() const { return *m_document; }
+    // The document's six content lists, to read and to choose rows in; their
+    // rows change only through the document's edits.
+    ListViewSet& views;
     // Index lists: the object texture checklist, the textures an animation
     // can take, and the sprite checklist.
     ListViewModel lsvObjects;
@@ -39,28 +42,12 @@ public:
     ucScrollPic* picture() const { return m_picture; }
     void setPicture(ucScrollPic* picture) { m_picture = picture; }
 
-    // Document fields of the open list.
-    QString ListFileName;
-    QString LevelFileName;
-    QString BitmapFileName;
-    quint32 ListVersion = 45;
-    bool IsListOpen = false;
-    bool IsBitmapLoaded = false;
-    bool IsDirty = false;
-    bool IsDataFromLevel = false;
-    int NumberOfTiles = 0;
-
     // The one colour every outline is drawn in, set by either colour button.
     QColor OutlineColor = QColor(255, 255, 0);
 
     // The frame counter and frame count both previews step through.
     int PreviewFrame = 0;
     int PreviewFrameCount = 0;
-
-    // An edit was made: the list needs saving.
-    void MarkDirty();
-    // Sets IsDirty and tells the window to bring Save List up to date.
-    void SetDirty(bool dirty);
 
     // Reloads the bitmap with its tile grid, then draws every row of the
     // object and the sprite draw lists.
@@ -74,7 +61,9 @@ public:
     void ShowFirstOutline();
     bool IsAnyOutlineInView() const;
     // Adds the texture (sprite) rows named by keys to lsvDrawList
-    // (lsvSpriteDrawLisr); a key that names no row adds nothing.
+    // (lsvSpriteDrawLisr); a key that names no row adds nothing. The keys
+    // are kept while the draw list lasts, so an undo or redo of an edit
+    // redraws the outlines from the rows as they then are.
     void AppendTextureOutlines(const QStringList& keys);
     void AppendSpriteOutlines(const QStringList& keys);
 
@@ -82,7 +71,8 @@ public:
     void ShowStatus(const QString& message);
 
     // The object texture checklist and the textures an animation can take,
-    // filled anew for the rows of lsvTextures.
+    // filled anew for the rows of lsvTextures. Between fills they follow the
+    // number of rows a row at a time, keeping their ticks.
     void FillTextureIndexLists();
     // The sprite checklist filled anew for the rows of lsvSprites.
     void FillSpriteIndexList();
@@ -98,6 +88,7 @@ public:
     void DrawCheckedSprites();
 
 signals:
+    // The document came to differ from its file, or to match it again.
     void dirtyChanged(bool dirty);
     void reloadPictureRequested();
     void statusMessage(const QString& message);
@@ -105,6 +96,14 @@ signals:
     void drawSpritesRequested();
 
 private:
+    void FollowTextureCount();
+    void FollowSpriteCount();
+    // An edit, undo or redo changed rows the outlines may show.
+    void RedrawChangedOutlines();
+
+    ListDocument* m_document;
     IPromptService* m_prompts;
     ucScrollPic* m_picture = nullptr;
+    QStringList m_drawnTextureKeys;
+    QStringList m_drawnSpriteKeys;
 };

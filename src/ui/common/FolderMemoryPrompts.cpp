@@ -17,6 +17,11 @@ int FolderMemoryPrompts::MsgBox(const QString& text, int style, const QString& t
     return m_inner.MsgBox(text, style, title);
 }
 
+IPromptService::SaveAnswer FolderMemoryPrompts::AskToSave(const QString& text, const QString& title)
+{
+    return m_inner.AskToSave(text, title);
+}
+
 QString FolderMemoryPrompts::StartFolder(const QString& title) const
 {
     const QString remembered = m_settings.LastFolder(title);

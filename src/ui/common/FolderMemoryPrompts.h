@@ -19,6 +19,7 @@ public:
     FolderMemoryPrompts(IPromptService& inner, EditorSettings& settings, FolderSource levelFolder);
 
     int MsgBox(const QString& text, int style, const QString& title) override;
+    SaveAnswer AskToSave(const QString& text, const QString& title) override;
     QString GetFileName(const FileRequest& request) override;
     std::optional<QColor> ChooseColor(const QColor& initial) override;
     void Beep() override;

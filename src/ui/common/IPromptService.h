@@ -26,6 +26,8 @@ public:
         vbInformation = 64,
     };
     enum Answer : int { vbOK = 1, vbCancel = 2, vbYes = 6, vbNo = 7 };
+    // The answers to the question asked before a changed list is set aside.
+    enum class SaveAnswer { Save, Discard, Cancel };
 
     // File dialog flags the forms use.
     enum Flag : int {
@@ -50,6 +52,9 @@ public:
 
     // The answer pressed; an empty title means the program's own.
     virtual int MsgBox(const QString& text, int style = vbOKOnly, const QString& title = {}) = 0;
+    // A question with the three buttons Save, Discard and Cancel and the
+    // exclamation icon; closing the box answers Cancel.
+    virtual SaveAnswer AskToSave(const QString& text, const QString& title) = 0;
     // The chosen path, or "" when the dialog was cancelled.
     virtual QString GetFileName(const FileRequest& request) = 0;
     // The chosen colour, or nothing when cancelled.

@@ -30,7 +30,15 @@ ListView::ListView(QWidget* parent)
 void ListView::setListModel(ListViewModel* model)
 {
     m_model = model;
+    // A row taken out takes the choice with it: the row moving up into its
+    // place is not chosen in its stead. The flag goes up before the view's
+    // own handling moves its current row, and down after it.
+    connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { m_rowsGoing = true; });
     setModel(model);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, [this] {
+        m_rowsGoing = false;
+        followModelSelection(m_model->selectedRow());
+    });
     // A one-column list (the checklists, the index lists) fills its width.
     header()->setStretchLastSection(model->columnCount() == 1);
     connect(model, &ListViewModel::selectedRowChanged, this, &ListView::followModelSelection);
@@ -66,7 +74,10 @@ void ListView::onHeaderClicked(int section)
     if (!m_model)
         return;
     m_ascending = !m_ascending;
-    m_Code::SortListView(*m_model, section + 1, m_ascending);
+    if (m_sortHandler)
+        m_sortHandler(section, m_ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    else
+        m_Code::SortListView(*m_model, section + 1, m_ascending);
 }
 
 void ListView::mousePressEvent(QMouseEvent* event)
@@ -85,7 +96,7 @@ void ListView::keyPressEvent(QKeyEvent* event)
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
-    if (m_followingModel || !m_model)
+    if (m_followingModel || m_rowsGoing || !m_model)
         return;
     m_model->setSelectedRow(current.isValid() ? current.row() : -1);
     // Arrow keys choose a row as a click does.

@@ -2,6 +2,8 @@
 
 #include <QTreeView>
 
+#include <functional>
+
 class ListViewModel;
 
 // A list view over one ListViewModel: report rows, sortable by a header click
@@ -17,6 +19,11 @@ public:
 
     void setListModel(ListViewModel* model);
     ListViewModel* listModel() const { return m_model; }
+
+    // Who sorts the rows when a header is clicked, in place of the view: a
+    // list whose order is saved sorts as an edit that can be undone.
+    using SortHandler = std::function<void(int column, Qt::SortOrder order)>;
+    void setSortHandler(SortHandler handler) { m_sortHandler = std::move(handler); }
 
     // Columns of zero width: present in the rows, never shown.
     void setHiddenColumns(const QList<int>& columns);
@@ -40,7 +47,9 @@ private:
     void followModelSelection(int row);
 
     ListViewModel* m_model = nullptr;
+    SortHandler m_sortHandler;
     bool m_ascending = false;
     bool m_keyboardMove = false;
     bool m_followingModel = false;
+    bool m_rowsGoing = false;
 };

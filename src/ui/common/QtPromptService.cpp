@@ -51,6 +51,19 @@ int QtPromptService::MsgBox(const QString& text, int style, const QString& title
     return AnswerOf(box.exec());
 }
 
+IPromptService::SaveAnswer QtPromptService::AskToSave(const QString& text, const QString& title)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                    m_parent);
+    box.setDefaultButton(QMessageBox::Save);
+    box.setEscapeButton(QMessageBox::Cancel);
+    switch (box.exec()) {
+    case QMessageBox::Save: return SaveAnswer::Save;
+    case QMessageBox::Discard: return SaveAnswer::Discard;
+    default: return SaveAnswer::Cancel;
+    }
+}
+
 QStringList QtPromptService::NameFilters(const QString& filter)
 {
     const QStringList parts = filter.split(QLatin1Char('|'));

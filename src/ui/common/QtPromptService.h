@@ -13,6 +13,7 @@ public:
     explicit QtPromptService(QWidget* parent = nullptr) : m_parent(parent) {}
 
     int MsgBox(const QString& text, int style, const QString& title) override;
+    SaveAnswer AskToSave(const QString& text, const QString& title) override;
     QString GetFileName(const FileRequest& request) override;
     std::optional<QColor> ChooseColor(const QColor& initial) override;
     void Beep() override;

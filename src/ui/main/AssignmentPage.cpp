@@ -60,7 +60,7 @@ void AssignmentPage::ClearUsage()
 void AssignmentPage::FindUsage()
 {
     ClearUsage();
-    const QString level = m_state.LevelFileName;
+    const QString level = m_state.document().LevelFileName();
     if (level.isEmpty()) {
         m_state.ShowStatus(tr("This list belongs to no level: there is no usage to find."));
         return;
@@ -113,7 +113,7 @@ void AssignmentPage::DrawChosen()
 {
     m_state.lsvDrawList.clear();
     m_state.lsvSpriteDrawLisr.clear();
-    if (m_state.IsBitmapLoaded) {
+    if (m_state.document().IsBitmapLoaded()) {
         m_state.AppendTextureOutlines(KeysOf(ChosenNumbers(*m_ui->lsvPolygons) + ChosenNumbers(*m_ui->lsvMesh)
                                                  + ChosenNumbers(*m_ui->lsvNotAssign),
                                              QLatin1Char('T')));

@@ -24,6 +24,8 @@ public:
 
     void ClearPage() override;
     void ListLoaded() override;
+    // The usage is the level's, which no edit of the list changes.
+    void DocumentRewound() override {}
 
     // Reads the usage from the level of the open list into the four lists.
     void FindUsage();

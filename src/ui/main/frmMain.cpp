@@ -14,8 +14,10 @@
 #include "ui/common/BusyCursor.h"
 #include "level/C_LevelInfo.h"
 #include "list/C_ListInfo.h"
+#include "list/ListDocument.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/FileRequests.h"
+#include "ui/common/ListView.h"
 #include "list/LevelTableReader.h"
 #include "ui/textures/ObjectTexturePage.h"
 #include "ui/common/PlainSeparatorStyle.h"
@@ -39,6 +41,7 @@
 #include <QMenu>
 #include <QTabBar>
 #include <QTimer>
+#include <QUndoStack>
 
 #include <cmath>
 #include <utility>
@@ -65,10 +68,12 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
     m_settings = std::make_unique<EditorSettings>();
     m_folderPrompts = std::make_unique<FolderMemoryPrompts>(*prompts, *m_settings, [this] { return LevelFolder(); });
     prompts = m_folderPrompts.get();
-    m_state = std::make_unique<EditorState>(*prompts);
+    m_document = std::make_unique<ListDocument>();
+    m_state = std::make_unique<EditorState>(*prompts, *m_document);
     m_state->setPicture(m_ui->ucScrollPic1);
     CreatePages();
     ConnectMenus();
+    FollowDocumentViews();
     connect(m_state.get(), &EditorState::dirtyChanged, this, &frmMain::UpdateSaveMenu);
     connect(m_state.get(), &EditorState::reloadPictureRequested, this, &frmMain::ReloadPicture);
     connect(m_state.get(), &EditorState::statusMessage, this, &frmMain::Status);
@@ -108,6 +113,27 @@ void frmMain::CreatePages()
     connect(tabs, &QTabBar::currentChanged, this, [this](int tab) { ShowPage(tab + 1); });
 }
 
+void frmMain::FollowDocumentViews()
+{
+    const QList<ListViewModel*> content = m_document->views().all();
+    for (ListView* view : findChildren<ListView*>()) {
+        ListViewModel* model = view->listModel();
+        if (!content.contains(model))
+            continue;
+        view->setSortHandler([this, model](int column, Qt::SortOrder order) {
+            if (!m_document->SortRows(*model, column, order))
+                Status(tr("The rows were in that order already."));
+        });
+    }
+    const ListViewModel& textures = m_document->views().lsvTextures;
+    const auto showTextureQty = [this, &textures] {
+        if (m_document->IsListOpen())
+            m_objectPage->SetTextureQty(QString::number(textures.count()));
+    };
+    connect(&textures, &QAbstractItemModel::rowsInserted, this, showTextureQty);
+    connect(&textures, &QAbstractItemModel::rowsRemoved, this, showTextureQty);
+}
+
 void frmMain::DrawSeparatorsAsLines()
 {
     auto* menuStyle = new PlainSeparatorStyle;
@@ -128,6 +154,55 @@ void frmMain::ConnectMenus()
     connect(m_ui->mnuListInser, &QAction::triggered, this, &frmMain::mnuListInser_Click);
     connect(m_ui->mnuHelpHelp, &QAction::triggered, this, &frmMain::mnuHelpHelp_Click);
     connect(m_ui->mnuHelpAbout, &QAction::triggered, this, &frmMain::mnuHelpAbout_Click);
+    ConnectEditMenu();
+}
+
+void frmMain::ConnectEditMenu()
+{
+    QAction* undo = m_ui->mnuEditUndo;
+    QAction* redo = m_ui->mnuEditRedo;
+    undo->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Z)});
+    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    const QUndoStack* stack = m_document->undoStack();
+    const auto caption = [](const QString& verb, const QString& what) {
+        return what.isEmpty() ? verb : verb + QLatin1Char(' ') + what;
+    };
+    connect(stack, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
+    connect(stack, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
+    connect(stack, &QUndoStack::undoTextChanged, undo,
+            [undo, caption](const QString& what) { undo->setText(caption(tr("&Undo"), what)); });
+    connect(stack, &QUndoStack::redoTextChanged, redo,
+            [redo, caption](const QString& what) { redo->setText(caption(tr("&Redo"), what)); });
+    undo->setEnabled(false);
+    redo->setEnabled(false);
+    connect(undo, &QAction::triggered, this, &frmMain::mnuEditUndo_Click);
+    connect(redo, &QAction::triggered, this, &frmMain::mnuEditRedo_Click);
+}
+
+void frmMain::mnuEditUndo_Click()
+{
+    if (!m_document->undoStack()->canUndo())
+        return;
+    const QString what = m_document->undoStack()->undoText();
+    m_document->undoStack()->undo();
+    TellPagesOfRewind();
+    Status(tr("Undone: %1.").arg(what));
+}
+
+void frmMain::mnuEditRedo_Click()
+{
+    if (!m_document->undoStack()->canRedo())
+        return;
+    const QString what = m_document->undoStack()->redoText();
+    m_document->undoStack()->redo();
+    TellPagesOfRewind();
+    Status(tr("Redone: %1.").arg(what));
+}
+
+void frmMain::TellPagesOfRewind()
+{
+    for (EditorPage* page : m_pages)
+        page->DocumentRewound();
 }
 
 void frmMain::Form_Load()
@@ -160,7 +235,7 @@ void frmMain::EnableListMenus(bool enabled)
 
 void frmMain::UpdateSaveMenu()
 {
-    m_ui->mnuFileSaveList->setEnabled(m_state->IsDirty);
+    m_ui->mnuFileSaveList->setEnabled(m_document->isModified());
 }
 
 void frmMain::EnableDocumentMenus(bool enabled)
@@ -201,23 +276,26 @@ QString frmMain::GetListFileName(bool IsOpen)
 
 bool frmMain::LoadList(bool IsNew)
 {
-    EditorState& s = *m_state;
-    s.ListVersion = 45;
+    ListDocument& d = *m_document;
+    ListViewSet& v = d.views();
+    // The history belongs to the list it was made on.
+    d.clearHistory();
+    d.setListVersion(45);
     m_listInfo = std::make_unique<C_ListInfo>();
 
-    if (IsNew && s.LevelFileName.isEmpty()) {
+    if (IsNew && d.LevelFileName().isEmpty()) {
         // A list with no level takes its game from the user.
         frmVersion version(this);
-        s.prompts().ShowModal(version);
+        m_state->prompts().ShowModal(version);
         if (version.IsCancelled())
             return false;
-        s.ListVersion = version.GetVersion();
-        if (m_listInfo->InitStandAlone(s.ListFileName, s.BitmapFileName, s.views.all(), s.ListVersion)
+        d.setListVersion(version.GetVersion());
+        if (m_listInfo->InitStandAlone(d.ListFileName(), d.BitmapFileName(), v.all(), d.ListVersion())
             != C_ListInfo::Success)
             return false;
-    } else if (m_listInfo->Init(s.ListFileName, s.LevelFileName, s.BitmapFileName, &s.views.lsvTextures,
-                                &s.views.lsvAnims, &s.views.lsvAnimDetails, &s.views.lsvSprites,
-                                &s.views.lsvSequences, &s.views.lsvSequenceDetails, s.ListVersion)
+    } else if (m_listInfo->Init(d.ListFileName(), d.LevelFileName(), d.BitmapFileName(), &v.lsvTextures, &v.lsvAnims,
+                                &v.lsvAnimDetails, &v.lsvSprites, &v.lsvSequences, &v.lsvSequenceDetails,
+                                d.ListVersion())
                != C_ListInfo::Success) {
         Status(m_listInfo->Error().text());
         return false;
@@ -228,19 +306,20 @@ bool frmMain::LoadList(bool IsNew)
             Status(m_listInfo->Error().text());
             return false;
         }
-        s.LevelFileName = m_listInfo->LevelFileName();
-        m_ui->lblLevelFile->setText(Native(s.LevelFileName));
-        s.BitmapFileName = m_listInfo->BitMapName();
+        d.setLevelFileName(m_listInfo->LevelFileName());
+        m_ui->lblLevelFile->setText(Native(d.LevelFileName()));
+        d.setBitmapFileName(m_listInfo->BitMapName());
         LoadBitmap();
     }
-    s.IsListOpen = true;
+    d.setListOpen(true);
     EnableListMenus(true);
 
     for (EditorPage* page : m_pages)
         page->ListLoaded();
-    m_ui->lblListFile->setText(Native(s.ListFileName));
-    s.ListVersion = m_listInfo->Version();
-    s.SetDirty(false);
+    m_ui->lblListFile->setText(Native(d.ListFileName()));
+    d.setListVersion(m_listInfo->Version());
+    d.markSaved();
+    UpdateSaveMenu();
     ShowDocumentInTitle();
     return true;
 }
@@ -248,6 +327,7 @@ bool frmMain::LoadList(bool IsNew)
 void frmMain::mnuFileNewList_Click()
 {
     EditorState& s = *m_state;
+    ListDocument& d = *m_document;
     frmNewList form(s.prompts(), this);
     if (!m_droppedLevel.isEmpty())
         form.SetLevelFile(std::exchange(m_droppedLevel, QString()));
@@ -258,36 +338,39 @@ void frmMain::mnuFileNewList_Click()
     // changes, so the list that is open stays as it is.
     if (!CanReadLevel(form.GetLevelFile()) || !CanReadBitmap(form.GetBitmapFile()))
         return;
-    if (s.IsListOpen)
-        PromptSaveChanges();
+    if (!PromptSaveChanges())
+        return;
 
-    s.ListFileName = form.GetListFIle();
-    s.BitmapFileName = form.GetBitmapFile();
-    s.LevelFileName = form.GetLevelFile();
-    s.IsDataFromLevel = form.IsDataFromLevel();
+    // Nothing of the list set aside stays on show.
+    ClearAllViews();
+    d.clearHistory();
+    d.setListFileName(form.GetListFIle());
+    d.setBitmapFileName(form.GetBitmapFile());
+    d.setLevelFileName(form.GetLevelFile());
+    d.setDataFromLevel(form.IsDataFromLevel());
 
     LoadBitmap();
-    if (!s.IsBitmapLoaded)
+    if (!d.IsBitmapLoaded())
         return;
     BusyCursor busy;
-    if (s.LevelFileName.isEmpty()) {
-        ClearAllViews();
+    if (d.LevelFileName().isEmpty()) {
         for (EditorPage* page : m_pages)
             page->ListClosed();
-        // The view was emptied with the rest: the new list shows its bitmap.
-        LoadBitmap();
     } else {
         ReadLevelIntoViews();
     }
-    if (!LoadList(true))
+    if (!LoadList(true)) {
+        // The list open before was set aside already.
+        ShowNoList();
         return;
+    }
     FillIndexLists();
     ShowCounters();
     if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
         s.prompts().MsgBox(m_listInfo->Error().text(), IPromptService::vbCritical);
         return;
     }
-    Status(tr("Created the list %1.").arg(Native(s.ListFileName)));
+    Status(tr("Created the list %1.").arg(Native(d.ListFileName())));
 }
 
 bool frmMain::CanReadLevel(const QString& level)
@@ -339,11 +422,13 @@ void frmMain::OpenList(const QString& name)
         s.prompts().MsgBox(probe.Error().text(), IPromptService::vbCritical);
         return;
     }
-    if (s.IsListOpen)
-        PromptSaveChanges();
-    s.ListFileName = name;
+    if (!PromptSaveChanges())
+        return;
     {
         BusyCursor busy;
+        // Nothing of the list set aside stays on show.
+        ClearAllViews();
+        m_document->setListFileName(name);
         LoadList(false);
         FillIndexLists();
         ShowCounters();
@@ -359,67 +444,95 @@ void frmMain::FillIndexLists()
 
 void frmMain::ShowCounters()
 {
-    EditorState& s = *m_state;
-    m_objectPage->SetTextureQty(QString::number(s.views.lsvTextures.count()));
+    ListDocument& d = *m_document;
+    m_objectPage->SetTextureQty(QString::number(d.views().lsvTextures.count()));
     // Halves round to even: 640 pixels are 2 tiles, 896 are 4.
-    s.NumberOfTiles = int(std::nearbyint(m_ui->ucScrollPic1->PictureHeight() / 256.0));
-    m_objectPage->SetTileQty(QString::number(s.NumberOfTiles));
-    m_animationPage->SetAnimTotal(QString::number(s.views.lsvAnims.count()));
+    d.setNumberOfTiles(int(std::nearbyint(m_ui->ucScrollPic1->PictureHeight() / 256.0)));
+    m_objectPage->SetTileQty(QString::number(d.NumberOfTiles()));
+    m_animationPage->SetAnimTotal(QString::number(d.views().lsvAnims.count()));
 }
 
 void frmMain::TellWhatIsMissing()
 {
-    const EditorState& s = *m_state;
+    const ListDocument& d = *m_document;
     QStringList missing;
-    if (!s.LevelFileName.isEmpty() && !QFileInfo::exists(s.LevelFileName))
-        missing << tr("its level %1 does not exist").arg(Native(s.LevelFileName));
+    if (!d.LevelFileName().isEmpty() && !QFileInfo::exists(d.LevelFileName()))
+        missing << tr("its level %1 does not exist").arg(Native(d.LevelFileName()));
     if (m_listInfo && m_listInfo->AreTablesAfterLoneWord())
         missing << m_listInfo->LoneWordNotice();
-    else if (m_listInfo && m_listInfo->Offset_EOF() > QFileInfo(s.ListFileName).size())
+    else if (m_listInfo && m_listInfo->Offset_EOF() > QFileInfo(d.ListFileName()).size())
         missing << tr("the file is shorter than its tables say, so only the rows present were read");
     if (!missing.isEmpty())
-        Status(tr("Opened %1, but %2.").arg(Native(s.ListFileName), missing.join(tr("; "))));
+        Status(tr("Opened %1, but %2.").arg(Native(d.ListFileName()), missing.join(tr("; "))));
     else if (m_listInfo)
-        Status(tr("Opened %1.").arg(Native(s.ListFileName)));
+        Status(tr("Opened %1.").arg(Native(d.ListFileName())));
 }
 
 void frmMain::mnuFileCloseList_Click()
 {
-    PromptSaveChanges();
+    if (!PromptSaveChanges())
+        return;
+    ShowNoList();
+    Status(tr("The list was closed."));
+}
+
+void frmMain::ShowNoList()
+{
+    m_listInfo.reset();
     ClearAllViews();
+    m_document->close();
     m_ui->lblListFile->clear();
     m_ui->lblTextureFile->clear();
     m_ui->lblLevelFile->clear();
+    ShowNoBitmapStatistics();
     for (EditorPage* page : m_pages)
         page->ListClosed();
     ShowDocumentInTitle();
     Status(tr("The list was closed."));
+    EnableDocumentMenus(false);
+    EnableZoom(false);
+}
+
+void frmMain::ShowNoBitmapStatistics()
+{
+    for (QLabel* label : {m_ui->lblHeight, m_ui->lblWidth, m_ui->lblNbTiles, m_ui->lblTileShow, m_ui->lblMousePosX,
+                          m_ui->lblMousePosY})
+        label->setText(QStringLiteral("0"));
+    m_document->setNumberOfTiles(0);
 }
 
 void frmMain::mnuFileSaveList_Click()
 {
+    SaveList();
+}
+
+bool frmMain::SaveList()
+{
     EditorState& s = *m_state;
-    // After Close List the menus stay enabled but no document is left to
-    // write: the views are empty, and nothing is written over the file.
+    ListDocument& d = *m_document;
     if (!m_listInfo) {
         Status(tr("No list is open: nothing was saved."));
-        return;
+        return false;
     }
     {
         BusyCursor busy;
         if (m_listInfo->PutAllListContents() != C_ListInfo::Success) {
             s.prompts().MsgBox(m_listInfo->Error().text(), IPromptService::vbCritical);
-            return;
+            return false;
         }
-        m_listInfo->InitForInsert(s.ListFileName);
+        m_listInfo->InitForInsert(d.ListFileName());
     }
-    s.SetDirty(false);
-    Status(tr("Saved %1.").arg(Native(s.ListFileName)));
+    d.markSaved();
+    UpdateSaveMenu();
+    Status(tr("Saved %1.").arg(Native(d.ListFileName())));
+    return true;
 }
 
 void frmMain::mnuFileSaveAsList_Click()
 {
     EditorState& s = *m_state;
+    ListDocument& d = *m_document;
+    ListViewSet& v = d.views();
     if (!m_listInfo) {
         Status(tr("No list is open: nothing was saved."));
         return;
@@ -429,12 +542,12 @@ void frmMain::mnuFileSaveAsList_Click()
         return;
     // The list is made anew for the new name from the level and bitmap it has.
     auto renamed = std::make_unique<C_ListInfo>();
-    const bool fromLevel = !s.LevelFileName.isEmpty();
+    const bool fromLevel = !d.LevelFileName().isEmpty();
     const qint16 result =
-        fromLevel ? renamed->Init(name, s.LevelFileName, s.BitmapFileName, &s.views.lsvTextures, &s.views.lsvAnims,
-                                  &s.views.lsvAnimDetails, &s.views.lsvSprites, &s.views.lsvSequences,
-                                  &s.views.lsvSequenceDetails, s.ListVersion)
-                  : renamed->InitStandAlone(name, s.BitmapFileName, s.views.all(), s.ListVersion);
+        fromLevel ? renamed->Init(name, d.LevelFileName(), d.BitmapFileName(), &v.lsvTextures, &v.lsvAnims,
+                                  &v.lsvAnimDetails, &v.lsvSprites, &v.lsvSequences, &v.lsvSequenceDetails,
+                                  d.ListVersion())
+                  : renamed->InitStandAlone(name, d.BitmapFileName(), v.all(), d.ListVersion());
     if (result != C_ListInfo::Success) {
         Status(tr("Nothing was saved: %1 could not be prepared.").arg(Native(name)));
         return;
@@ -448,24 +561,30 @@ void frmMain::mnuFileSaveAsList_Click()
         renamed->InitForInsert(name);
     }
     m_listInfo = std::move(renamed);
-    s.ListFileName = name;
+    d.setListFileName(name);
     m_ui->lblListFile->setText(Native(name));
-    s.SetDirty(false);
+    d.markSaved();
+    UpdateSaveMenu();
     ShowDocumentInTitle();
     Status(tr("Saved %1.").arg(Native(name)));
 }
 
-void frmMain::PromptSaveChanges()
+bool frmMain::PromptSaveChanges()
 {
-    EditorState& s = *m_state;
-    if (s.IsDirty) {
-        const int answer = s.prompts().MsgBox(QStringLiteral("Do you want to save the changes before closing?"),
-                                              IPromptService::vbOKCancel | IPromptService::vbExclamation,
-                                              QStringLiteral("Save List Changes?"));
-        if (answer == IPromptService::vbOK)
-            mnuFileSaveList_Click();
+    if (!m_document->isModified())
+        return true;
+    const IPromptService::SaveAnswer answer = m_state->prompts().AskToSave(
+        QStringLiteral("Do you want to save the changes before closing?"), QStringLiteral("Save List Changes?"));
+    switch (answer) {
+    case IPromptService::SaveAnswer::Save:
+        return SaveList();
+    case IPromptService::SaveAnswer::Discard:
+        return true;
+    case IPromptService::SaveAnswer::Cancel:
+        break;
     }
-    m_listInfo.reset();
+    Status(tr("The list was kept open with its changes."));
+    return false;
 }
 
 void frmMain::mnuFileExit_Click()
@@ -475,8 +594,11 @@ void frmMain::mnuFileExit_Click()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
+    if (!PromptSaveChanges()) {
+        event->ignore();
+        return;
+    }
     RememberWindow();
-    PromptSaveChanges();
     event->accept();
 }
 
@@ -484,24 +606,26 @@ void frmMain::closeEvent(QCloseEvent* event)
 
 void frmMain::ReadLevelIntoViews()
 {
-    EditorState& s = *m_state;
-    if (s.LevelFileName.isEmpty())
+    ListDocument& d = *m_document;
+    ListViewSet& v = d.views();
+    if (d.LevelFileName().isEmpty())
         return;
     C_LevelInfo level;
-    level.Init(s.LevelFileName);
-    if (!LevelTableReader::ReadIntoViews(level, s.views.lsvTextures, s.views.lsvAnims, s.views.lsvAnimDetails,
-                                         s.views.lsvSprites, s.views.lsvSequences, s.views.lsvSequenceDetails))
+    level.Init(d.LevelFileName());
+    if (!LevelTableReader::ReadIntoViews(level, v.lsvTextures, v.lsvAnims, v.lsvAnimDetails, v.lsvSprites,
+                                         v.lsvSequences, v.lsvSequenceDetails))
         return;
     m_objectPage->SetTextureQty(QString::number(level.NumberObjectTexture()));
-    m_animationPage->SetAnimTotal(QString::number(s.views.lsvAnims.count()));
+    m_animationPage->SetAnimTotal(QString::number(v.lsvAnims.count()));
     m_animationPage->ClearOneAnim();
     m_sequencePage->ClearOneSequence();
-    m_ui->lblLevelFile->setText(Native(s.LevelFileName));
+    m_ui->lblLevelFile->setText(Native(d.LevelFileName()));
 }
 
 void frmMain::ClearAllViews()
 {
     m_ui->ucScrollPic1->NoPicture();
+    m_document->setBitmapLoaded(false);
     for (EditorPage* page : m_pages) {
         page->BitmapRemoved();
         page->ClearPage();
@@ -513,30 +637,32 @@ void frmMain::ClearAllViews()
 void frmMain::LoadBitmap()
 {
     EditorState& s = *m_state;
+    ListDocument& d = *m_document;
     ucScrollPic& view = *m_ui->ucScrollPic1;
-    if (s.BitmapFileName.isEmpty() || !view.LoadOnePicture(s.BitmapFileName)) {
-        if (!s.BitmapFileName.isEmpty()) {
+    if (d.BitmapFileName().isEmpty() || !view.LoadOnePicture(d.BitmapFileName())) {
+        if (!d.BitmapFileName().isEmpty()) {
             view.NoPicture();
             s.prompts().MsgBox(tr("The bitmap cannot be shown: %1.").arg(view.ErrorString()),
                                IPromptService::vbExclamation);
         }
-        s.IsBitmapLoaded = false;
+        d.setBitmapLoaded(false);
+        ShowNoBitmapStatistics();
         EnableZoom(false);
         EnableDocumentMenus(false);
         m_ui->lblTextureFile->clear();
         return;
     }
-    m_ui->lblTextureFile->setText(Native(s.BitmapFileName));
+    m_ui->lblTextureFile->setText(Native(d.BitmapFileName()));
     m_ui->lblHeight->setText(QString::number(view.PictureHeight()));
     m_ui->lblWidth->setText(QString::number(view.PictureWidth()));
-    s.NumberOfTiles = int(std::nearbyint(view.PictureHeight() / 256.0));
-    m_objectPage->SetTileQty(QString::number(s.NumberOfTiles));
-    m_ui->lblNbTiles->setText(QString::number(s.NumberOfTiles));
+    d.setNumberOfTiles(int(std::nearbyint(view.PictureHeight() / 256.0)));
+    m_objectPage->SetTileQty(QString::number(d.NumberOfTiles()));
+    m_ui->lblNbTiles->setText(QString::number(d.NumberOfTiles()));
     m_ui->lblTileShow->setText(QStringLiteral("0"));
     for (EditorPage* page : m_pages)
-        page->BitmapLoaded(s.BitmapFileName);
+        page->BitmapLoaded(d.BitmapFileName());
     EnableZoom(true);
-    s.IsBitmapLoaded = true;
+    d.setBitmapLoaded(true);
     EnableDocumentMenus(true);
     // The view keeps the zoom the scroll bar shows.
     view.setZoomFactor(m_ui->hscrlZoom->value());
@@ -544,11 +670,11 @@ void frmMain::LoadBitmap()
 
 void frmMain::ReloadPicture()
 {
-    EditorState& s = *m_state;
+    const ListDocument& d = *m_document;
     ucScrollPic& view = *m_ui->ucScrollPic1;
-    if (!s.IsBitmapLoaded)
+    if (!d.IsBitmapLoaded())
         return;
-    if (!view.LoadOnePicture(s.BitmapFileName)) {
+    if (!view.LoadOnePicture(d.BitmapFileName())) {
         Status(tr("The bitmap could not be reloaded: %1").arg(view.ErrorString()));
         return;
     }
@@ -556,7 +682,7 @@ void frmMain::ReloadPicture()
         return;
     const int zoom = view.ZoomFactor();
     const int width = view.PictureWidth() * zoom;
-    for (int i = 1; i <= s.NumberOfTiles - 1; ++i) {
+    for (int i = 1; i <= d.NumberOfTiles() - 1; ++i) {
         const int y = i * 256 * zoom;
         view.DrawLine(0, y, width, y, Qt::white);
     }
@@ -598,7 +724,7 @@ void frmMain::ucScrollPic1_MouseSelect(float X1, float Y1, float X2, float Y2)
 void frmMain::mnuBitmapsShowTiles_Click()
 {
     // The action has toggled its own check mark; the view follows it.
-    if (!m_state->IsBitmapLoaded)
+    if (!m_document->IsBitmapLoaded())
         return;
     m_state->RedrawOutlines();
 }
@@ -662,21 +788,21 @@ void frmMain::RememberWindow()
 
 void frmMain::ShowDocumentInTitle()
 {
-    const EditorState& s = *m_state;
-    const bool open = m_listInfo && !s.ListFileName.isEmpty();
+    const ListDocument& d = *m_document;
+    const bool open = m_listInfo && !d.ListFileName().isEmpty();
     // "[*]" is where the modified mark goes.
-    setWindowTitle(open ? QStringLiteral("%1[*] \u2014 Brindle").arg(QFileInfo(s.ListFileName).fileName())
+    setWindowTitle(open ? QStringLiteral("%1[*] \u2014 Brindle").arg(QFileInfo(d.ListFileName()).fileName())
                         : QStringLiteral("Brindle[*]"));
-    setWindowModified(open && s.IsDirty);
+    setWindowModified(open && d.isModified());
     if (!open)
         return;
-    m_settings->AddRecentList(s.ListFileName);
+    m_settings->AddRecentList(d.ListFileName());
     m_recentMenu->Refresh();
 }
 
 QString frmMain::LevelFolder() const
 {
-    const QString level = m_state ? m_state->LevelFileName : QString();
+    const QString level = m_document ? m_document->LevelFileName() : QString();
     return level.isEmpty() ? QString() : QFileInfo(level).absolutePath();
 }
 

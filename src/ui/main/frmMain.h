@@ -15,6 +15,7 @@ class C_ListInfo;
 class EditorPage;
 class EditorState;
 class IPromptService;
+class ListDocument;
 class ObjectTexturePage;
 class QTabBar;
 class QtPromptService;
@@ -38,6 +39,7 @@ public:
     ~frmMain() override;
 
     EditorState& state() const { return *m_state; }
+    ListDocument& document() const { return *m_document; }
     Ui::frmMain& ui() const { return *m_ui; }
     QTabBar* tbsStrip() const { return m_tbsStrip; }
     C_ListInfo* ListInfo() const { return m_listInfo.get(); }
@@ -68,6 +70,8 @@ public:
     void mnuFileSaveList_Click();
     void mnuFileSaveAsList_Click();
     void mnuFileExit_Click();
+    void mnuEditUndo_Click();
+    void mnuEditRedo_Click();
     void mnuBitmapsShowTiles_Click();
     void mnuListInser_Click();
     void mnuHelpHelp_Click();
@@ -99,10 +103,25 @@ private:
     // The separators are captioned "-" but show a bare line.
     void DrawSeparatorsAsLines();
     void ConnectMenus();
+    // Undo and Redo follow the document's undo stack: enabled when it has
+    // something to take back or make again, captioned with what that is.
+    void ConnectEditMenu();
+    // After an undo or redo the pages drop what they were entering.
+    void TellPagesOfRewind();
+    // Empties the list menus, labels and pages of a list that is set aside.
+    void ShowNoList();
+    // The statistics and mouse position of no bitmap: zeros.
+    void ShowNoBitmapStatistics();
+    // Header clicks on the content lists sort through the document, and the
+    // texture count follows the rows.
+    void FollowDocumentViews();
     void CreatePages();
     bool LoadList(bool IsNew);
     QString GetListFileName(bool IsOpen);
-    void PromptSaveChanges();
+    // The unsaved-changes question; false when the user chose to keep the
+    // list open (Cancel, or a Save that failed).
+    bool PromptSaveChanges();
+    bool SaveList();
     void EnableListMenus(bool enabled);
     void UpdateSaveMenu();
     void EnableDocumentMenus(bool enabled);
@@ -124,6 +143,7 @@ private:
     std::unique_ptr<QtPromptService> m_ownPrompts;
     std::unique_ptr<EditorSettings> m_settings;
     std::unique_ptr<FolderMemoryPrompts> m_folderPrompts;
+    std::unique_ptr<ListDocument> m_document;
     std::unique_ptr<EditorState> m_state;
     std::unique_ptr<C_ListInfo> m_listInfo;
     ObjectTexturePage* m_objectPage = nullptr;

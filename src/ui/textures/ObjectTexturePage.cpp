@@ -77,8 +77,6 @@ void ObjectTexturePage::ConnectControls()
     connect(&m_state, &EditorState::drawObjectsRequested, this, &ObjectTexturePage::cmdDraw_Click);
     connect(u.cmdColor, &QPushButton::clicked, this, [this] { m_state.ChooseOutlineColor(); });
     connect(u.lsvTextures, &ListView::ItemClick, this, &ObjectTexturePage::lsvTextures_ItemClick);
-    // A tile typed by the user is an edit of the list.
-    connect(u.txtTileNo, &QLineEdit::textEdited, this, [this] { m_state.MarkDirty(); });
     connect(u.chkFreeCorners, &QCheckBox::clicked, this, &ObjectTexturePage::chkFreeCorners_Click);
     for (int i = 0; i < 4; ++i) {
         for (QLineEdit* box : {Corners().row(i).x, Corners().row(i).y})
@@ -186,7 +184,6 @@ void ObjectTexturePage::AcceptAdding()
         return;
     m_ui->cmdAdd->setText(Add);
     ShowViewing();
-    m_state.MarkDirty();
 }
 
 void ObjectTexturePage::ShowTextureNumber()
@@ -231,8 +228,6 @@ void ObjectTexturePage::AcceptEditing()
     m_ui->cmdEdit->setText(Edit);
     ShowViewing();
     ClearTextureEdition();
-    if (stored)
-        m_state.MarkDirty();
 }
 
 void ObjectTexturePage::cmdDel_Click()
@@ -242,8 +237,7 @@ void ObjectTexturePage::cmdDel_Click()
     if (selected < 0)
         return;
     // The rows after it keep their numbers: animations refer to them.
-    textures.removeAt(selected);
-    m_state.MarkDirty();
+    m_state.document().DeleteTexture(textures.key(selected));
     ShowViewing();
     ClearTextureEdition();
 }
@@ -320,11 +314,14 @@ bool ObjectTexturePage::StoreEditedTexture(const QString& key)
         FocusCorner(stored.badRow);
         return false;
     }
-    const int row = StoreRow(key);
-    if (row < 0)
+    std::optional<ListViewModel::Row> row = StoreRow(key);
+    if (!row)
         return false;
-    WriteTextureCells(row, TextureCells(stored, m_attribute, m_sides));
-    ReportStored(textures.text(row), stored, original);
+    row->subItems = TextureCells(stored, m_attribute, m_sides);
+    ListDocument& document = m_state.document();
+    if (!(key.isEmpty() ? document.AddTexture(*row) : document.EditTexture(key, row->subItems)))
+        return false;
+    ReportStored(row->text, stored, original);
     return true;
 }
 
@@ -360,27 +357,18 @@ QStringList ObjectTexturePage::TextureCells(const EditedTexture::Stored& stored,
     return cells;
 }
 
-void ObjectTexturePage::WriteTextureCells(int row, const QStringList& cells)
+std::optional<ListViewModel::Row> ObjectTexturePage::StoreRow(const QString& key)
 {
-    ListViewModel& textures = m_state.views.lsvTextures;
-    for (int column = 1; column <= cells.size(); ++column)
-        textures.setSubItem(row, column, cells[column - 1]);
-}
-
-int ObjectTexturePage::StoreRow(const QString& key)
-{
-    ListViewModel& textures = m_state.views.lsvTextures;
+    const ListViewModel& textures = m_state.views.lsvTextures;
     if (!key.isEmpty())
-        return textures.findKey(key);
+        return textures.row(textures.findKey(key));
     const qint64 count = textures.count();
     const qint64 asked = NumberText::valueOf(m_ui->txtTextureNo->text());
     const qint64 number = RowKeyNumber::FirstFree(textures, KeyPrefix, asked);
     if (number != asked)
         m_state.ShowStatus(tr("Texture number %1 is still in use: the new texture is number %2.").arg(asked).arg(number));
-    const int row = textures.addRow(RowKeyNumber::Key(KeyPrefix, number), RowKeyNumber::RowText(number, count));
-    SetTextureQty(QString::number(textures.count()));
-    m_state.FillTextureIndexLists();
-    return row;
+    return ListViewModel::Row{RowKeyNumber::Key(KeyPrefix, number), RowKeyNumber::RowText(number, count), {},
+                              Qt::Unchecked};
 }
 
 void ObjectTexturePage::ReportStored(const QString& number, const EditedTexture::Stored& stored,
@@ -597,7 +585,8 @@ void ObjectTexturePage::TakeRectangleMarkers(TextureGeometry::LoHi loHi)
 
 void ObjectTexturePage::cmdAttrib_Click()
 {
-    if (const std::optional<int> next = TextureGeometry::NextAttribute(m_state.ListVersion, m_ui->cmdAttrib->text())) {
+    if (const std::optional<int> next =
+            TextureGeometry::NextAttribute(m_state.document().ListVersion(), m_ui->cmdAttrib->text())) {
         ShowAttribute(*next);
         m_attributeChosen = true;
     }
@@ -655,7 +644,7 @@ void ObjectTexturePage::cmdDraw_Click()
     m_state.lsvDrawList.clear();
     // Checklist row k draws the texture keyed Tk: texture 0 has no row, and
     // the last row finds nothing.
-    if (m_state.lsvObjects.count() >= 3 && m_state.IsBitmapLoaded)
+    if (m_state.lsvObjects.count() >= 3 && m_state.document().IsBitmapLoaded())
         m_state.AppendTextureOutlines(m_checklist->TickedKeys());
     m_state.RedrawOutlines();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/common/EditorPage.h"
+#include "common/ListViewModel.h"
 #include "list/EditedTexture.h"
 #include "list/TextureGeometry.h"
 
@@ -88,13 +89,14 @@ private:
     void ShowViewing();
     void ShowTextureNumber();
 
-    // The frame's texture written into the complete list: a new row for an
-    // empty key, else the row with that key. False when nothing was stored.
+    // The frame's texture written into the complete list through the
+    // document: a new row for an empty key, else the row with that key.
+    // False when nothing was stored.
     bool StoreEditedTexture(const QString& key);
     EditedTexture::Frame ReadFrame() const;
-    int StoreRow(const QString& key);
+    // The row to store: the one with the key as it is, or a new one.
+    std::optional<ListViewModel::Row> StoreRow(const QString& key);
     static QStringList TextureCells(const EditedTexture::Stored& stored, int attribute, int sides);
-    void WriteTextureCells(int row, const QStringList& cells);
     void ReportStored(const QString& number, const EditedTexture::Stored& stored,
                       const std::optional<ObjectTextureRow>& original);
     void FocusCorner(int row);

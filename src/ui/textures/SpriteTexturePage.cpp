@@ -79,6 +79,16 @@ void SpriteTexturePage::ConnectControls()
     connect(&m_state, &EditorState::drawSpritesRequested, this, &SpriteTexturePage::cmdDrawSprite_Click);
     connect(u.cmdSpriteColor, &QPushButton::clicked, this, [this] { m_state.ChooseOutlineColor(); });
     connect(u.lsvSprites, &ListView::ItemClick, this, &SpriteTexturePage::lsvSprites_ItemClick);
+    // The count always tells how many sprite textures the list holds.
+    ListViewModel& sprites = m_state.views.lsvSprites;
+    connect(&sprites, &QAbstractItemModel::rowsInserted, this, &SpriteTexturePage::ShowSpriteCount);
+    connect(&sprites, &QAbstractItemModel::rowsRemoved, this, &SpriteTexturePage::ShowSpriteCount);
+}
+
+void SpriteTexturePage::ShowSpriteCount()
+{
+    if (m_state.document().IsListOpen())
+        m_ui->txtNum->setText(QString::number(m_state.views.lsvSprites.count()));
 }
 
 QLineEdit* SpriteTexturePage::Box(SpriteEntry::Box box) const
@@ -115,7 +125,7 @@ void SpriteTexturePage::ClearPage()
 void SpriteTexturePage::ListLoaded()
 {
     CancelSpriteEdition();
-    m_ui->txtNum->setText(QString::number(m_state.views.lsvSprites.count()));
+    ShowSpriteCount();
 }
 
 void SpriteTexturePage::ListClosed()
@@ -176,7 +186,7 @@ void SpriteTexturePage::cmdSpriteAdd_Click()
         AcceptAdding();
         return;
     }
-    if (!m_state.IsListOpen)
+    if (!m_state.document().IsListOpen())
         return;
     ClearSpriteEdition();
     EnableSpriteBoxes(true);
@@ -194,8 +204,6 @@ void SpriteTexturePage::AcceptAdding()
     if (!StoreEditedSprite(true, *m_entry))
         return;
     CancelSpriteEdition();
-    m_state.FillSpriteIndexList();
-    m_state.MarkDirty();
 }
 
 void SpriteTexturePage::cmdSpriteEdit_Click()
@@ -212,10 +220,8 @@ void SpriteTexturePage::AcceptEditing()
 {
     if (!ValidateSpriteEdition())
         return;
-    const bool stored = StoreEditedSprite(false, *m_entry);
+    StoreEditedSprite(false, *m_entry);
     CancelSpriteEdition();
-    if (stored)
-        m_state.MarkDirty();
 }
 
 void SpriteTexturePage::cmdSpriteDelete_Click()
@@ -225,15 +231,11 @@ void SpriteTexturePage::cmdSpriteDelete_Click()
         return;
     // No renumbering: the sequences name sprites by number, and the user was
     // told to mend them.
-    const int row = sprites.findKey(m_ui->lblKey->text());
-    if (!sprites.removeAt(row)) {
+    if (!m_state.document().DeleteSprite(m_ui->lblKey->text())) {
         m_state.ShowStatus(tr("Nothing was deleted: choose the sprite to delete in the list first."));
         return;
     }
-    m_ui->txtNum->setText(QString::number(NumberText::valueOf(m_ui->txtNum->text()) - 1));
     CancelSpriteEdition();
-    m_state.FillSpriteIndexList();
-    m_state.MarkDirty();
 }
 
 bool SpriteTexturePage::ConfirmDeletion()
@@ -278,8 +280,8 @@ void SpriteTexturePage::ReportFault(const SpriteEntry::Check& check)
 
 bool SpriteTexturePage::StoreEditedSprite(bool isNew, const SpriteEntry& entry)
 {
-    const int row = StoreRow(isNew);
-    if (row < 0)
+    std::optional<ListViewModel::Row> row = StoreRow(isNew);
+    if (!row)
         return false;
     using E = SpriteEntry;
     const int tile = TileOf(m_ui->txtTileSNo->text());
@@ -293,21 +295,29 @@ bool SpriteTexturePage::StoreEditedSprite(bool isNew, const SpriteEntry& entry)
         {SpriteTextureRow::HeightColumn, height},       {SpriteTextureRow::LeftColumn, entry.Value(E::Left)},
         {SpriteTextureRow::TopColumn, entry.Value(E::Top)}, {SpriteTextureRow::RightColumn, entry.Value(E::Right)},
         {SpriteTextureRow::BottomColumn, entry.Value(E::Bottom)}};
-    ListViewModel& sprites = m_state.views.lsvSprites;
-    for (const auto& [column, value] : cells)
-        sprites.setSubItem(row, column, QString::number(value));
-    WarnOfFieldsOutOfRange(sprites.text(row), x, y, width, height);
+    QStringList& subItems = row->subItems;
+    for (const auto& [column, value] : cells) {
+        while (subItems.size() < column)
+            subItems.append(QString());
+        subItems[column - 1] = QString::number(value);
+    }
+    ListDocument& document = m_state.document();
+    if (!(isNew ? document.AddSprite(*row) : document.EditSprite(row->key, subItems)))
+        return false;
+    WarnOfFieldsOutOfRange(row->text, x, y, width, height);
     return true;
 }
 
-int SpriteTexturePage::StoreRow(bool isNew)
+std::optional<ListViewModel::Row> SpriteTexturePage::StoreRow(bool isNew)
 {
-    ListViewModel& sprites = m_state.views.lsvSprites;
+    const ListViewModel& sprites = m_state.views.lsvSprites;
     if (!isNew) {
         const int row = sprites.findKey(m_ui->lblKey->text());
-        if (row < 0)
+        if (row < 0) {
             m_state.ShowStatus(tr("Nothing was stored: the sprite being edited is no longer in the list."));
-        return row;
+            return std::nullopt;
+        }
+        return sprites.row(row);
     }
     const qint64 count = sprites.count();
     const qint64 number = RowKeyNumber::FirstFree(sprites, KeyPrefix, count);
@@ -315,10 +325,7 @@ int SpriteTexturePage::StoreRow(bool isNew)
         m_state.ShowStatus(
             tr("Sprite number %1 is still in use after a deletion: the new sprite is number %2.").arg(count).arg(number));
     const QString text = m_ui->txtNo->text().isEmpty() ? RowKeyNumber::RowText(number, count) : m_ui->txtNo->text();
-    const int row = sprites.addRow(RowKeyNumber::Key(KeyPrefix, number), text);
-    // The count the new key was formed from, taken before the addition.
-    m_ui->txtNum->setText(QString::number(count));
-    return row;
+    return ListViewModel::Row{RowKeyNumber::Key(KeyPrefix, number), text, {}, Qt::Unchecked};
 }
 
 void SpriteTexturePage::WarnOfFieldsOutOfRange(const QString& number, int x, int y, int width, int height)
@@ -371,7 +378,7 @@ void SpriteTexturePage::LoadSprite(const QString& key, const QString& text)
 void SpriteTexturePage::cmdDrawSprite_Click()
 {
     m_state.lsvSpriteDrawLisr.clear();
-    if (m_state.lsvSpriteIndex.count() >= 3 && m_state.IsBitmapLoaded)
+    if (m_state.lsvSpriteIndex.count() >= 3 && m_state.document().IsBitmapLoaded())
         m_state.AppendSpriteOutlines(m_checklist->TickedKeys());
     m_state.RedrawOutlines();
 }

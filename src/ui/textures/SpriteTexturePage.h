@@ -1,9 +1,11 @@
 #pragma once
 
 #include "ui/common/EditorPage.h"
+#include "common/ListViewModel.h"
 #include "ui/textures/SpriteEntry.h"
 
 #include <memory>
+#include <optional>
 
 class DrawChecklist;
 class QLineEdit;
@@ -61,7 +63,10 @@ private:
     void ReportFault(const SpriteEntry::Check& check);
     // The frame written into the complete list; false when nothing was stored.
     bool StoreEditedSprite(bool isNew, const SpriteEntry& entry);
-    int StoreRow(bool isNew);
+    // The row to store: the one being edited as it is, or a new one.
+    std::optional<ListViewModel::Row> StoreRow(bool isNew);
+    // txtNum follows the sprite rows while a list is open.
+    void ShowSpriteCount();
     void WarnOfFieldsOutOfRange(const QString& number, int x, int y, int width, int height);
     void LoadSprite(const QString& key, const QString& text);
     void EnableSpriteBoxes(bool enabled);

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "list/ListViewSet.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class QUndoStack;
+class RowEditCommand;
+
+// The open texture list: its six content views (the working copy of its
+// tables), the files it belongs to, its game version, and the undo stack of
+// the edits made to it. Every change to the rows goes through one of the
+// edit functions below, each one entry of the undo stack; "modified" is
+// "not at the stack's clean state", and a save marks that state.
+//
+// An edit that cannot be made (no row with the key, a key already taken,
+// nothing that would change) changes nothing and pushes nothing.
+class ListDocument : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ListDocument(QObject* parent = nullptr);
+    ~ListDocument() override;
+
+    ListViewSet& views() { return m_views; }
+    const ListViewSet& views() const { return m_views; }
+    QUndoStack* undoStack() const { return m_undoStack.get(); }
+
+    bool isModified() const;
+    // The list now matches its file: Save, Save As, a load.
+    void markSaved();
+    // The history dropped with the list it was made on: before a load.
+    void clearHistory();
+    // No list: every view emptied, the history and the file names dropped.
+    void close();
+
+    const QString& ListFileName() const { return m_listFileName; }
+    const QString& LevelFileName() const { return m_levelFileName; }
+    const QString& BitmapFileName() const { return m_bitmapFileName; }
+    quint32 ListVersion() const { return m_listVersion; }
+    bool IsListOpen() const { return m_isListOpen; }
+    bool IsBitmapLoaded() const { return m_isBitmapLoaded; }
+    bool IsDataFromLevel() const { return m_isDataFromLevel; }
+    int NumberOfTiles() const { return m_numberOfTiles; }
+
+    void setListFileName(const QString& name) { m_listFileName = name; }
+    void setLevelFileName(const QString& name) { m_levelFileName = name; }
+    void setBitmapFileName(const QString& name) { m_bitmapFileName = name; }
+    void setListVersion(quint32 version) { m_listVersion = version; }
+    void setListOpen(bool open) { m_isListOpen = open; }
+    void setBitmapLoaded(bool loaded) { m_isBitmapLoaded = loaded; }
+    void setDataFromLevel(bool fromLevel) { m_isDataFromLevel = fromLevel; }
+    void setNumberOfTiles(int tiles) { m_numberOfTiles = tiles; }
+
+    // Edits of the object textures, sprite textures and sprite sequences:
+    // a row added (its key and text given), a row's sub-items replaced, a
+    // row deleted, each by key.
+    bool AddTexture(const ListViewModel::Row& row);
+    bool EditTexture(const QString& key, const QStringList& subItems);
+    bool DeleteTexture(const QString& key);
+    bool AddSprite(const ListViewModel::Row& row);
+    bool EditSprite(const QString& key, const QStringList& subItems);
+    bool DeleteSprite(const QString& key);
+    bool AddSequence(const ListViewModel::Row& row);
+    bool EditSequence(const QString& key, const QStringList& subItems);
+    bool DeleteSequence(const QString& key);
+    // An animated texture range built whole from its textures: a new range
+    // numbered number, or the textures of range number replaced.
+    bool AddAnimation(const QString& number, const QStringList& textures);
+    bool EditAnimation(const QString& number, const QStringList& textures);
+    bool DeleteAnimation(const QString& number);
+    // One of the content views sorted by a column: the order it is saved in.
+    bool SortRows(ListViewModel& view, int column, Qt::SortOrder order);
+
+    // The name of a content view in command texts ("Textures"); empty for
+    // a model that is not one of them.
+    QString TableName(const ListViewModel& view) const;
+
+signals:
+    // The list came to differ from its file, or to match it again.
+    void modifiedChanged(bool modified);
+
+private:
+    bool Push(std::unique_ptr<RowEditCommand> command);
+
+    ListViewSet m_views;
+    std::unique_ptr<QUndoStack> m_undoStack;
+    QString m_listFileName;
+    QString m_levelFileName;
+    QString m_bitmapFileName;
+    quint32 m_listVersion = 45;
+    bool m_isListOpen = false;
+    bool m_isBitmapLoaded = false;
+    bool m_isDataFromLevel = false;
+    int m_numberOfTiles = 0;
+};

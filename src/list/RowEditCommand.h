@@ -1,0 +1,32 @@
+#pragma once
+
+#include "list/RowEditLog.h"
+
+#include <QUndoCommand>
+
+// One edit of an open list as an entry of its undo stack. The list document
+// applies an edit before pushing it (apply), so an edit that cannot be made
+// never reaches the stack; the stack's first redo then finds the work done.
+// Later undos and redos replay the rows the edit changed, never rebuilding a
+// whole list.
+class RowEditCommand : public QUndoCommand
+{
+public:
+    explicit RowEditCommand(const QString& text);
+
+    // Makes the edit now; false, with every row as it was, when it cannot be
+    // made or changes nothing.
+    bool apply();
+
+    void undo() override;
+    void redo() override;
+
+protected:
+    // Makes the edit through log; false when it cannot be made.
+    virtual bool perform(RowEditLog& log) = 0;
+
+private:
+    RowEditLog m_log;
+    bool m_appliedOnce = false;
+    bool m_redoPending = false;
+};
