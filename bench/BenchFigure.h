@@ -14,4 +14,8 @@ public:
     virtual QString name() const = 0;
     virtual QString unit() const = 0;
     virtual std::optional<double> measure() = 0;
+    // A figure of resident memory growth reads nothing in a process whose
+    // earlier figures left freed memory behind for it to reuse: it is
+    // measured in a process of its own when others run beside it.
+    virtual bool needsOwnProcess() const { return false; }
 };

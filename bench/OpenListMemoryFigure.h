@@ -11,4 +11,5 @@ public:
     QString name() const override { return QStringLiteral("open_list_memory_mb"); }
     QString unit() const override { return QStringLiteral("MB"); }
     std::optional<double> measure() override;
+    bool needsOwnProcess() const override { return true; }
 };
