@@ -39,6 +39,7 @@ namespace {
 constexpr int TriangleRow = 25;
 const QString OldLine = QStringLiteral("a line about the earlier state");
 
+// A sprite, an animation and a sequence half entered on their pages.
 void BeBusyBesideTextures(PageUser& user)
 {
     user.showTab(3);
@@ -124,7 +125,6 @@ void BeBusy(EditorFixture& f, PageUser& user, bool everyPage)
     user.press("cmdFlipVert");
     user.press("cmdAttrib");
     f.window->statusBar()->showMessage(OldLine);
-    QCOMPARE(user.text("txtHiLo_0"), QString());
     QVERIFY(f.find<QCheckBox>("chkFreeCorners")->isChecked());
     QVERIFY(!f.window->state().picture()->Picture1()->editOutline().isEmpty());
 }
