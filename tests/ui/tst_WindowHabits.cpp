@@ -84,7 +84,16 @@ void tst_WindowHabits::titleNamesTheListAndMarksChanges()
     QVERIFY(!f.window->isWindowModified());
     QVERIFY(f.editTexture());
     QVERIFY(f.window->isWindowModified());
+    // The mark follows the history back to the state the file holds.
+    f.find<QAction>("mnuEditUndo")->trigger();
+    QVERIFY(!f.window->isWindowModified());
+    f.find<QAction>("mnuEditRedo")->trigger();
+    QVERIFY(f.window->isWindowModified());
     f.find<QAction>("mnuFileSaveList")->trigger();
+    QVERIFY(!f.window->isWindowModified());
+    f.find<QAction>("mnuEditUndo")->trigger();
+    QVERIFY(f.window->isWindowModified());
+    f.find<QAction>("mnuEditRedo")->trigger();
     QVERIFY(!f.window->isWindowModified());
     f.find<QAction>("mnuFileCloseList")->trigger();
     QCOMPARE(f.window->windowTitle(), QStringLiteral("Brindle[*]"));
@@ -152,6 +161,12 @@ void tst_WindowHabits::deleteKeyRemovesTheChosenRow()
     QTest::keyClick(view, Qt::Key_Delete);
     QCOMPARE(view->listModel()->count(), before - 1);
     QCOMPARE(view->listModel()->findKey(gone), -1);
+    // The key deletes as the list's edits do: one step of the history.
+    QVERIFY(f.window->isWindowModified());
+    f.find<QAction>("mnuEditUndo")->trigger();
+    QCOMPARE(view->listModel()->count(), before);
+    QCOMPARE(view->listModel()->findKey(gone), 1);
+    QVERIFY(!f.window->isWindowModified());
 }
 
 void tst_WindowHabits::zoomKeysStepTheZoom()

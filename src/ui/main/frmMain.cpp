@@ -658,7 +658,9 @@ void frmMain::LoadBitmap()
     d.setNumberOfTiles(int(std::nearbyint(view.PictureHeight() / 256.0)));
     m_objectPage->SetTileQty(QString::number(d.NumberOfTiles()));
     m_ui->lblNbTiles->setText(QString::number(d.NumberOfTiles()));
-    m_ui->lblTileShow->setText(QStringLiteral("0"));
+    // Where the mouse was over the bitmap before is no place on this one.
+    for (QLabel* label : {m_ui->lblTileShow, m_ui->lblMousePosX, m_ui->lblMousePosY})
+        label->setText(QStringLiteral("0"));
     for (EditorPage* page : m_pages)
         page->BitmapLoaded(d.BitmapFileName());
     EnableZoom(true);

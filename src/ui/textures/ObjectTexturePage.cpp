@@ -93,9 +93,7 @@ bool ObjectTexturePage::IsEditingFrame() const
 
 void ObjectTexturePage::ResetPage()
 {
-    ShowViewing();
-    ClearTextureEdition();
-    ShowAttribute(0);
+    ForgetEditedTexture();
     // The window starts with the sides button offering a quad.
     m_sides = 4;
     m_ui->cmdSides->setText(MakeQuad);
@@ -110,23 +108,20 @@ void ObjectTexturePage::ClearPage()
     m_state.lsvDrawList.clear();
     m_ui->txtTextureQty->clear();
     m_ui->txtTileQty->clear();
-    ShowViewing();
-    ClearTextureEdition();
+    ForgetEditedTexture();
 }
 
 void ObjectTexturePage::ListLoaded()
 {
     // A texture half entered belongs to the list that was open before.
-    ShowViewing();
-    ClearTextureEdition();
+    ForgetEditedTexture();
     m_ui->cmdAdd->setEnabled(true);
     m_ui->cmdCancel->setEnabled(true);
 }
 
 void ObjectTexturePage::ListClosed()
 {
-    ShowViewing();
-    ClearTextureEdition();
+    ForgetEditedTexture();
     m_ui->cmdAdd->setEnabled(false);
     m_ui->cmdCancel->setEnabled(false);
 }
@@ -225,9 +220,7 @@ void ObjectTexturePage::AcceptEditing()
         if (!stored)
             return;
     }
-    m_ui->cmdEdit->setText(Edit);
-    ShowViewing();
-    ClearTextureEdition();
+    ForgetEditedTexture();
 }
 
 void ObjectTexturePage::cmdDel_Click()
@@ -237,15 +230,41 @@ void ObjectTexturePage::cmdDel_Click()
     if (selected < 0)
         return;
     // The rows after it keep their numbers: animations refer to them.
-    m_state.document().DeleteTexture(textures.key(selected));
-    ShowViewing();
-    ClearTextureEdition();
+    const QString number = textures.text(selected);
+    if (m_state.document().DeleteTexture(textures.key(selected)))
+        m_state.ShowStatus(tr("Deleted texture %1: Edit, Undo brings it back.").arg(number));
+    ForgetEditedTexture();
 }
 
 void ObjectTexturePage::cmdCancel_Click()
 {
     m_state.views.lsvTextures.setSelectedRow(-1);
     ShowViewing();
+}
+
+void ObjectTexturePage::DocumentRewound()
+{
+    ListLoaded();
+    // The chosen row, as the undo or redo left it, is shown again.
+    const ListViewModel& textures = m_state.views.lsvTextures;
+    const int chosen = textures.selectedRow();
+    if (chosen >= 0 && chosen < textures.count())
+        LoadTextureRow(chosen);
+}
+
+void ObjectTexturePage::ForgetEditedTexture()
+{
+    // An empty quad, unflipped, with a rectangle's corners and attribute 0:
+    // nothing of a texture shown or entered before stays in the frame.
+    ShowSides(4);
+    Corners().ShowFourthCornerInUse(true);
+    SetFreeCorners(false);
+    m_flips = {};
+    SetFlipCaptions();
+    ShowAttribute(0);
+    m_attributeChosen = false;
+    ShowViewing();
+    ClearTextureEdition();
 }
 
 void ObjectTexturePage::ShowViewing()

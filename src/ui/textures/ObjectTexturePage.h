@@ -40,6 +40,7 @@ public:
     void ClearPage() override;
     void ListLoaded() override;
     void ListClosed() override;
+    void DocumentRewound() override;
 
     // The counters beside the edition frame: textures of the list, tiles of the bitmap.
     void SetTextureQty(const QString& text);
@@ -87,6 +88,8 @@ private:
     void AcceptAdding();
     void AcceptEditing();
     void ShowViewing();
+    // Back to viewing with the frame emptied, as no texture had been shown.
+    void ForgetEditedTexture();
     void ShowTextureNumber();
 
     // The frame's texture written into the complete list through the
