@@ -12,8 +12,7 @@ namespace {
 int Cell(const ListViewModel& textures, int row, int column)
 {
     // Cells hold what a level gave: read as a bounded int, never beyond.
-    return int(qBound<qint64>(-(qint64(1) << 30), NumberText::valueOf(textures.subItem(row, column)),
-                              qint64(1) << 30));
+    return int(qBound<qint64>(-(qint64(1) << 30), textures.subItemNumber(row, column), qint64(1) << 30));
 }
 
 } // namespace
@@ -65,13 +64,12 @@ QRect ObjectTextureRow::Bounds() const
     return QRect(left, tile * TextureGeometry::TileSize + top, right - left, bottom - top);
 }
 
-QStringList ObjectTextureRow::DrawColumns() const
+OutlineColumns ObjectTextureRow::DrawColumns() const
 {
-    const bool triangle = IsTriangle();
-    QStringList columns{triangle ? QStringLiteral("3") : QStringLiteral("4")};
-    for (int i : triangle ? QList<int>{0, 1, 2} : QList<int>{0, 2}) {
-        const QPoint corner = BitmapCorner(i);
-        columns << QString::number(corner.x()) << QString::number(corner.y());
-    }
+    OutlineColumns columns(IsTriangle() ? 3 : 4);
+    columns.append(BitmapCorner(0));
+    if (IsTriangle())
+        columns.append(BitmapCorner(1));
+    columns.append(BitmapCorner(2));
     return columns;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "level/ObjectTexture.h"
+#include "list/OutlineColumns.h"
 
 #include <QPoint>
 #include <QRect>
@@ -40,7 +41,7 @@ public:
     QRect Bounds() const;
     // The draw list's "NumSide" and corner columns: a quad's two opposite
     // corners (1 and 3), or a triangle's three corners.
-    QStringList DrawColumns() const;
+    OutlineColumns DrawColumns() const;
 
     // Sub-item numbers of the complete texture list: the record's own.
     static constexpr int TileColumn = ObjectTexture::TileColumn;

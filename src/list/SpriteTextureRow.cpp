@@ -1,14 +1,13 @@
 #include "list/SpriteTextureRow.h"
 
 #include "common/ListViewModel.h"
-#include "common/NumberText.h"
 #include "list/TextureGeometry.h"
 
 namespace {
 
 int Cell(const ListViewModel& sprites, int row, int column, int lowest, int highest)
 {
-    return int(qBound(qint64(lowest), NumberText::valueOf(sprites.subItem(row, column)), qint64(highest)));
+    return int(qBound(qint64(lowest), sprites.subItemNumber(row, column), qint64(highest)));
 }
 
 } // namespace
@@ -40,10 +39,10 @@ QPoint SpriteTextureRow::SecondCorner() const
     return FirstCorner() + QPoint(SpanOf(width), SpanOf(height));
 }
 
-QStringList SpriteTextureRow::DrawColumns() const
+OutlineColumns SpriteTextureRow::DrawColumns() const
 {
-    const QPoint first = FirstCorner();
-    const QPoint second = SecondCorner();
-    return {QStringLiteral("4"), QString::number(first.x()), QString::number(first.y()), QString::number(second.x()),
-            QString::number(second.y())};
+    OutlineColumns columns(4);
+    columns.append(FirstCorner());
+    columns.append(SecondCorner());
+    return columns;
 }

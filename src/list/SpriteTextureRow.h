@@ -1,5 +1,7 @@
 #pragma once
 
+#include "list/OutlineColumns.h"
+
 #include <QRect>
 #include <QStringList>
 
@@ -28,7 +30,7 @@ public:
     QPoint FirstCorner() const;
     QPoint SecondCorner() const;
     // The draw list's "NumSide" and corner columns: "4", X1, Y1, X2, Y2.
-    QStringList DrawColumns() const;
+    OutlineColumns DrawColumns() const;
 
     static int SpanOf(int size) { return (size - 255) / 256; }
     static int SizeOf(int span) { return span * 256 + 255; }

@@ -121,12 +121,21 @@ private slots:
         QCOMPARE(image.pixel(7, 9), Magenta);
     }
 
-    // Every pixel of twelve tiles of random words against a decoding of its
-    // own: tile 0 at the top, rows in order, and the seams where the bitmap
-    // is written out in pieces (a mebibyte falls inside a tile and a pixel).
+    // Every pixel of tiles of random words against a decoding of its own:
+    // tile 0 at the top, rows in order, and the seams where the level is
+    // read and the bitmap written out in pieces, which fall inside tiles and
+    // pixels and leave a short last piece for odd counts.
+    void everyPixelOfManyTiles_data()
+    {
+        QTest::addColumn<int>("tiles");
+        QTest::newRow("one") << 1;
+        QTest::newRow("five") << 5;
+        QTest::newRow("twelve") << 12;
+    }
+
     void everyPixelOfManyTiles()
     {
-        const int tiles = 12;
+        QFETCH(int, tiles);
         QByteArray words(tiles * SyntheticLevel::Tile16Size, Qt::Uninitialized);
         quint32 state = 7;
         for (qsizetype at = 0; at < words.size(); at += 2) {

@@ -19,14 +19,23 @@ void tst_ObjectTextureRow::boundsCornersAndSides_data()
     QTest::addColumn<QRect>("bounds");
     QTest::addColumn<QPoint>("corner3");
     QTest::addColumn<int>("sides");
+    QTest::addColumn<QList<int>>("drawn"); // the draw list's "NumSide" and corners
     QTest::newRow("square 0-63") << QList<int>{0, 0, 0, 0, 63, 0, 63, 63, 0, 63, 1, 1, 255, 1, 255, 255, 1, 255}
-                                 << QRect(0, 0, 64, 64) << QPoint(63, 63) << 4;
+                                 << QRect(0, 0, 64, 64) << QPoint(63, 63) << 4 << QList<int>{4, 0, 0, 63, 63};
     QTest::newRow("flipped, tile 2") << QList<int>{2, 0, 73, 40, 10, 40, 10, 8, 73, 8, 255, 255, 1, 255, 1, 1, 255, 1}
-                                     << QRect(10, 520, 64, 33) << QPoint(10, 520) << 4;
+                                     << QRect(10, 520, 64, 33) << QPoint(10, 520) << 4
+                                     << QList<int>{4, 73, 552, 10, 520};
     QTest::newRow("triangle, tile 1") << QList<int>{1, 0, 64, 64, 127, 64, 64, 127, 0, 0, 1, 1, 255, 1, 1, 255, 0, 0}
-                                      << QRect(64, 320, 64, 64) << QPoint(64, 383) << 3;
+                                      << QRect(64, 320, 64, 64) << QPoint(64, 383) << 3
+                                      << QList<int>{3, 64, 320, 127, 320, 64, 383};
     QTest::newRow("corner 4 at 0 but marked") << QList<int>{0, 0, 0, 0, 9, 0, 9, 9, 0, 0, 1, 1, 255, 1, 255, 255, 1, 0}
-                                              << QRect(0, 0, 10, 10) << QPoint(9, 9) << 4;
+                                              << QRect(0, 0, 10, 10) << QPoint(9, 9) << 4
+                                              << QList<int>{4, 0, 0, 9, 9};
+    // Numbers no level holds are cut to what the bitmap arithmetic can take.
+    const int far = 1 << 30, top = 0xFFFF * 256;
+    QTest::newRow("beyond any level") << QList<int>{70000, 0, -5, 2000000000, 9, 0, 9, 9, 0, 9, 1, 1, 1, 1, 1, 1, 1, 1}
+                                      << QRect(-5, top, 14, far) << QPoint(9, top + 9) << 4
+                                      << QList<int>{4, -5, top + far, 9, top + 9};
 }
 
 void tst_ObjectTextureRow::boundsCornersAndSides()
@@ -35,6 +44,7 @@ void tst_ObjectTextureRow::boundsCornersAndSides()
     QFETCH(QRect, bounds);
     QFETCH(QPoint, corner3);
     QFETCH(int, sides);
+    QFETCH(QList<int>, drawn);
     ListViewModel lsvTextures;
     QStringList texts;
     for (int cell : cells)
@@ -46,6 +56,8 @@ void tst_ObjectTextureRow::boundsCornersAndSides()
     QCOMPARE(geometry->Bounds(), bounds);
     QCOMPARE(geometry->BitmapCorner(2), corner3);
     QCOMPARE(geometry->IsTriangle() ? 3 : 4, sides);
+    const OutlineColumns columns = geometry->DrawColumns();
+    QCOMPARE(QList<int>(columns.begin(), columns.end()), drawn);
 }
 
 QTEST_MAIN(tst_ObjectTextureRow)

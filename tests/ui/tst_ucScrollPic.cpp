@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -33,6 +34,8 @@ private slots:
     void zoomBarSetsLabelAndView();
     void paintingShowsSharpPixels();
     void theEditOutlineOutlivesRedraws();
+    void shapesKeepTheirOwnColours_data();
+    void shapesKeepTheirOwnColours();
 
 private:
     static QString bitmap(ScratchDir& dir, int tiles);
@@ -300,6 +303,48 @@ void tst_ucScrollPic::theEditOutlineOutlivesRedraws()
 
     view.NoPicture();
     QVERIFY(canvas.editOutline().isEmpty());
+}
+
+void tst_ucScrollPic::shapesKeepTheirOwnColours_data()
+{
+    QTest::addColumn<QList<QColor>>("colours");
+    QTest::newRow("one colour") << QList<QColor>{Qt::yellow, Qt::yellow, Qt::yellow};
+    QTest::newRow("a colour and back") << QList<QColor>{Qt::yellow, Qt::cyan, Qt::yellow};
+    QTest::newRow("each its own") << QList<QColor>{Qt::magenta, Qt::cyan, Qt::yellow};
+}
+
+// Outlines and labels of one text drawn in turn: each shows in the colour it
+// was drawn with, whatever was drawn before it and however often its label
+// has been painted.
+void tst_ucScrollPic::shapesKeepTheirOwnColours()
+{
+    QFETCH(QList<QColor>, colours);
+    ScratchDir dir;
+    ucScrollPic view;
+    view.resize(300, 300);
+    view.LoadOnePicture(bitmap(dir, 1));
+    for (int i = 0; i < colours.size(); ++i) {
+        view.DrawContour(10 + 80 * i, 10, 70 + 80 * i, 70, colours[i]);
+        view.PutText(20 + 80 * i, 100, QStringLiteral("17"), colours[i]);
+    }
+    for (int paint = 0; paint < 2; ++paint) {
+        QImage shot(view.Picture1()->size(), QImage::Format_RGB32);
+        QPainter painter(&shot);
+        view.Picture1()->paintView(painter, shot.rect());
+        painter.end();
+        for (int i = 0; i < colours.size(); ++i) {
+            QCOMPARE(QColor(shot.pixel(10 + 80 * i, 40)), colours[i]);
+            QCOMPARE(QColor(shot.pixel(70 + 80 * i, 40)), colours[i]);
+            QCOMPARE(QColor(shot.pixel(40 + 80 * i, 70)), colours[i]);
+            QSet<QRgb> label;
+            for (int y = 100; y < 120; ++y) {
+                for (int x = 20 + 80 * i; x < 50 + 80 * i; ++x)
+                    label.insert(shot.pixel(x, y));
+            }
+            for (const QColor& other : colours)
+                QCOMPARE(label.contains(other.rgb()), other == colours[i]);
+        }
+    }
 }
 
 QTEST_MAIN(tst_ucScrollPic)

@@ -225,6 +225,11 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
     QColor penColor;
+    // One brush for a run of contours of one colour: the paint engine takes
+    // a brush it has just used as it stands, where a colour is made into a
+    // fill afresh for every side.
+    QColor brushColor;
+    QBrush brush;
     for (int index : seen) {
         const Shape& shape = m_shapes[size_t(index)];
         if (!visible.intersects(shape.bounds))
@@ -235,7 +240,11 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
         }
         switch (shape.kind) {
         case Shape::Contour:
-            paintContour(painter, Spanning(shape.p1, shape.p2), shape.color);
+            if (shape.color != brushColor) {
+                brushColor = shape.color;
+                brush = QBrush(brushColor);
+            }
+            paintContour(painter, Spanning(shape.p1, shape.p2), brush);
             break;
         case Shape::Line:
             painter.drawLine(shape.p1, shape.p2);
@@ -247,13 +256,13 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
     }
 }
 
-void ucScrollPicCanvas::paintContour(QPainter& painter, const QRect& r, const QColor& color)
+void ucScrollPicCanvas::paintContour(QPainter& painter, const QRect& r, const QBrush& brush)
 {
     // Four one-pixel fills: the same pixels as a stroked outline, far cheaper.
-    painter.fillRect(r.left(), r.top(), r.width(), 1, color);
-    painter.fillRect(r.left(), r.bottom(), r.width(), 1, color);
-    painter.fillRect(r.left(), r.top(), 1, r.height(), color);
-    painter.fillRect(r.right(), r.top(), 1, r.height(), color);
+    painter.fillRect(QRect(r.left(), r.top(), r.width(), 1), brush);
+    painter.fillRect(QRect(r.left(), r.bottom(), r.width(), 1), brush);
+    painter.fillRect(QRect(r.left(), r.top(), 1, r.height()), brush);
+    painter.fillRect(QRect(r.right(), r.top(), 1, r.height()), brush);
 }
 
 void ucScrollPicCanvas::paintEditOutline(QPainter& painter) const
@@ -268,7 +277,7 @@ void ucScrollPicCanvas::paintEditOutline(QPainter& painter) const
 
 const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& color) const
 {
-    const QString key = color.name(QColor::HexArgb) + text;
+    const LabelKey key{color.rgba(), text};
     auto found = m_labels.constFind(key);
     if (found != m_labels.constEnd())
         return *found;

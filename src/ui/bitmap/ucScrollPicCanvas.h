@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBrush>
 #include <QColor>
 #include <QHash>
 #include <QImage>
@@ -91,7 +92,7 @@ private:
     void paintBitmap(QPainter& painter, const QRect& visible) const;
     void paintShapes(QPainter& painter, const QRect& visible) const;
     void paintHighlight(QPainter& painter) const;
-    static void paintContour(QPainter& painter, const QRect& rectangle, const QColor& color);
+    static void paintContour(QPainter& painter, const QRect& rectangle, const QBrush& brush);
     void paintEditOutline(QPainter& painter) const;
     QPolygon zoomedEditOutline() const;
     // The viewport pixels the edit outline covers.
@@ -112,9 +113,18 @@ private:
     QColor m_selectionColor;
     QPolygon m_editOutline;
     QColor m_editOutlineColor;
-    // Labels are numbers that repeat at every redraw: each is laid out once.
+    // Labels are numbers that repeat at every redraw: each is laid out once,
+    // and found again by its colour's value and its text, with no key text
+    // spelt for each label of each paint.
+    struct LabelKey
+    {
+        QRgb color;
+        QString text;
+        friend bool operator==(const LabelKey& a, const LabelKey& b) { return a.color == b.color && a.text == b.text; }
+        friend size_t qHash(const LabelKey& key, size_t seed) { return qHashMulti(seed, key.color, key.text); }
+    };
     const QImage& labelImage(const QString& text, const QColor& color) const;
-    mutable QHash<QString, QImage> m_labels;
+    mutable QHash<LabelKey, QImage> m_labels;
     // A label's size from the advances of its characters, each measured
     // once: laying out tens of thousands of labels one by one costs more
     // than drawing them.

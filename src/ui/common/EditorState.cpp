@@ -157,12 +157,12 @@ void AppendOutlines(const ListViewModel& source, const QStringList& keys, ListVi
         const int row = source.findKey(key);
         if (row < 0)
             continue;
-        const QStringList columns = RowReader::Read(source, row).DrawColumns();
+        const OutlineColumns columns = RowReader::Read(source, row).DrawColumns();
         cells.emplace_back(); // no key
         cells.push_back(source.cell(row, 0));
-        for (const QString& column : columns)
-            cells.emplace_back(column);
-        sizes.push_back(2 + int(columns.size()));
+        for (const int column : columns)
+            cells.push_back(ListCell::number(column));
+        sizes.push_back(2 + columns.size());
     }
     drawList.appendCellRows(std::move(cells), sizes);
 }
