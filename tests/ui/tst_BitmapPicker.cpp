@@ -1,4 +1,5 @@
 #include "common/ListViewModel.h"
+#include "list/ListDocument.h"
 #include "list/ObjectTextureRow.h"
 #include "list/SpriteTextureRow.h"
 #include "ui/bitmap/ucScrollPic.h"
@@ -18,6 +19,7 @@
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTest>
+#include <QUndoStack>
 
 // The bitmap and the lists answer each other: a chosen row is outlined and
 // shown, a click on the bitmap chooses what lies under it, Draw brings its
@@ -118,6 +120,14 @@ void tst_BitmapPicker::aChosenRowIsOutlinedAndShown()
     w.f.find<QScrollBar>("hscrlZoom")->setValue(3);
     QCOMPARE(w.view()->Highlight(), outline);
     list->listModel()->setSelectedRow(-1);
+    QVERIFY(w.view()->Highlight().isEmpty());
+    // A deleted row takes its outline with it; its undo does not choose it.
+    UserActions::ClickRow(list, row);
+    ListDocument& document = w.f.window->document();
+    const QString key = rows.key(row);
+    QVERIFY(sprite ? document.DeleteSprite(key) : document.DeleteTexture(key));
+    QVERIFY(w.view()->Highlight().isEmpty());
+    document.undoStack()->undo();
     QVERIFY(w.view()->Highlight().isEmpty());
 }
 

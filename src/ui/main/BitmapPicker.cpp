@@ -53,14 +53,17 @@ void BitmapPicker::ConnectList(ListViewModel& rows, Kind kind)
 {
     const auto follow = [this, kind] { OutlineChosen(kind); };
     connect(&rows, &ListViewModel::selectedRowChanged, this, follow);
-    connect(&rows, &QAbstractItemModel::dataChanged, this, [this, kind] {
+    // Whatever moves, edits or removes rows (an edit, a deletion, an undo, a
+    // sort, a reload) may move or end the outlined row.
+    const auto refresh = [this, kind] {
         if (m_outlined == kind)
             OutlineChosen(kind);
-    });
-    connect(&rows, &QAbstractItemModel::modelReset, this, [this, kind] {
-        if (m_outlined == kind)
-            OutlineChosen(kind);
-    });
+    };
+    connect(&rows, &QAbstractItemModel::dataChanged, this, refresh);
+    connect(&rows, &QAbstractItemModel::modelReset, this, refresh);
+    connect(&rows, &QAbstractItemModel::rowsRemoved, this, refresh);
+    connect(&rows, &QAbstractItemModel::rowsInserted, this, refresh);
+    connect(&rows, &QAbstractItemModel::layoutChanged, this, refresh);
 }
 
 void BitmapPicker::OutlineChosen(Kind kind)
