@@ -19,9 +19,10 @@ class TemporaryNameGuard;
 //
 // The target is the file a symbolic link leads to; a replaced file keeps its
 // permissions. Temporary files that earlier versions left beside the target
-// when they were interrupted go once the target is written. Refused, before anything is written: a write-protected file,
-// and anything that is not a regular file (a folder, a device, a FIFO, a
-// socket), which a replacement would take away from what else uses it.
+// when they were interrupted go once the target is written. Refused, before
+// anything is written: a write-protected file, and anything that is not a
+// regular file (a folder, a device, a FIFO, a socket), which a replacement
+// would take away from what else uses it.
 class ReplacingFile
 {
 public:
