@@ -22,7 +22,9 @@ class BitmapPicker : public QObject
     Q_OBJECT
 
 public:
-    static inline const QColor SelectionColor = QColor(0, 220, 255);
+    // Orange: apart from the yellow outlines, the cyan of a texture being
+    // edited and the see-through magenta of most bitmaps.
+    static inline const QColor SelectionColor = QColor(255, 96, 0);
 
     explicit BitmapPicker(frmMain& window);
 
