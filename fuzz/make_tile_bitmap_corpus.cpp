@@ -4,6 +4,7 @@
 // a height its bytes cannot hold, a wrong width, cut copies, no image.
 
 #include "CorpusWriter.h"
+#include "common/ImageFile.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -12,15 +13,6 @@
 namespace {
 
 constexpr int Side = 256;
-
-QByteArray encoded(const QImage& image, const char* format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
-}
 
 QImage gradient(int tiles, QImage::Format format)
 {
@@ -44,26 +36,26 @@ QImage mono(int tiles)
 
 int main(int argc, char** argv)
 {
-    const QByteArray monoBmp = encoded(mono(2), "BMP");
+    const QByteArray monoBmp = ImageFile::encode(mono(2), "BMP");
     QByteArray tallBmp = monoBmp;
     qToLittleEndian<qint32>(Side * 4096, tallBmp.data() + 22);
-    QByteArray topDownBmp = encoded(mono(1), "BMP");
+    QByteArray topDownBmp = ImageFile::encode(mono(1), "BMP");
     qToLittleEndian<qint32>(-Side, topDownBmp.data() + 22);
-    const QByteArray alphaPng = encoded(gradient(2, QImage::Format_ARGB32), "PNG");
+    const QByteArray alphaPng = ImageFile::encode(gradient(2, QImage::Format_ARGB32), "PNG");
     QByteArray tallPng = alphaPng;
     qToBigEndian<quint32>(Side * 65536, tallPng.data() + 20);
     return CorpusWriter::run(argc, argv,
                              {{"bmp_mono_2", monoBmp},
                               {"bmp_mono_top_down", topDownBmp},
-                              {"bmp_mono_3", encoded(mono(3), "BMP")},
+                              {"bmp_mono_3", ImageFile::encode(mono(3), "BMP")},
                               {"bmp_tall_claim", tallBmp},
-                              {"bmp_narrow", encoded(QImage(128, Side, QImage::Format_Mono), "BMP")},
+                              {"bmp_narrow", ImageFile::encode(QImage(128, Side, QImage::Format_Mono), "BMP")},
                               {"bmp_cut", monoBmp.left(monoBmp.size() / 3)},
                               {"png_alpha_2", alphaPng},
-                              {"png_rgb_3", encoded(gradient(3, QImage::Format_RGB32), "PNG")},
-                              {"png_grey_2", encoded(gradient(2, QImage::Format_Grayscale8), "PNG")},
-                              {"png_palette_2", encoded(gradient(2, QImage::Format_Indexed8), "PNG")},
-                              {"png_one_tile", encoded(gradient(1, QImage::Format_RGB32), "PNG")},
+                              {"png_rgb_3", ImageFile::encode(gradient(3, QImage::Format_RGB32), "PNG")},
+                              {"png_grey_2", ImageFile::encode(gradient(2, QImage::Format_Grayscale8), "PNG")},
+                              {"png_palette_2", ImageFile::encode(gradient(2, QImage::Format_Indexed8), "PNG")},
+                              {"png_one_tile", ImageFile::encode(gradient(1, QImage::Format_RGB32), "PNG")},
                               {"png_tall_claim", tallPng},
                               {"png_cut", alphaPng.left(alphaPng.size() / 2)},
                               {"not_an_image", QByteArray("GIF89a, or anything else")}});

@@ -7,14 +7,12 @@
 #include "demo/DemoSurfaces.h"
 #include "demo/DemoTile16Encoder.h"
 #include "list/LevelListExtractor.h"
-#include "common/ReplacingFile.h"
+#include "common/ImageFile.h"
 #include "synthetic/SyntheticGeometry.h"
 #include "synthetic/SyntheticMeshSet.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QImageWriter>
-#include <QBuffer>
 
 namespace {
 
@@ -261,15 +259,9 @@ QStringList DemoLevel::paths(const QString& dir)
 
 bool DemoLevel::writeBitmap(const QString& path, FileError* error) const
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, "bmp");
-    if (!writer.write(bitmap()))
-        return fail(error, FileError::writing(path, writer.errorString()));
-    ReplacingFile file(path);
-    if (!file.open() || !file.write(bytes) || !file.commit())
-        return fail(error, file.error());
+    FileError failure;
+    if (!ImageFile::write(bitmap(), path, "bmp", ReplacingFile::NoOption, failure))
+        return fail(error, failure);
     return true;
 }
 

@@ -2,12 +2,11 @@
 
 #include "level/BinaryReader.h"
 #include "level/BitmapTileConverter.h"
+#include "common/ImageFile.h"
 #include "common/ReplacingFile.h"
 #include "level/WalkedLevelFile.h"
 
-#include <QBuffer>
 #include <QImage>
-#include <QImageWriter>
 #include <QtEndian>
 
 #include <cstring>
@@ -90,16 +89,10 @@ bool LevelTileBitmap::writePng(WalkedLevelFile& level)
             }
         }
     }
-    QByteArray encoded;
-    QBuffer buffer(&encoded);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, "png");
-    if (!writer.write(image))
-        return failWith(FileError::writing(m_bmpPath, writer.errorString()));
     // Like the BMP, the PNG can always be made again from the level.
-    ReplacingFile png(m_bmpPath, ReplacingFile::SkipDiskSync);
-    if (!png.open() || !png.write(encoded) || !png.commit())
-        return failWith(png.error());
+    FileError error;
+    if (!ImageFile::write(image, m_bmpPath, "png", ReplacingFile::SkipDiskSync, error))
+        return failWith(error);
     return true;
 }
 

@@ -3,6 +3,8 @@
 #include "level/TileBitmapReader.h"
 #include "level/TilePixelEncoder.h"
 
+#include "common/ImageFile.h"
+
 #include <QBuffer>
 #include <QImage>
 #include <QRandomGenerator>
@@ -28,15 +30,6 @@ QByteArray paletteWith(const QList<std::array<int, 4>>& entries)
         palette[index * 3 + 2] = char(b);
     }
     return palette;
-}
-
-QByteArray encoded(const QImage& image, const char* format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
 }
 
 QImage filled(int width, int height, QRgb colour, QImage::Format format = QImage::Format_RGB32)
@@ -168,17 +161,17 @@ private slots:
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("cause");
-        const QByteArray bmp = encoded(filled(256, 512, qRgb(1, 2, 3)), "BMP");
-        const QByteArray png = encoded(filled(256, 512, qRgb(1, 2, 3)), "PNG");
+        const QByteArray bmp = ImageFile::encode(filled(256, 512, qRgb(1, 2, 3)), "BMP");
+        const QByteArray png = ImageFile::encode(filled(256, 512, qRgb(1, 2, 3)), "PNG");
         QByteArray tallBmp = bmp;
         qToLittleEndian<qint32>(256 * 64, tallBmp.data() + 22);
         QByteArray tallPng = png;
         qToBigEndian<quint32>(256 * 65536, tallPng.data() + 20);
         QTest::newRow("not an image") << QByteArray("plain text, not pixels") << "not a BMP or PNG";
         QTest::newRow("empty") << QByteArray() << "not a BMP or PNG";
-        QTest::newRow("BMP too narrow") << encoded(filled(128, 256, 0xFF000000), "BMP") << "128 pixels wide";
-        QTest::newRow("PNG too wide") << encoded(filled(512, 256, 0xFF000000), "PNG") << "512 pixels wide";
-        QTest::newRow("half a tile high") << encoded(filled(256, 384, 0xFF000000), "BMP") << "384 pixels high";
+        QTest::newRow("BMP too narrow") << ImageFile::encode(filled(128, 256, 0xFF000000), "BMP") << "128 pixels wide";
+        QTest::newRow("PNG too wide") << ImageFile::encode(filled(512, 256, 0xFF000000), "PNG") << "512 pixels wide";
+        QTest::newRow("half a tile high") << ImageFile::encode(filled(256, 384, 0xFF000000), "BMP") << "384 pixels high";
         QTest::newRow("BMP truncated") << bmp.left(bmp.size() / 2) << "more than its";
         QTest::newRow("BMP claims more rows") << tallBmp << "more than its";
         QTest::newRow("BMP cut in its header") << bmp.left(20) << "cut short";
@@ -205,15 +198,15 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QRgb>("expected");
         const QImage::Format alpha = QImage::Format_ARGB32;
-        QTest::newRow("BMP colour") << encoded(filled(256, 256, qRgb(8, 130, 255)), "BMP") << qRgb(8, 130, 255);
-        QTest::newRow("BMP magenta") << encoded(filled(256, 256, 0xFFFF00FF), "BMP") << SeeThrough;
-        QTest::newRow("PNG opaque") << encoded(filled(256, 256, qRgb(8, 130, 255)), "PNG") << qRgb(8, 130, 255);
-        QTest::newRow("PNG alpha 127") << encoded(filled(256, 256, qRgba(8, 130, 255, 127), alpha), "PNG")
+        QTest::newRow("BMP colour") << ImageFile::encode(filled(256, 256, qRgb(8, 130, 255)), "BMP") << qRgb(8, 130, 255);
+        QTest::newRow("BMP magenta") << ImageFile::encode(filled(256, 256, 0xFFFF00FF), "BMP") << SeeThrough;
+        QTest::newRow("PNG opaque") << ImageFile::encode(filled(256, 256, qRgb(8, 130, 255)), "PNG") << qRgb(8, 130, 255);
+        QTest::newRow("PNG alpha 127") << ImageFile::encode(filled(256, 256, qRgba(8, 130, 255, 127), alpha), "PNG")
                                        << SeeThrough;
-        QTest::newRow("PNG alpha 128 is opaque") << encoded(filled(256, 256, qRgba(8, 130, 255, 128), alpha), "PNG")
+        QTest::newRow("PNG alpha 128 is opaque") << ImageFile::encode(filled(256, 256, qRgba(8, 130, 255, 128), alpha), "PNG")
                                                  << qRgb(8, 130, 255);
-        QTest::newRow("PNG opaque magenta") << encoded(filled(256, 256, 0xFFFF00FF, alpha), "PNG") << SeeThrough;
-        QTest::newRow("PNG grey") << encoded(filled(256, 256, qRgb(90, 90, 90)).convertToFormat(QImage::Format_Grayscale8), "PNG")
+        QTest::newRow("PNG opaque magenta") << ImageFile::encode(filled(256, 256, 0xFFFF00FF, alpha), "PNG") << SeeThrough;
+        QTest::newRow("PNG grey") << ImageFile::encode(filled(256, 256, qRgb(90, 90, 90)).convertToFormat(QImage::Format_Grayscale8), "PNG")
                                   << qRgb(90, 90, 90);
     }
 

@@ -6,6 +6,19 @@
 
 #include <algorithm>
 
+namespace {
+
+// Corners in bitmap pixels, in zoomed picture pixels.
+QPolygon Zoomed(const QPolygon& bitmapCorners, int zoom)
+{
+    QPolygon zoomed = bitmapCorners;
+    for (QPoint& corner : zoomed)
+        corner *= zoom;
+    return zoomed;
+}
+
+} // namespace
+
 ucScrollPicCanvas::ucScrollPicCanvas(QWidget* parent)
     : QWidget(parent)
 {
@@ -121,19 +134,11 @@ void ucScrollPicCanvas::clearEditOutline()
     m_editOutline.clear();
 }
 
-QPolygon ucScrollPicCanvas::zoomedEditOutline() const
-{
-    QPolygon zoomed = m_editOutline;
-    for (QPoint& corner : zoomed)
-        corner *= m_zoom;
-    return zoomed;
-}
-
 QRect ucScrollPicCanvas::editOutlineBounds() const
 {
     if (m_editOutline.isEmpty())
         return {};
-    return zoomedEditOutline().boundingRect().adjusted(-1, -1, 1, 1).translated(-m_offset);
+    return Zoomed(m_editOutline, m_zoom).boundingRect().adjusted(-1, -1, 1, 1).translated(-m_offset);
 }
 
 void ucScrollPicCanvas::setHighlight(const QPolygon& bitmapOutline, const QColor& color)
@@ -154,14 +159,7 @@ void ucScrollPicCanvas::paintHighlight(QPainter& painter) const
         paintContour(painter, Spanning(m_highlight[0] * zoom, m_highlight[1] * zoom), m_highlightColor);
         return;
     }
-    QPolygon zoomed;
-    for (const QPoint& corner : m_highlight)
-        zoomed << corner * zoom;
-    painter.save();
-    painter.setPen(QPen(m_highlightColor, 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPolygon(zoomed);
-    painter.restore();
+    paintPolygon(painter, Zoomed(m_highlight, zoom), m_highlightColor);
 }
 
 void ucScrollPicCanvas::paintEvent(QPaintEvent* event)
@@ -269,10 +267,17 @@ void ucScrollPicCanvas::paintEditOutline(QPainter& painter) const
 {
     if (m_editOutline.size() < 2)
         return;
+    paintPolygon(painter, Zoomed(m_editOutline, m_zoom), m_editOutlineColor);
+}
+
+void ucScrollPicCanvas::paintPolygon(QPainter& painter, const QPolygon& zoomed, const QColor& color)
+{
+    painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(m_editOutlineColor, 0));
-    painter.drawPolygon(zoomedEditOutline());
+    painter.setPen(QPen(color, 0));
+    painter.drawPolygon(zoomed);
+    painter.restore();
 }
 
 const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& color) const

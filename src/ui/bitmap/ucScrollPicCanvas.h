@@ -94,7 +94,8 @@ private:
     void paintHighlight(QPainter& painter) const;
     static void paintContour(QPainter& painter, const QRect& rectangle, const QBrush& brush);
     void paintEditOutline(QPainter& painter) const;
-    QPolygon zoomedEditOutline() const;
+    // A polygon in zoomed picture pixels, one pixel wide, not filled.
+    static void paintPolygon(QPainter& painter, const QPolygon& zoomed, const QColor& color);
     // The viewport pixels the edit outline covers.
     QRect editOutlineBounds() const;
     // Shapes are filed by the horizontal bands of the picture they cross, so
