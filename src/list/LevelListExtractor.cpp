@@ -5,11 +5,13 @@
 #include "list/LevelTableReader.h"
 #include "list/ListViewSet.h"
 
+#include <QDir>
+
 namespace {
 
 LevelListExtractor::Result failure(LevelListExtractor::Status status, const FileError& error)
 {
-    return {status, error};
+    return {status, error, {}};
 }
 
 LevelListExtractor::Result unreadable(LevelListExtractor::Status status, const QString& level, const QString& why)
@@ -42,5 +44,17 @@ LevelListExtractor::Result LevelListExtractor::Extract(const QString& levelPath,
     views.initList(list, listPath, levelPath, bitmapPath);
     if (list.PutAllListContents() != C_ListInfo::Success)
         return failure(Status::WriteFailed, list.Error());
-    return {};
+    Result done;
+    done.notice = RangelessNotice(views, levelPath);
+    return done;
+}
+
+QString LevelListExtractor::RangelessNotice(const ListViewSet& views, const QString& levelPath)
+{
+    if (views.lsvAnims.count() > 0 || (views.lsvSprites.count() == 0 && views.lsvSequences.count() == 0))
+        return {};
+    return QStringLiteral("%1 has no animation ranges, so its list cannot carry its sprite tables back into the "
+                          "level: a list saved without ranges keeps them 2 bytes past where its counts say. Add an "
+                          "animation range before saving the list.")
+        .arg(QDir::toNativeSeparators(levelPath));
 }

@@ -9,6 +9,8 @@
 
 #include <QFileInfo>
 #include <QImage>
+#include <QImageReader>
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -128,7 +130,13 @@ private slots:
         QTest::newRow("unknown command") << QStringList{"frobnicate"} << 1 << "";
         QTest::newRow("info without level") << QStringList{"info"} << 1 << "";
         QTest::newRow("unknown option") << QStringList{"info", "x.tr2", "--yaml"} << 1 << "";
-        QTest::newRow("extract without bitmap") << QStringList{"extract", "x.tr2", "-o", "x.trt"} << 1 << "";
+        QTest::newRow("extract without -o") << QStringList{"extract", "x.tr2", "--bitmap", "x.bmp"} << 1 << "";
+        QTest::newRow("extract to a new bitmap neither BMP nor PNG")
+            << QStringList{"extract", "{dir}/tiled.tr2", "--bitmap", "{dir}/new.jpg", "-o", "{dir}/refused.trt"} << 1
+            << "refused.trt";
+        QTest::newRow("extract a bitmap onto the level")
+            << QStringList{"extract", "{dir}/new.tr2", "--bitmap", "{dir}/new.tr2", "-o", "{dir}/refused.trt"} << 1
+            << "new.tr2";
         QTest::newRow("option without value") << QStringList{"insert", "a", "b", "-o"} << 1 << "";
         QTest::newRow("insert onto the level") << QStringList{"insert", level, "{dir}/list.trt", "-o", level} << 1 << "";
         QTest::newRow("info missing") << QStringList{"info", "/nonexistent/level.tr2"} << 2 << "";
@@ -138,6 +146,8 @@ private slots:
         QTest::newRow("extract TR1 level")
             << QStringList{"extract", "{dir}/tr1.tr2", "--bitmap", "{dir}/tiles.bmp", "-o", "{dir}/refused.trt"} << 2
             << "refused.trt";
+        QTest::newRow("extract tiles of a level without tiles")
+            << QStringList{"extract", level, "-o", "{dir}/untiled.trt"} << 2 << "untiled.bmp";
         QTest::newRow("extract with no bitmap")
             << QStringList{"extract", level, "--bitmap", "{dir}/text.bmp", "-o", "{dir}/refused.trt"} << 2
             << "refused.trt";
@@ -428,6 +438,80 @@ private slots:
         const QImage result(back);
         QCOMPARE(result.pixel(10, 260), painted ? painted : qRgb(255, 0, 255));
         QCOMPARE(result.pixel(0, 256), qRgb(255, 255, 255));
+    }
+
+    void extractWritesTheLevelsTilesAsTheBitmap_data()
+    {
+        QTest::addColumn<QStringList>("options"); // beside -o {dir}/{name}/list.trt
+        QTest::addColumn<QString>("existing");   // a bitmap there before, or ""
+        QTest::addColumn<QString>("bitmap");     // the one the list names
+        QTest::addColumn<bool>("written");
+        QTest::newRow("no --bitmap: LIST.bmp") << QStringList{} << "" << "list.bmp" << true;
+        QTest::newRow("--bitmap not there yet, BMP") << QStringList{"--bitmap", "{sub}/t.bmp"} << "" << "t.bmp" << true;
+        QTest::newRow("--bitmap not there yet, PNG") << QStringList{"--bitmap", "{sub}/t.png"} << "" << "t.png" << true;
+        QTest::newRow("--bitmap there: only read") << QStringList{"--bitmap", "{sub}/t.bmp"} << "t.bmp" << "t.bmp"
+                                                   << false;
+        QTest::newRow("no --bitmap, LIST.bmp there: only read") << QStringList{} << "list.bmp" << "list.bmp" << false;
+    }
+
+    // The bitmap a new list needs is the level's own tiles: made once, and
+    // a bitmap the user has (perhaps painted) is never replaced.
+    void extractWritesTheLevelsTilesAsTheBitmap()
+    {
+        QFETCH(QStringList, options);
+        QFETCH(QString, existing);
+        QFETCH(QString, bitmap);
+        QFETCH(bool, written);
+        const QString sub = m_dir.filePath(QStringLiteral("extract-%1").arg(QTest::currentDataTag()).replace(' ', '_'));
+        QVERIFY(QDir().mkpath(sub));
+        const QString level = m_dir.filePath(QStringLiteral("tiled.tr2"));
+        const QString list = sub + QStringLiteral("/list.trt");
+        const QString bitmapPath = sub + QLatin1Char('/') + bitmap;
+        QByteArray before;
+        if (!existing.isEmpty()) {
+            QVERIFY(QFile::copy(m_bitmap, bitmapPath));
+            before = ScratchDir::read(bitmapPath);
+        }
+        options.replaceInStrings(QStringLiteral("{sub}"), sub);
+        const Run run = cli(QStringList{"extract", level, "-o", list} + options);
+        QVERIFY2(run.exitCode == 0, run.err.constData());
+
+        C_ListInfo info;
+        QCOMPARE(info.InitForInsert(list), C_ListInfo::Success);
+        QCOMPARE(info.BitMapName(), bitmapPath);
+        const QList<QByteArray> lines = run.out.trimmed().split('\n');
+        QCOMPARE(lines.value(0), QFile::encodeName(list));
+        QCOMPARE(lines.value(1), written ? QFile::encodeName(bitmapPath) : QByteArray());
+        if (!written) {
+            QCOMPARE(ScratchDir::read(bitmapPath), before);
+            return;
+        }
+        // The same picture tiles draws, in the format the name asks for.
+        const QString reference = sub + QStringLiteral("/reference.") + QFileInfo(bitmap).suffix();
+        QCOMPARE(cli({"tiles", level, "-o", reference}).exitCode, 0);
+        QCOMPARE(QImage(bitmapPath), QImage(reference));
+        QCOMPARE(QImageReader(bitmapPath).format(), QFileInfo(bitmap).suffix().toLatin1());
+    }
+
+    void extractSaysWhenTheListCannotCarryItsSprites_data()
+    {
+        QTest::addColumn<QString>("level");
+        QTest::addColumn<bool>("noted");
+        QTest::newRow("ranges") << "level.tr2" << false;
+        QTest::newRow("sprites and a sequence, no range") << "tiled.tr2" << true;
+    }
+
+    void extractSaysWhenTheListCannotCarryItsSprites()
+    {
+        QFETCH(QString, level);
+        QFETCH(bool, noted);
+        const QString list = m_dir.filePath(QStringLiteral("noted-%1.trt").arg(noted));
+        const Run run = cli({"extract", m_dir.filePath(level), "--bitmap", m_bitmap, "-o", list});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(QFile::exists(list));
+        QCOMPARE(run.err.contains("cannot carry its sprite tables back into the level"), noted);
+        QCOMPARE(run.err.contains("Add an animation range before saving"), noted);
+        QCOMPARE(run.err.startsWith("brindle-cli: note: "), noted);
     }
 
     // An extracted list put back gives the level again, beside it or where -o says.

@@ -32,6 +32,8 @@ private slots:
     void aChosenRowIsOutlinedAndShown_data();
     void aChosenRowIsOutlinedAndShown();
     void aClickChoosesWhatLiesUnderIt();
+    void aClickBesideTheBitmapSaysNothingOfPixels_data();
+    void aClickBesideTheBitmapSaysNothingOfPixels();
     void aClickWhileEnteringChoosesNothing_data();
     void aClickWhileEnteringChoosesNothing();
     void drawShowsItsOutlines_data();
@@ -161,6 +163,29 @@ void tst_BitmapPicker::aClickChoosesWhatLiesUnderIt()
     w.clickBitmap(QPoint(255, w.view()->PictureHeight() - 1));
     if (w.status().contains(QStringLiteral("no texture or sprite")))
         QCOMPARE(textures.selectedRow(), before);
+}
+
+void tst_BitmapPicker::aClickBesideTheBitmapSaysNothingOfPixels_data()
+{
+    QTest::addColumn<int>("x"); // a column of the view at zoom 1; the bitmap has 256
+    QTest::newRow("just past the last column") << 256;
+    QTest::newRow("far to the right") << 380;
+}
+
+void tst_BitmapPicker::aClickBesideTheBitmapSaysNothingOfPixels()
+{
+    QFETCH(int, x);
+    Window w;
+    w.f.find<QScrollBar>("hscrlZoom")->setValue(1);
+    const ListViewModel& textures = w.f.window->state().views.lsvTextures;
+    w.clickBitmap(ObjectTextureRow::Read(textures, 0).Bounds().center());
+    const int chosen = textures.selectedRow();
+    QVERIFY(w.status().startsWith(QStringLiteral("Pixel")));
+    QCOMPARE(w.view()->PictureWidth(), 256);
+    QVERIFY(w.view()->Picture1()->width() > x);
+    UserActions::Drag(w.view()->Picture1(), QPoint(x, 5), QPoint(x, 5));
+    QVERIFY2(!w.status().contains(QStringLiteral("Pixel")), qPrintable(w.status()));
+    QCOMPARE(textures.selectedRow(), chosen);
 }
 
 void tst_BitmapPicker::aClickWhileEnteringChoosesNothing_data()

@@ -5,6 +5,7 @@
 #include "list/ListViewSet.h"
 #include "ui/main/frmMain.h"
 #include "ui/bitmap/ucScrollPic.h"
+#include "synthetic/SyntheticLevel.h"
 
 #include <QAction>
 #include <QDialog>
@@ -35,6 +36,8 @@ private slots:
     void newStandAloneListTakesTheChosenVersion_data();
     void newStandAloneListTakesTheChosenVersion();
     void newListDialogRefusesMissingFiles();
+    void newListFromALevelWithoutRangesSaysAtOnce_data();
+    void newListFromALevelWithoutRangesSaysAtOnce();
     void editSaveAndReopen();
     void saveAsMovesTheListToTheNewName();
     void closeEmptiesEverythingAndSaveWritesNothing();
@@ -118,6 +121,49 @@ void tst_DocumentLife::newStandAloneListTakesTheChosenVersion()
     QCOMPARE(written.LevelFileName(), QString());
     QCOMPARE(written.BitMapName(), f.bitmapPath());
     QCOMPARE(s.document().ListVersion(), version);
+}
+
+void tst_DocumentLife::newListFromALevelWithoutRangesSaysAtOnce_data()
+{
+    QTest::addColumn<int>("ranges");
+    QTest::addColumn<int>("sprites");
+    QTest::addColumn<int>("sequences");
+    QTest::addColumn<bool>("warned");
+    QTest::newRow("ranges and sprites") << 2 << 3 << 1 << false;
+    QTest::newRow("no range, sprites") << 0 << 3 << 1 << true;
+    QTest::newRow("no range, a sequence only") << 0 << 0 << 1 << true;
+    QTest::newRow("no range, no sprite tables") << 0 << 0 << 0 << false;
+}
+
+// A list without ranges keeps its sprite tables where the insertion cannot
+// take them: the user hears of it while adding a range still mends it.
+void tst_DocumentLife::newListFromALevelWithoutRangesSaysAtOnce()
+{
+    QFETCH(int, ranges);
+    QFETCH(int, sprites);
+    QFETCH(int, sequences);
+    QFETCH(bool, warned);
+    EditorFixture f;
+    const ListFixture tables = ListFixture::random(6, ranges, 2, sprites, sequences, 11);
+    SyntheticLevel level(LevelVersion::Game::TR2);
+    level.setRooms({{12, 1, 2, 2, 1, 1}});
+    level.setObjectTextures(tables.objectTextures);
+    level.setSpriteTextures(tables.sprites);
+    level.setSpriteSequences(tables.sequences);
+    level.setAnimatedTextures(tables.animations);
+    const QString levelPath = f.dir.write("plain.tr2", level.build());
+    f.newList(f.dir.filePath("plain.trt"), levelPath, f.bitmapPath());
+
+    QVERIFY(f.window->document().IsListOpen());
+    const QString status = f.window->statusBar()->currentMessage();
+    QCOMPARE(f.prompts.messages.size(), warned ? 1 : 0);
+    QCOMPARE(status.contains(QStringLiteral("cannot carry its sprite tables back into the level")), warned);
+    if (!warned)
+        return;
+    QCOMPARE(f.prompts.messages[0].text, status);
+    QCOMPARE(f.prompts.messages[0].style, int(IPromptService::vbExclamation));
+    QVERIFY(status.contains(QDir::toNativeSeparators(levelPath)));
+    QVERIFY(status.contains(QStringLiteral("Add an animation range before saving")));
 }
 
 void tst_DocumentLife::newListDialogRefusesMissingFiles()
@@ -216,10 +262,17 @@ void tst_DocumentLife::theSaveQuestionOnEveryWayOut_data()
     using Answer = IPromptService::SaveAnswer;
     QTest::addColumn<QString>("way");
     QTest::addColumn<int>("chosen");
-    for (const char* way : {"open", "new", "close", "exit"}) {
-        QTest::addRow("%s, Save", way) << QString(way) << int(Answer::Save);
-        QTest::addRow("%s, Discard", way) << QString(way) << int(Answer::Discard);
-        QTest::addRow("%s, Cancel", way) << QString(way) << int(Answer::Cancel);
+    QTest::addColumn<QString>("question"); // names the list and what is about to happen
+    const QList<std::pair<const char*, const char*>> ways = {
+        {"open", "Save the changes to demo.trt before opening another list?"},
+        {"new", "Save the changes to demo.trt before making a new list?"},
+        {"close", "Save the changes to demo.trt before closing it?"},
+        {"exit", "Save the changes to demo.trt before quitting?"},
+    };
+    for (const auto& [way, question] : ways) {
+        QTest::addRow("%s, Save", way) << QString(way) << int(Answer::Save) << QString(question);
+        QTest::addRow("%s, Discard", way) << QString(way) << int(Answer::Discard) << QString(question);
+        QTest::addRow("%s, Cancel", way) << QString(way) << int(Answer::Cancel) << QString(question);
     }
 }
 
@@ -227,6 +280,7 @@ void tst_DocumentLife::theSaveQuestionOnEveryWayOut()
 {
     QFETCH(QString, way);
     QFETCH(int, chosen);
+    QFETCH(QString, question);
     const auto answer = IPromptService::SaveAnswer(chosen);
     EditorFixture f;
     f.openList(f.listPath());
@@ -244,7 +298,7 @@ void tst_DocumentLife::theSaveQuestionOnEveryWayOut()
         trigger(f, way == "close" ? "mnuFileCloseList" : "mnuFileExit");
 
     QCOMPARE(f.prompts.messages.size(), 1);
-    QCOMPARE(f.prompts.messages[0].text, QStringLiteral("Do you want to save the changes before closing?"));
+    QCOMPARE(f.prompts.messages[0].text, question);
     QCOMPARE(f.prompts.messages[0].title, QStringLiteral("Save List Changes?"));
     const bool saved = answer == IPromptService::SaveAnswer::Save;
     const bool kept = answer == IPromptService::SaveAnswer::Cancel;

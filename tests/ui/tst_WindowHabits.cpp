@@ -49,6 +49,8 @@ private slots:
     void windowSizeAndSplitterAreRemembered();
     void droppedFilesOpenOrStartANewList_data();
     void droppedFilesOpenOrStartANewList();
+    void numberBoxesSelectTheirTextWhenClicked_data();
+    void numberBoxesSelectTheirTextWhenClicked();
     void helpShowsTheUserSection();
     void userSectionEndsAtTheNextHeading_data();
     void userSectionEndsAtTheNextHeading();
@@ -345,6 +347,45 @@ void tst_WindowHabits::droppedFilesOpenOrStartANewList()
     QTRY_VERIFY(!f.window->document().ListFileName().isEmpty() || !seenLevel.isEmpty());
     QCOMPARE(QFileInfo(f.window->document().ListFileName()).fileName(), opened);
     QCOMPARE(QFileInfo(seenLevel).fileName(), levelBox);
+}
+
+void tst_WindowHabits::numberBoxesSelectTheirTextWhenClicked_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::newRow("Object Textures") << 1;
+    QTest::newRow("Sprites Textures") << 3;
+    QTest::newRow("... and Sequences") << 4;
+}
+
+// A click into a number box selects the number, so what is typed replaces
+// it, as the corner boxes have always done.
+void tst_WindowHabits::numberBoxesSelectTheirTextWhenClicked()
+{
+    QFETCH(int, tab);
+    EditorFixture f;
+    f.openList(f.listPath());
+    f.window->show();
+    f.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(f.window.get()));
+    f.window->ShowPage(tab);
+    auto* page = f.find<QWidget>(qPrintable(QStringLiteral("fraList_%1").arg(tab - 1)));
+    QStringList unselected;
+    int clicked = 0;
+    for (QLineEdit* box : page->findChildren<QLineEdit*>()) {
+        // The corner and Lo/Hi markers are captions in boxes: no click reaches them.
+        if (!box->isVisible() || box->focusPolicy() == Qt::NoFocus)
+            continue;
+        box->setEnabled(true);
+        box->setText(QStringLiteral("12"));
+        f.find<QWidget>("tbsStrip")->setFocus();
+        QTest::mouseClick(box, Qt::LeftButton, {}, box->rect().center());
+        QTest::qWait(0);
+        ++clicked;
+        if (box->selectedText() != box->text() || box->text().isEmpty())
+            unselected << box->objectName();
+    }
+    QVERIFY(clicked >= 3);
+    QVERIFY2(unselected.isEmpty(), qPrintable(unselected.join(QStringLiteral(", "))));
 }
 
 void tst_WindowHabits::helpShowsTheUserSection()

@@ -34,6 +34,15 @@ IPromptService::SaveAnswer ScriptedPrompts::AskToSave(const QString& text, const
     return saveAnswers.isEmpty() ? SaveAnswer::Discard : saveAnswers.takeFirst();
 }
 
+IPromptService::SaveAnswer ScriptedPrompts::AskToSaveFirst(const QString& text, const QString& title,
+                                                           const QString& saveCaption)
+{
+    messages.append({text, saveFirstStyle, title});
+    saveCaptions.append(saveCaption);
+    const SaveAnswer answer = saveAnswers.isEmpty() ? SaveAnswer::Cancel : saveAnswers.takeFirst();
+    return answer == SaveAnswer::Save ? answer : SaveAnswer::Cancel;
+}
+
 QString ScriptedPrompts::GetFileName(const FileRequest& request)
 {
     fileRequests.append(request);
@@ -70,5 +79,6 @@ void ScriptedPrompts::clearRecords()
     messages.clear();
     fileRequests.clear();
     formsShown.clear();
+    saveCaptions.clear();
     beeps = 0;
 }

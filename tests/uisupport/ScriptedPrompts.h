@@ -11,7 +11,8 @@
 // Prompts answered from queues and recorded, so a test drives the window's
 // dialogs without ever showing one. An empty queue answers OK, a cancelled
 // file dialog, a cancelled colour dialog, a form left as it opened, and
-// Discard to the save question.
+// Discard to the save question
+// (Cancel where Discard is not offered).
 class ScriptedPrompts : public IPromptService
 {
 public:
@@ -26,6 +27,9 @@ public:
     int MsgBox(const QString& text, int style, const QString& title) override;
     // Recorded among the messages with the style saveQuestionStyle.
     SaveAnswer AskToSave(const QString& text, const QString& title) override;
+    // Recorded with the style saveFirstStyle; answers from saveAnswers, and
+    // Cancel when they are used up.
+    SaveAnswer AskToSaveFirst(const QString& text, const QString& title, const QString& saveCaption) override;
     QString GetFileName(const FileRequest& request) override;
     std::optional<QColor> ChooseColor(const QColor& initial) override;
     void Beep() override;
@@ -44,9 +48,12 @@ public:
     QList<Message> messages;
     QList<FileRequest> fileRequests;
     QStringList formsShown;
+    // The captions of the save buttons AskToSaveFirst offered.
+    QStringList saveCaptions;
     int beeps = 0;
 
     static constexpr int saveQuestionStyle = vbYesNoCancel | vbExclamation;
+    static constexpr int saveFirstStyle = vbOKCancel | vbExclamation;
 
     QStringList messageTexts() const;
     void clearRecords();

@@ -39,6 +39,15 @@ IPromptService::FileRequest OpenListForInsert()
     return Request(false, "Open TombRaider Texture List", "TR (*.trt)|*.trt", "*.TRT");
 }
 
+IPromptService::FileRequest SaveInsertedLevel()
+{
+    IPromptService::FileRequest request =
+        Request(true, "Save the New Level As", "TR 2 (*.tr2)|*.tr2", "*.TR2");
+    // Insert asks before it replaces a file; the dialog need not ask too.
+    request.flags &= ~IPromptService::OverwritePrompt;
+    return request;
+}
+
 IPromptService::FileRequest MainListFile(bool open, const QString& initialFolder)
 {
     IPromptService::FileRequest request =

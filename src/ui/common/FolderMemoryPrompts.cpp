@@ -22,6 +22,12 @@ IPromptService::SaveAnswer FolderMemoryPrompts::AskToSave(const QString& text, c
     return m_inner.AskToSave(text, title);
 }
 
+IPromptService::SaveAnswer FolderMemoryPrompts::AskToSaveFirst(const QString& text, const QString& title,
+                                                               const QString& saveCaption)
+{
+    return m_inner.AskToSaveFirst(text, title, saveCaption);
+}
+
 QString FolderMemoryPrompts::StartFolder(const QString& title) const
 {
     const QString remembered = m_settings.LastFolder(title);

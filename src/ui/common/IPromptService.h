@@ -55,6 +55,10 @@ public:
     // A question with the three buttons Save, Discard and Cancel and the
     // exclamation icon; closing the box answers Cancel.
     virtual SaveAnswer AskToSave(const QString& text, const QString& title) = 0;
+    // A question whose only way on is to save first: a Save button captioned
+    // saveCaption ("Save and Insert") and Cancel, with the exclamation icon;
+    // closing the box answers Cancel. Never answers Discard.
+    virtual SaveAnswer AskToSaveFirst(const QString& text, const QString& title, const QString& saveCaption) = 0;
     // The chosen path, or "" when the dialog was cancelled.
     virtual QString GetFileName(const FileRequest& request) = 0;
     // The chosen colour, or nothing when cancelled.

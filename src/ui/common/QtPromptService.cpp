@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 QMessageBox::Icon QtPromptService::IconOf(int style)
 {
@@ -62,6 +63,16 @@ IPromptService::SaveAnswer QtPromptService::AskToSave(const QString& text, const
     case QMessageBox::Discard: return SaveAnswer::Discard;
     default: return SaveAnswer::Cancel;
     }
+}
+
+IPromptService::SaveAnswer QtPromptService::AskToSaveFirst(const QString& text, const QString& title,
+                                                           const QString& saveCaption)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Save | QMessageBox::Cancel, m_parent);
+    box.button(QMessageBox::Save)->setText(saveCaption);
+    box.setDefaultButton(QMessageBox::Save);
+    box.setEscapeButton(QMessageBox::Cancel);
+    return box.exec() == QMessageBox::Save ? SaveAnswer::Save : SaveAnswer::Cancel;
 }
 
 QStringList QtPromptService::NameFilters(const QString& filter)

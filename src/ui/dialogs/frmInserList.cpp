@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 
 frmInserList::frmInserList(IPromptService& prompts, QWidget* parent)
     : QDialog(parent)
@@ -22,6 +23,7 @@ frmInserList::frmInserList(IPromptService& prompts, QWidget* parent)
     m_ui->ProgressBar1->hide();
     connect(m_ui->cmdGetLevel, &QPushButton::clicked, this, [this] { GetLevel(); });
     connect(m_ui->cmdGetList, &QPushButton::clicked, this, &frmInserList::GetList);
+    connect(m_ui->cmdOutput, &QPushButton::clicked, this, &frmInserList::GetOutput);
     connect(m_ui->cmdInsert, &QPushButton::clicked, this, &frmInserList::Insert);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmInserList::reject);
 }
@@ -50,6 +52,10 @@ void frmInserList::GetLevel(const QString& name)
     m_levelLength = level.FileLength();
     m_levelChosen = true;
     m_ui->lblLevel->setText(QDir::toNativeSeparators(path));
+    if (m_ui->txtOutput->text() == m_offeredOutput) {
+        m_offeredOutput = QDir::toNativeSeparators(C_ListInserter::DefaultOutputPath(path));
+        m_ui->txtOutput->setText(m_offeredOutput);
+    }
     if (!level.IsOpened())
         Report(tr("The level %1 cannot be read.").arg(QDir::toNativeSeparators(path)));
     EnableInsert();
@@ -62,6 +68,11 @@ void frmInserList::GetList()
         EnableInsert();
         return;
     }
+    TakeList(path);
+}
+
+void frmInserList::TakeList(const QString& path)
+{
     C_ListInfo list;
     if (list.InitForInsert(path) != C_ListInfo::Success)
         Report(tr("The list %1 cannot be read.").arg(QDir::toNativeSeparators(path)));
@@ -71,6 +82,36 @@ void frmInserList::GetList()
         GetLevel(list.LevelFileName());
     m_listChosen = true;
     EnableInsert();
+}
+
+void frmInserList::GetOutput()
+{
+    IPromptService::FileRequest request = FileRequests::SaveInsertedLevel();
+    request.fileName = OutputPath();
+    const QString path = m_prompts.GetFileName(request);
+    if (!path.isEmpty())
+        m_ui->txtOutput->setText(QDir::toNativeSeparators(path));
+}
+
+QString frmInserList::OutputPath() const
+{
+    const QString typed = QDir::fromNativeSeparators(m_ui->txtOutput->text().trimmed());
+    if (m_levelPath.isEmpty())
+        return typed;
+    if (typed.isEmpty())
+        return C_ListInserter::DefaultOutputPath(m_levelPath);
+    // A bare name goes beside the level, as the default does.
+    return QFileInfo(m_levelPath).dir().filePath(typed);
+}
+
+bool frmInserList::MayReplace(const QString& output)
+{
+    if (!QFileInfo::exists(output))
+        return true;
+    const int answer = m_prompts.MsgBox(
+        tr("%1 already exists. Do you want to replace it?").arg(QDir::toNativeSeparators(output)),
+        IPromptService::vbYesNo | IPromptService::vbExclamation, tr("Replace File?"));
+    return answer == IPromptService::vbYes;
 }
 
 void frmInserList::EnableInsert()
@@ -93,6 +134,11 @@ void frmInserList::SetProgress(qint64 bytes)
 
 void frmInserList::Insert()
 {
+    const QString output = OutputPath();
+    if (!MayReplace(output)) {
+        Report(tr("Nothing written: %1 was kept as it is.").arg(QDir::toNativeSeparators(output)));
+        return;
+    }
     ShowProgress(true);
     C_ListInserter inserter;
     if (m_ui->chkInsertTiles->isChecked())
@@ -100,7 +146,7 @@ void frmInserList::Insert()
     C_ListInserter::Result result;
     {
         BusyCursor busy;
-        result = inserter.Insert(m_levelPath, m_listPath, {}, [this](qint64 copied, qint64 length) {
+        result = inserter.Insert(m_levelPath, m_listPath, output, [this](qint64 copied, qint64 length) {
             m_levelLength = length;
             SetProgress(copied);
             // The bar is only seen moving if it gets painted between chunks.

@@ -9,6 +9,7 @@
 #include "ui/main/frmMain.h"
 
 #include <QAbstractButton>
+#include <QRect>
 #include <QTabBar>
 
 namespace {
@@ -108,6 +109,12 @@ void BitmapPicker::PickAt(int x, int y)
     if (IsEntering() || !m_view.HasPicture())
         return;
     const QPoint pixel(x, y);
+    // The view reaches past a small bitmap: no pixel lies there to tell of,
+    // and what was said about the last one no longer applies.
+    if (!QRect(0, 0, m_view.PictureWidth(), m_view.PictureHeight()).contains(pixel)) {
+        m_state.ShowStatus(QString());
+        return;
+    }
     const QList<int> textures = TextureHitTest::TexturesAt(m_state.views.lsvTextures, pixel);
     const QList<int> sprites = TextureHitTest::SpritesAt(m_state.views.lsvSprites, pixel);
     m_state.ShowStatus(CoveringText(x, y, textures, sprites));

@@ -28,7 +28,8 @@ public:
 
     explicit BitmapPicker(frmMain& window);
 
-    // A click at a bitmap pixel, as the view reports it.
+    // A click at a bitmap pixel, as the view reports it; a click beside the
+    // bitmap, where the view has no pixel, chooses nothing.
     void PickAt(int x, int y);
     // True while a page's Add or Edit reads "Accept": a drag on the bitmap
     // then belongs to that page.

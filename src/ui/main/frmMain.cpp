@@ -18,10 +18,12 @@
 #include "ui/common/EditorState.h"
 #include "ui/common/FileRequests.h"
 #include "ui/common/ListView.h"
+#include "list/LevelListExtractor.h"
 #include "list/LevelTableReader.h"
 #include "ui/textures/ObjectTexturePage.h"
 #include "ui/common/PlainSeparatorStyle.h"
 #include "ui/common/QtPromptService.h"
+#include "ui/common/SelectOnFocus.h"
 #include "ui/animation/SequencePage.h"
 #include "ui/textures/SpriteTexturePage.h"
 #include "ui/about/frmAbout.h"
@@ -71,6 +73,8 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
     m_document = std::make_unique<ListDocument>();
     m_state = std::make_unique<EditorState>(*prompts, *m_document);
     m_state->setPicture(m_ui->ucScrollPic1);
+    m_saveQuestion = std::make_unique<SaveQuestion>(
+        *prompts, *m_document, [this] { return SaveList(); }, [this](const QString& text) { Status(text); });
     CreatePages();
     ConnectMenus();
     FollowDocumentViews();
@@ -96,8 +100,10 @@ void frmMain::CreatePages()
     m_assignmentPage = new AssignmentPage(*m_state);
     // In tab order: fraList_0 to fraList_4.
     m_pages = {m_objectPage, m_animationPage, m_spritePage, m_sequencePage, m_assignmentPage};
-    for (EditorPage* page : m_pages)
+    for (EditorPage* page : m_pages) {
         m_ui->pageHostLayout->addWidget(page);
+        SelectOnFocus::InstallOnEditBoxes(*page);
+    }
 
     m_tbsStrip = new QTabBar(m_ui->pageSide);
     m_tbsStrip->setObjectName(QStringLiteral("tbsStrip"));
@@ -338,7 +344,7 @@ void frmMain::mnuFileNewList_Click()
     // changes, so the list that is open stays as it is.
     if (!CanReadLevel(form.GetLevelFile()) || !CanReadBitmap(form.GetBitmapFile()))
         return;
-    if (!PromptSaveChanges())
+    if (!PromptSaveChanges(SaveQuestion::Before::MakingNew))
         return;
 
     // Nothing of the list set aside stays on show.
@@ -371,6 +377,11 @@ void frmMain::mnuFileNewList_Click()
         return;
     }
     Status(tr("Created the list %1.").arg(Native(d.ListFileName())));
+    // Said at once, while adding a range is still the whole remedy.
+    if (const QString notice = LevelListExtractor::RangelessNotice(d.views(), d.LevelFileName()); !notice.isEmpty()) {
+        Status(notice);
+        s.prompts().MsgBox(notice, IPromptService::vbExclamation);
+    }
 }
 
 bool frmMain::CanReadLevel(const QString& level)
@@ -422,7 +433,7 @@ void frmMain::OpenList(const QString& name)
         s.prompts().MsgBox(probe.Error().text(), IPromptService::vbCritical);
         return;
     }
-    if (!PromptSaveChanges())
+    if (!PromptSaveChanges(SaveQuestion::Before::OpeningAnother))
         return;
     {
         BusyCursor busy;
@@ -470,7 +481,7 @@ void frmMain::TellWhatIsMissing()
 
 void frmMain::mnuFileCloseList_Click()
 {
-    if (!PromptSaveChanges())
+    if (!PromptSaveChanges(SaveQuestion::Before::Closing))
         return;
     ShowNoList();
     Status(tr("The list was closed."));
@@ -569,22 +580,9 @@ void frmMain::mnuFileSaveAsList_Click()
     Status(tr("Saved %1.").arg(Native(name)));
 }
 
-bool frmMain::PromptSaveChanges()
+bool frmMain::PromptSaveChanges(SaveQuestion::Before action)
 {
-    if (!m_document->isModified())
-        return true;
-    const IPromptService::SaveAnswer answer = m_state->prompts().AskToSave(
-        QStringLiteral("Do you want to save the changes before closing?"), QStringLiteral("Save List Changes?"));
-    switch (answer) {
-    case IPromptService::SaveAnswer::Save:
-        return SaveList();
-    case IPromptService::SaveAnswer::Discard:
-        return true;
-    case IPromptService::SaveAnswer::Cancel:
-        break;
-    }
-    Status(tr("The list was kept open with its changes."));
-    return false;
+    return m_saveQuestion->Ask(action);
 }
 
 void frmMain::mnuFileExit_Click()
@@ -594,7 +592,7 @@ void frmMain::mnuFileExit_Click()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    if (!PromptSaveChanges()) {
+    if (!PromptSaveChanges(SaveQuestion::Before::Quitting)) {
         event->ignore();
         return;
     }
@@ -735,7 +733,13 @@ void frmMain::mnuBitmapsShowTiles_Click()
 
 void frmMain::mnuListInser_Click()
 {
+    // The insertion reads the list's file, so that file must hold what the
+    // window shows.
+    if (!PromptSaveChanges(SaveQuestion::Before::Inserting))
+        return;
     frmInserList form(m_state->prompts(), this);
+    if (m_document->IsListOpen() && m_listInfo)
+        form.TakeList(m_document->ListFileName());
     connect(&form, &frmInserList::StatusMessage, this, &frmMain::Status);
     m_state->prompts().ShowModal(form);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/main/SaveQuestion.h"
+
 #include <QMainWindow>
 
 #include <memory>
@@ -118,9 +120,9 @@ private:
     void CreatePages();
     bool LoadList(bool IsNew);
     QString GetListFileName(bool IsOpen);
-    // The unsaved-changes question; false when the user chose to keep the
-    // list open (Cancel, or a Save that failed).
-    bool PromptSaveChanges();
+    // The unsaved-changes question before action; false when the user chose
+    // to keep the list open (Cancel, or a Save that failed).
+    bool PromptSaveChanges(SaveQuestion::Before action);
     bool SaveList();
     void EnableListMenus(bool enabled);
     void UpdateSaveMenu();
@@ -145,6 +147,7 @@ private:
     std::unique_ptr<FolderMemoryPrompts> m_folderPrompts;
     std::unique_ptr<ListDocument> m_document;
     std::unique_ptr<EditorState> m_state;
+    std::unique_ptr<SaveQuestion> m_saveQuestion;
     std::unique_ptr<C_ListInfo> m_listInfo;
     ObjectTexturePage* m_objectPage = nullptr;
     AnimationPage* m_animationPage = nullptr;
