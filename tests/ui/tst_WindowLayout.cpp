@@ -7,6 +7,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QTreeView>
 #include <QTest>
 
 // The window at the sizes people run it at: every caption and number shown
@@ -19,6 +20,8 @@ private slots:
     void everyCaptionAndNumberFits_data();
     void everyCaptionAndNumberFits();
     void switchingPagesKeepsTheWindowStill();
+    void theTexturePageShowsItsListsAtEverySize_data();
+    void theTexturePageShowsItsListsAtEverySize();
 };
 
 namespace {
@@ -110,6 +113,51 @@ void tst_WindowLayout::switchingPagesKeepsTheWindowStill()
         QCOMPARE(f.window->size(), size);
         QCOMPARE(f.find<QWidget>("ucScrollPic1")->geometry(), bitmap);
     }
+}
+
+void tst_WindowLayout::theTexturePageShowsItsListsAtEverySize_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<bool>("wholeTable"); // every column of the complete list side by side
+    QTest::newRow("800x600") << QSize(800, 600) << false;
+    QTest::newRow("1030x702") << QSize(1030, 702) << false;
+    QTest::newRow("1920x1080") << QSize(1920, 1080) << true;
+    QTest::newRow("2560x1440") << QSize(2560, 1440) << true;
+}
+
+// Ticking textures to draw needs a checklist of some rows; on a wide screen
+// the complete list has the room to show every column without a sideways
+// scroll, and the bitmap keeps the rest.
+void tst_WindowLayout::theTexturePageShowsItsListsAtEverySize()
+{
+    QFETCH(QSize, size);
+    QFETCH(bool, wholeTable);
+    EditorFixture f;
+    f.openList(f.listPath());
+    f.window->resize(size);
+    f.window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
+    f.window->ShowPage(1);
+    QCoreApplication::processEvents();
+
+    auto* checklist = f.find<QTreeView>("lsvObjects");
+    QVERIFY(checklist->model()->rowCount() > 8);
+    const QRect view = checklist->viewport()->rect();
+    int shown = 0;
+    for (int row = 0; row < checklist->model()->rowCount(); ++row)
+        shown += view.contains(checklist->visualRect(checklist->model()->index(row, 0))) ? 1 : 0;
+    QVERIFY2(shown >= 8, qPrintable(QString::number(shown)));
+
+    auto* textures = f.find<QTreeView>("lsvTextures");
+    if (wholeTable)
+        QTRY_COMPARE(textures->horizontalScrollBar()->maximum(), 0);
+    // The bitmap keeps room for a whole tile at zoom 2, and all the rest.
+    if (wholeTable) {
+        const int bitmap = f.find<QWidget>("ucScrollPic1")->width();
+        QVERIFY2(bitmap >= 512, qPrintable(QString::number(bitmap)));
+        QCOMPARE(f.find<QWidget>("pageSide")->width(), f.find<QWidget>("pageSide")->maximumWidth());
+    }
+    QTRY_COMPARE(f.find<QScrollArea>("pageScroll")->horizontalScrollBar()->maximum(), 0);
 }
 
 QTEST_MAIN(tst_WindowLayout)

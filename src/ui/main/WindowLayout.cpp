@@ -9,6 +9,8 @@
 #include <QSplitter>
 #include <QStyle>
 #include <QTabBar>
+#include <QHeaderView>
+#include <QTreeView>
 
 namespace {
 
@@ -68,6 +70,42 @@ private:
     QWidget& m_pageSide;
 };
 
+// The checklist shows this many rows however low the window, so ticking
+// textures never becomes a matter of scrolling by twos and threes.
+constexpr int ChecklistRows = 8;
+
+void ShowRows(QTreeView& list, int rows)
+{
+    const int row = qMax(list.fontMetrics().height(), list.style()->pixelMetric(QStyle::PM_IndicatorHeight)) + 4;
+    const int header = list.header()->isHidden() ? 0 : list.header()->sizeHint().height();
+    list.setMinimumHeight(header + rows * row + 2 * list.frameWidth());
+}
+
+// How much wider than at the column's least the page holding table must be
+// for table to show every column side by side. The page is laid out to
+// measure it: what it gives the table grows less than its own width while
+// its other lists take their room too, so it is laid out again at the width
+// found until the table has enough.
+int WidthToShowWhole(QWidget& host, QTreeView& table)
+{
+    QWidget* page = table.parentWidget();
+    while (page && page->parentWidget() != &host)
+        page = page->parentWidget();
+    if (!page || !page->layout())
+        return 0;
+    const int whole = table.header()->length() + 2 * table.frameWidth()
+                      + table.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    int width = host.minimumWidth();
+    for (int pass = 0; pass < 4; ++pass) {
+        page->layout()->setGeometry(QRect(0, 0, width, page->minimumSizeHint().height()));
+        const int missing = whole - table.width();
+        if (missing <= 0)
+            break;
+        width += missing;
+    }
+    return width - host.minimumWidth();
+}
+
 } // namespace
 
 void WindowLayout::Settle(frmMain& window)
@@ -78,6 +116,8 @@ void WindowLayout::Settle(frmMain& window)
         KeepRoomFor(*number, widest);
     KeepRoomFor(*ui.lblZoomFactor, QStringLiteral("Zoom Factor: 16"));
 
+    if (auto* checklist = window.findChild<QTreeView*>(QStringLiteral("lsvObjects")))
+        ShowRows(*checklist, ChecklistRows);
     SizeForLargestPage(*ui.pageHost);
     // The column shows its page whole when there is room, and scrolls
     // when there is not; the tabs scroll too rather than squeeze.
@@ -86,9 +126,12 @@ void WindowLayout::Settle(frmMain& window)
     window.tbsStrip()->setElideMode(Qt::ElideNone);
 
     // Both sides grow with the window until the page column shows its page
-    // whole; past that, all the extra room goes to the bitmap.
+    // whole, with the complete texture list's every column; past that, all
+    // the extra room goes to the bitmap.
     const int scrollBar = ui.pageScroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    ui.pageSide->setMaximumWidth(ui.pageHost->minimumWidth() + scrollBar + 2);
+    auto* textures = window.findChild<QTreeView*>(QStringLiteral("lsvTextures"));
+    const int wholeTable = textures ? WidthToShowWhole(*ui.pageHost, *textures) : 0;
+    ui.pageSide->setMaximumWidth(ui.pageHost->minimumWidth() + wholeTable + scrollBar + 2);
     ui.splitter->setStretchFactor(0, 1);
     ui.splitter->setStretchFactor(1, 1);
     new PagesFirst(*ui.splitter, *ui.bitmapSide, *ui.pageSide);
