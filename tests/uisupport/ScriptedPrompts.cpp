@@ -34,6 +34,12 @@ IPromptService::SaveAnswer ScriptedPrompts::AskToSave(const QString& text, const
     return saveAnswers.isEmpty() ? SaveAnswer::Discard : saveAnswers.takeFirst();
 }
 
+bool ScriptedPrompts::Confirm(const QString& text, const QString& title, const QString&)
+{
+    messages.append({text, confirmStyle, title});
+    return confirmAnswers.isEmpty() || confirmAnswers.takeFirst();
+}
+
 QString ScriptedPrompts::GetFileName(const FileRequest& request)
 {
     fileRequests.append(request);

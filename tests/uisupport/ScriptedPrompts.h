@@ -26,6 +26,8 @@ public:
     int MsgBox(const QString& text, int style, const QString& title) override;
     // Recorded among the messages with the style saveQuestionStyle.
     SaveAnswer AskToSave(const QString& text, const QString& title) override;
+    // Recorded among the messages with the style confirmStyle.
+    bool Confirm(const QString& text, const QString& title, const QString& action) override;
     QString GetFileName(const FileRequest& request) override;
     std::optional<QColor> ChooseColor(const QColor& initial) override;
     void Beep() override;
@@ -34,6 +36,8 @@ public:
     // What to answer next.
     QList<int> answers;
     QList<SaveAnswer> saveAnswers;
+    // To Confirm: true presses the action, false Cancel; empty presses the action.
+    QList<bool> confirmAnswers;
     QStringList fileNames;
     QList<std::optional<QColor>> colors;
     // Each shown form is handed to the next script, which fills it in and
@@ -47,6 +51,7 @@ public:
     int beeps = 0;
 
     static constexpr int saveQuestionStyle = vbYesNoCancel | vbExclamation;
+    static constexpr int confirmStyle = vbOKCancel | vbExclamation;
 
     QStringList messageTexts() const;
     void clearRecords();

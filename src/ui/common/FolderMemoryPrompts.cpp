@@ -22,6 +22,11 @@ IPromptService::SaveAnswer FolderMemoryPrompts::AskToSave(const QString& text, c
     return m_inner.AskToSave(text, title);
 }
 
+bool FolderMemoryPrompts::Confirm(const QString& text, const QString& title, const QString& action)
+{
+    return m_inner.Confirm(text, title, action);
+}
+
 QString FolderMemoryPrompts::StartFolder(const QString& title) const
 {
     const QString remembered = m_settings.LastFolder(title);

@@ -55,6 +55,10 @@ public:
     // A question with the three buttons Save, Discard and Cancel and the
     // exclamation icon; closing the box answers Cancel.
     virtual SaveAnswer AskToSave(const QString& text, const QString& title) = 0;
+    // A question with the exclamation icon and two buttons, action (the
+    // default) and Cancel: true when action was pressed. Closing the box
+    // answers Cancel.
+    virtual bool Confirm(const QString& text, const QString& title, const QString& action) = 0;
     // The chosen path, or "" when the dialog was cancelled.
     virtual QString GetFileName(const FileRequest& request) = 0;
     // The chosen colour, or nothing when cancelled.

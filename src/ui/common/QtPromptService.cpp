@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 QMessageBox::Icon QtPromptService::IconOf(int style)
 {
@@ -62,6 +63,17 @@ IPromptService::SaveAnswer QtPromptService::AskToSave(const QString& text, const
     case QMessageBox::Discard: return SaveAnswer::Discard;
     default: return SaveAnswer::Cancel;
     }
+}
+
+bool QtPromptService::Confirm(const QString& text, const QString& title, const QString& action)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::NoButton, m_parent);
+    QPushButton* act = box.addButton(action, QMessageBox::AcceptRole);
+    QPushButton* cancel = box.addButton(QMessageBox::Cancel);
+    box.setDefaultButton(act);
+    box.setEscapeButton(cancel);
+    box.exec();
+    return box.clickedButton() == act;
 }
 
 QStringList QtPromptService::NameFilters(const QString& filter)
