@@ -184,6 +184,13 @@ void tst_frmMain::headerClicksSortOnlyWhatIsShown()
     for (int row = 0; row < model.count(); ++row)
         order << model.key(row);
     QHeaderView* header = view->header();
+    const auto columns = [header] {
+        QList<int> widths;
+        for (int section = 0; section < header->count(); ++section)
+            widths << (header->isSectionHidden(section) ? -1 : header->sectionSize(section));
+        return widths;
+    };
+    const QList<int> widths = columns();
 
     for (Qt::SortOrder sorted : {Qt::AscendingOrder, Qt::DescendingOrder}) {
         QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
@@ -198,6 +205,8 @@ void tst_frmMain::headerClicksSortOnlyWhatIsShown()
         for (int row = 0; row < model.count(); ++row)
             after << model.key(row);
         QCOMPARE(after, order);
+        // The columns keep their widths and stay shown or hidden.
+        QCOMPARE(columns(), widths);
     }
     // A click on the first row shown chooses that row of the list.
     const QModelIndex top = view->model()->index(0, 0);

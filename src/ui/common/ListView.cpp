@@ -36,9 +36,7 @@ void ListView::setListModel(ListViewModel* model)
     // place is not chosen in its stead. The flag goes up before the view's
     // own handling moves its current row, and down after it.
     connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { m_rowsGoing = true; });
-    m_proxy = new ListSortProxy(this);
-    m_proxy->setSourceModel(model);
-    setModel(m_proxy);
+    setModel(model);
     connect(model, &QAbstractItemModel::rowsRemoved, this, [this] {
         m_rowsGoing = false;
         followModelSelection(m_model->selectedRow());
@@ -52,14 +50,15 @@ QModelIndex ListView::shownIndex(int row, int column) const
 {
     if (!m_model || row < 0 || row >= m_model->count())
         return {};
-    return m_proxy->mapFromSource(m_model->index(row, column));
+    const QModelIndex index = m_model->index(row, column);
+    return m_proxy ? m_proxy->mapFromSource(index) : index;
 }
 
 int ListView::modelRow(const QModelIndex& shown) const
 {
-    if (!m_proxy || !shown.isValid())
+    if (!shown.isValid())
         return -1;
-    return m_proxy->mapToSource(shown).row();
+    return m_proxy ? m_proxy->mapToSource(shown).row() : shown.row();
 }
 
 QList<int> ListView::selectedModelRows() const
@@ -105,9 +104,26 @@ void ListView::onHeaderClicked(int section)
         return;
     m_ascending = !m_ascending;
     const Qt::SortOrder order = m_ascending ? Qt::AscendingOrder : Qt::DescendingOrder;
-    if (m_model->count() > 0)
+    if (m_model->count() > 0) {
+        ShowThroughSortProxy();
         m_proxy->sort(section, order);
+    }
     emit ShownSorted(section, order);
+}
+
+void ListView::ShowThroughSortProxy()
+{
+    // A list never sorted is shown as it is, which costs nothing however
+    // many rows it holds; the first sort puts the proxy between them.
+    if (m_proxy)
+        return;
+    const QByteArray columns = header()->saveState();
+    const int chosen = m_model->selectedRow();
+    m_proxy = new ListSortProxy(this);
+    m_proxy->setSourceModel(m_model);
+    setModel(m_proxy);
+    header()->restoreState(columns);
+    followModelSelection(chosen);
 }
 
 void ListView::mousePressEvent(QMouseEvent* event)

@@ -48,6 +48,7 @@ protected:
 
 private:
     void onHeaderClicked(int section);
+    void ShowThroughSortProxy();
     void followModelSelection(int row);
 
     ListViewModel* m_model = nullptr;
