@@ -1,5 +1,6 @@
 #include "BenchFigures.h"
 
+#include "DeleteRenumberFigure.h"
 #include "DragFrameFigure.h"
 #include "DrawAllFigure.h"
 #include "InsertRatioFigure.h"
@@ -37,5 +38,6 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<DragFrameFigure>());
     figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::MaxMilliseconds));
     figures.push_back(std::make_unique<UndoAllFigure>());
+    figures.push_back(std::make_unique<DeleteRenumberFigure>());
     return figures;
 }

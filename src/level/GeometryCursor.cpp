@@ -1,6 +1,7 @@
 #include "level/GeometryCursor.h"
 
 #include "level/TextureIndexSet.h"
+#include "level/TextureUseCounts.h"
 
 #include <QtEndian>
 
@@ -29,14 +30,17 @@ void GeometryCursor::skipList(int recordSize)
     skip(qMax<qint64>(0, count()) * recordSize);
 }
 
-qint64 GeometryCursor::readTextures(int recordSize, quint16 mask, TextureIndexSet& textures, qint64 limit)
+qint64 GeometryCursor::readTextures(int recordSize, quint16 mask, TextureIndexSet& textures,
+                                   TextureUseCounts& counts, qint64 limit)
 {
     const qint64 records = qMax<qint64>(0, count());
     const qint64 present = qMax<qint64>(0, (m_bytes.size() - m_position) / recordSize);
     const qint64 taken = qMin(qMin(records, present), limit);
     for (qint64 i = 0; i < taken; ++i) {
         const char* field = m_bytes.data() + m_position + i * recordSize + recordSize - 2;
-        textures.insert(qFromLittleEndian<quint16>(field) & mask);
+        const quint16 texture = qFromLittleEndian<quint16>(field) & mask;
+        textures.insert(texture);
+        counts.add(texture);
     }
     skip(records * recordSize);
     return taken;

@@ -6,6 +6,7 @@
 #include <limits>
 
 class TextureIndexSet;
+class TextureUseCounts;
 
 // Reads the lists of a room's data words or of one mesh: each list is a
 // 16-bit count and its records. Only the bytes given are ever read, so a list
@@ -32,9 +33,9 @@ public:
     void skipList(int recordSize);
 
     // A list whose records end with a texture field: inserts each texture
-    // (masked) into textures, at most `limit` records of them, and returns
-    // how many it read.
-    qint64 readTextures(int recordSize, quint16 mask, TextureIndexSet& textures,
+    // (masked) into textures and counts it in counts, at most `limit`
+    // records of them, and returns how many it read.
+    qint64 readTextures(int recordSize, quint16 mask, TextureIndexSet& textures, TextureUseCounts& counts,
                         qint64 limit = std::numeric_limits<qint64>::max());
 
 private:

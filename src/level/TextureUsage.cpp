@@ -30,15 +30,18 @@ QByteArray blockBytes(BinaryReader& reader, const TablePosition& block)
 }
 
 void readRooms(BinaryReader& reader, const QList<TablePosition>& rooms, TextureIndexSet& polygons,
-               TextureIndexSet& sprites)
+               TextureIndexSet& sprites, TextureUsage& usage)
 {
     for (const TablePosition& room : rooms) {
         const QByteArray data = blockBytes(reader, room);
         GeometryCursor cursor(data);
         cursor.skipList(GeometryCursor::RoomVertexSize);
-        cursor.readTextures(GeometryCursor::RectangleSize, GeometryCursor::FaceTextureMask, polygons);
-        cursor.readTextures(GeometryCursor::TriangleSize, GeometryCursor::FaceTextureMask, polygons);
-        cursor.readTextures(GeometryCursor::SpriteSize, GeometryCursor::SpriteTextureMask, sprites);
+        cursor.readTextures(GeometryCursor::RectangleSize, GeometryCursor::FaceTextureMask, polygons,
+                            usage.roomFaces);
+        cursor.readTextures(GeometryCursor::TriangleSize, GeometryCursor::FaceTextureMask, polygons,
+                            usage.roomFaces);
+        cursor.readTextures(GeometryCursor::SpriteSize, GeometryCursor::SpriteTextureMask, sprites,
+                            usage.roomSprites);
     }
 }
 
@@ -58,7 +61,8 @@ std::vector<quint32> meshOffsets(const QByteArray& pointers, qint64 meshBytes)
 }
 
 // One mesh's textured faces, at most limit of them; returns how many it read.
-qint64 readMesh(const QByteArray& meshData, quint32 offset, TextureIndexSet& objects, qint64 limit)
+qint64 readMesh(const QByteArray& meshData, quint32 offset, TextureIndexSet& objects, TextureUseCounts& counts,
+                qint64 limit)
 {
     GeometryCursor cursor(meshData, offset);
     cursor.skip(GeometryCursor::MeshHeaderSize);
@@ -67,9 +71,9 @@ qint64 readMesh(const QByteArray& meshData, quint32 offset, TextureIndexSet& obj
     cursor.skip(normals > 0 ? qint64(normals) * GeometryCursor::NormalSize
                             : -qint64(normals) * GeometryCursor::LightSize);
     const qint64 rectangles =
-        cursor.readTextures(GeometryCursor::RectangleSize, GeometryCursor::FaceTextureMask, objects, limit);
+        cursor.readTextures(GeometryCursor::RectangleSize, GeometryCursor::FaceTextureMask, objects, counts, limit);
     return rectangles
-         + cursor.readTextures(GeometryCursor::TriangleSize, GeometryCursor::FaceTextureMask, objects,
+         + cursor.readTextures(GeometryCursor::TriangleSize, GeometryCursor::FaceTextureMask, objects, counts,
                                limit - rectangles);
 }
 
@@ -77,14 +81,15 @@ qint64 readMesh(const QByteArray& meshData, quint32 offset, TextureIndexSet& obj
 // outnumber what the mesh data holds at the smallest face size. Pointers into
 // the middle of other meshes could make every face be read again and again;
 // the reading stops at that bound instead.
-void readMeshes(BinaryReader& reader, const LevelWalk::Result& walk, TextureIndexSet& objects)
+void readMeshes(BinaryReader& reader, const LevelWalk::Result& walk, TextureIndexSet& objects,
+                TextureUseCounts& counts)
 {
     const QByteArray meshData = blockBytes(reader, walk.meshData);
     if (meshData.isEmpty())
         return;
     qint64 faceBudget = meshData.size() / GeometryCursor::TriangleSize + 1;
     for (quint32 offset : meshOffsets(blockBytes(reader, walk.meshPointers), meshData.size())) {
-        faceBudget -= readMesh(meshData, offset, objects, faceBudget);
+        faceBudget -= readMesh(meshData, offset, objects, counts, faceBudget);
         if (faceBudget <= 0)
             return;
     }
@@ -93,14 +98,17 @@ void readMeshes(BinaryReader& reader, const LevelWalk::Result& walk, TextureInde
 // Each sequence covers First .. First + Number - 1, cut to the sprite
 // indices. The ranges are merged before they are inserted, so a table of long
 // overlapping ranges costs a sort, not one insertion per sprite of every range.
-void readSequences(BinaryReader& reader, const TablePosition& table, TextureIndexSet& sprites)
+void readSequences(BinaryReader& reader, const TablePosition& table, TextureIndexSet& sprites,
+                   TextureUseCounts& ends)
 {
     std::vector<std::pair<qint64, qint64>> ranges;
     for (const SpriteSequence& sequence : ReadTableRecords<SpriteSequence>(reader, table)) {
         const qint64 first = qBound<qint64>(0, qint64(sequence.first), TextureIndexSet::Size);
         const qint64 end = qBound<qint64>(0, qint64(sequence.first) + sequence.number(), TextureIndexSet::Size);
-        if (first < end)
+        if (first < end) {
             ranges.emplace_back(first, end);
+            ends.add(quint16(end - 1));
+        }
     }
     std::sort(ranges.begin(), ranges.end());
     qint64 insertedTo = 0;
@@ -165,15 +173,15 @@ TextureUsage TextureUsage::ofDevice(QIODevice& device, LevelWalk::Game game)
 TextureUsage TextureUsage::ofWalk(QIODevice& device, const LevelWalk::Result& walk)
 {
     BinaryReader reader(device, ReadWindow);
+    TextureUsage usage;
     TextureIndexSet polygons;
     TextureIndexSet objects;
     TextureIndexSet sprites;
-    readRooms(reader, walk.roomData, polygons, sprites);
-    readMeshes(reader, walk, objects);
-    readSequences(reader, walk.spriteSequence, sprites);
+    readRooms(reader, walk.roomData, polygons, sprites, usage);
+    readMeshes(reader, walk, objects, usage.meshFaces);
+    readSequences(reader, walk.spriteSequence, sprites, usage.sequenceEnds);
     const TextureIndexSet animated = animatedTextures(reader, walk.animatedTexture);
 
-    TextureUsage usage;
     usage.polygons = polygons.toList();
     usage.objects = objects.toList();
     usage.sprites = sprites.toList();

@@ -2,6 +2,7 @@
 
 #include "common/FileError.h"
 #include "level/LevelWalk.h"
+#include "level/TextureUseCounts.h"
 
 #include <QList>
 #include <QString>
@@ -25,6 +26,14 @@ public:
     QList<int> objects;  // object textures a textured mesh face uses
     QList<int> sprites;  // sprite textures a room sprite or a sprite sequence uses
     QList<int> unused;   // object textures 0 .. NumberObjectTexture - 1 that no face and no animated range uses
+
+    // How many name each index: room faces and mesh faces (object textures),
+    // room sprites (sprite textures), and sprite sequences by their last
+    // sprite texture.
+    TextureUseCounts roomFaces;
+    TextureUseCounts meshFaces;
+    TextureUseCounts roomSprites;
+    TextureUseCounts sequenceEnds;
 
     // False when the level ends before its blocks do, or its blocks could
     // not be followed to their end: the lists then hold what its bytes held.

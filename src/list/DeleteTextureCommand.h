@@ -1,16 +1,47 @@
 #pragma once
 
-#include "list/DeleteRowCommand.h"
 #include "list/ListViewSet.h"
+#include "list/RowEditCommand.h"
 
-#include <QCoreApplication>
+#include <QStringList>
 
-// The object texture row with a key deleted, as one entry of the undo stack.
-class DeleteTextureCommand : public DeleteRowCommand
+// An object texture deleted, as one entry of the undo stack: "Delete Texture
+// 0012". Every texture after it moves down one place in the level, so the
+// animation ranges follow: an entry naming a later texture is lowered by
+// one, an entry naming the deleted texture is dropped, and a range left with
+// fewer than two textures is removed with it. The rows of the list keep
+// their numbers and keys. Undo puts rows and ranges back as they were.
+//
+// A list whose ranges name textures past its end cannot be renumbered
+// safely: nothing is deleted then, and the outcome says why.
+class DeleteTextureCommand : public RowEditCommand
 {
 public:
-    DeleteTextureCommand(ListViewSet& views, const QString& key)
-        : DeleteRowCommand(views.lsvTextures, QCoreApplication::translate("ListDocument", "Texture"), key)
+    struct Outcome
     {
-    }
+        QStringList shortened; // ranges that lost the deleted texture, by number
+        QStringList removed;   // ranges left with fewer than two textures
+        QString refusal;       // why nothing was deleted; "" when it was
+    };
+
+    DeleteTextureCommand(ListViewSet& views, const QString& key, Outcome* outcome = nullptr);
+
+protected:
+    bool perform(RowEditLog& log) override;
+
+private:
+    // A range row with the detail rows the list saves for it.
+    struct Range
+    {
+        int row;
+        int firstDetail;
+        int count;
+    };
+    QList<Range> Ranges() const;
+    QString PastTheEnd(const QList<Range>& ranges) const;
+    void FollowTexture(RowEditLog& log, const QList<Range>& ranges, int deleted);
+
+    ListViewSet& m_views;
+    QString m_key;
+    Outcome* m_outcome;
 };

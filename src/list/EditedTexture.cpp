@@ -49,6 +49,9 @@ Stored EditedTexture::Build(const Frame& frame, const std::optional<ObjectTextur
     Stored stored = rectangle ? PlaceRectangle(frame) : PlaceFreeCorners(frame);
     if (!stored.why.isEmpty())
         return stored;
+    stored.why = rectangle ? RectangleTileFault(frame, &stored.badRow) : FreeCornerTileFault(frame, &stored.badRow);
+    if (!stored.why.isEmpty())
+        return stored;
     const int used = frame.sides == 4 ? 4 : 3;
     stored.why = ShapeFault(stored, used, rectangle, &stored.badRow);
     if (!stored.why.isEmpty())
@@ -107,12 +110,65 @@ Stored EditedTexture::PlaceFreeCorners(const Frame& frame)
     return stored;
 }
 
+int EditedTexture::TileOf(int bitmapY)
+{
+    return bitmapY < 0 ? -1 : bitmapY / TextureGeometry::TileSize;
+}
+
+QString EditedTexture::OutsideTile(int row, int bitmapY, int tile, const QString& whose)
+{
+    return Tr("Nothing was stored: corner %1 (Y %2) lies outside tile %3 of %4, which holds Y %5 to %6.")
+        .arg(row + 1)
+        .arg(bitmapY)
+        .arg(tile)
+        .arg(whose)
+        .arg(tile * TextureGeometry::TileSize)
+        .arg(tile * TextureGeometry::TileSize + TextureGeometry::TileSize - 1);
+}
+
+QString EditedTexture::RectangleTileFault(const Frame& frame, int* badRow)
+{
+    // The Hi corner decides the other two: it alone can leave the Lo corner's tile.
+    const int tile = TileOf(frame.boxes[size_t(frame.loRow)].y());
+    const int hiY = frame.boxes[size_t(frame.hiRow)].y();
+    if (TileOf(hiY) == tile)
+        return {};
+    *badRow = frame.hiRow;
+    return OutsideTile(frame.hiRow, hiY, tile, Tr("the Lo corner"));
+}
+
+QString EditedTexture::FreeCornerTileFault(const Frame& frame, int* badRow)
+{
+    // The texture lies in the tile most of its corners lie in; on a tie, the
+    // tile the frame names, else the first corner's. A corner typed away
+    // from it is the one at fault, whichever way the others lie.
+    const int used = frame.sides == 4 ? 4 : 3;
+    std::array<int, 4> tiles{};
+    for (int i = 0; i < used; ++i)
+        tiles[size_t(i)] = TileOf(frame.boxes[size_t(i)].y());
+    auto corners = [&](int tile) { return int(std::count(tiles.begin(), tiles.begin() + used, tile)); };
+    int tile = tiles[0];
+    for (int i = 1; i < used; ++i) {
+        if (corners(tiles[size_t(i)]) > corners(tile))
+            tile = tiles[size_t(i)];
+    }
+    if (corners(frame.tile) == corners(tile))
+        tile = frame.tile;
+    for (int i = 0; i < used; ++i) {
+        if (tiles[size_t(i)] != tile) {
+            *badRow = i;
+            return OutsideTile(i, frame.boxes[size_t(i)].y(), tile, Tr("the texture's other corners"));
+        }
+    }
+    return {};
+}
+
 QString EditedTexture::ShapeFault(const Stored& stored, int used, bool rectangle, int* badRow)
 {
     const auto& c = stored.corners;
     for (int i = 0; i < used; ++i) {
         const QPoint corner = c[size_t(i)];
-        if (corner.x() < 0 || corner.x() > TextureGeometry::TileSize || corner.y() < 0) {
+        if (corner.x() < 0 || corner.x() >= TextureGeometry::TileSize || corner.y() < 0) {
             *badRow = i;
             return Tr("Nothing was stored: corner %1 (X %2, Y %3 in tile %4) lies outside its tile, which holds "
                       "X and Y from 0 to 255.")

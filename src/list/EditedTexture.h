@@ -13,8 +13,9 @@
 // stores: the tile, the four corners within the tile and their sub-pixel
 // bytes. A rectangle is built from its Lo and Hi corners; free corners (any
 // triangle, any quad that is no rectangle) are taken as they stand. Either
-// way the texture is held to one tile as a rectangle always was: at most 256
-// pixels high, and moved into the tile its top lies in when that is below
+// way the texture lies in one tile: a corner typed outside the tile of the
+// others (of a rectangle, outside the Lo corner's tile) is refused, never
+// moved. The texture moves into the tile its top lies in when that is below
 // the first tile (a top at exactly 256 stays in the tile the frame names).
 //
 // Sub-pixel bytes: a corner whose coordinate is what the row held keeps the
@@ -53,6 +54,11 @@ public:
 private:
     static Stored PlaceRectangle(const Frame& frame);
     static Stored PlaceFreeCorners(const Frame& frame);
+    // The whole-bitmap tile of a Y; -1 above the bitmap.
+    static int TileOf(int bitmapY);
+    static QString OutsideTile(int row, int bitmapY, int tile, const QString& whose);
+    static QString RectangleTileFault(const Frame& frame, int* badRow);
+    static QString FreeCornerTileFault(const Frame& frame, int* badRow);
     static QString ShapeFault(const Stored& stored, int used, bool rectangle, int* badRow);
     static void TakeBytes(Stored& stored, const std::array<bool, 8>& highEdges, int used,
                           const std::optional<ObjectTextureRow>& original, const SubPixelConvention& convention);

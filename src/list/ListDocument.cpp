@@ -11,7 +11,6 @@
 #include "list/EditSequenceCommand.h"
 #include "list/EditSpriteCommand.h"
 #include "list/EditTextureCommand.h"
-#include "list/SortRowsCommand.h"
 
 #include <QUndoStack>
 
@@ -46,6 +45,7 @@ void ListDocument::close()
     m_listFileName.clear();
     m_levelFileName.clear();
     m_bitmapFileName.clear();
+    m_levelUsage.clear();
     m_isListOpen = false;
     m_isBitmapLoaded = false;
     m_isDataFromLevel = false;
@@ -70,9 +70,9 @@ bool ListDocument::EditTexture(const QString& key, const QStringList& subItems)
     return Push(std::make_unique<EditTextureCommand>(m_views, key, subItems));
 }
 
-bool ListDocument::DeleteTexture(const QString& key)
+bool ListDocument::DeleteTexture(const QString& key, DeleteTextureCommand::Outcome* outcome)
 {
-    return Push(std::make_unique<DeleteTextureCommand>(m_views, key));
+    return Push(std::make_unique<DeleteTextureCommand>(m_views, key, outcome));
 }
 
 bool ListDocument::AddSprite(const ListViewModel::Row& row)
@@ -121,10 +121,14 @@ bool ListDocument::DeleteAnimation(const QString& number)
     return Push(std::make_unique<DeleteAnimationCommand>(m_views, number));
 }
 
-bool ListDocument::SortRows(ListViewModel& view, int column, Qt::SortOrder order)
+const TextureUsage* ListDocument::LevelUsage(FileError* error)
 {
-    const QString name = TableName(view);
-    return !name.isEmpty() && Push(std::make_unique<SortRowsCommand>(view, name, column, order));
+    if (m_levelFileName.isEmpty()) {
+        if (error)
+            *error = {};
+        return nullptr;
+    }
+    return m_levelUsage.usageOf(m_levelFileName, error);
 }
 
 QString ListDocument::TableName(const ListViewModel& view) const

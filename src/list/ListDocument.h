@@ -1,5 +1,7 @@
 #pragma once
 
+#include "list/DeleteTextureCommand.h"
+#include "list/LevelUsageCache.h"
 #include "list/ListViewSet.h"
 
 #include <QObject>
@@ -61,7 +63,9 @@ public:
     // row deleted, each by key.
     bool AddTexture(const ListViewModel::Row& row);
     bool EditTexture(const QString& key, const QStringList& subItems);
-    bool DeleteTexture(const QString& key);
+    // The texture with the key deleted, the animation ranges following the
+    // textures after it; what became of the ranges goes into outcome.
+    bool DeleteTexture(const QString& key, DeleteTextureCommand::Outcome* outcome = nullptr);
     bool AddSprite(const ListViewModel::Row& row);
     bool EditSprite(const QString& key, const QStringList& subItems);
     bool DeleteSprite(const QString& key);
@@ -73,8 +77,11 @@ public:
     bool AddAnimation(const QString& number, const QStringList& textures);
     bool EditAnimation(const QString& number, const QStringList& textures);
     bool DeleteAnimation(const QString& number);
-    // One of the content views sorted by a column: the order it is saved in.
-    bool SortRows(ListViewModel& view, int column, Qt::SortOrder order);
+
+    // What the geometry of the list's level uses, read once while the level
+    // stays as it was; nothing, with the cause in error, for a list without
+    // a level or a level that cannot be read.
+    const TextureUsage* LevelUsage(FileError* error = nullptr);
 
     // The name of a content view in command texts ("Textures"); empty for
     // a model that is not one of them.
@@ -89,6 +96,7 @@ private:
 
     ListViewSet m_views;
     std::unique_ptr<QUndoStack> m_undoStack;
+    LevelUsageCache m_levelUsage;
     QString m_listFileName;
     QString m_levelFileName;
     QString m_bitmapFileName;

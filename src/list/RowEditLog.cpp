@@ -1,32 +1,11 @@
 #include "list/RowEditLog.h"
 
-namespace {
-
-std::vector<int> Inverse(const std::vector<int>& order)
-{
-    std::vector<int> inverse(order.size());
-    for (size_t i = 0; i < order.size(); ++i)
-        inverse[size_t(order[i])] = int(i);
-    return inverse;
-}
-
-bool IsIdentity(const std::vector<int>& order)
-{
-    for (size_t i = 0; i < order.size(); ++i) {
-        if (order[i] != int(i))
-            return false;
-    }
-    return true;
-}
-
-} // namespace
-
 bool RowEditLog::add(ListViewModel& model, const ListViewModel::Row& row)
 {
     const int index = model.addRow(row.key, row.text, row.subItems);
     if (index < 0)
         return false;
-    m_steps.push_back({Kind::Insert, &model, index, {}, model.row(index), {}, {}, {}});
+    m_steps.push_back({Kind::Insert, &model, index, {}, model.row(index)});
     return true;
 }
 
@@ -36,7 +15,7 @@ bool RowEditLog::remove(ListViewModel& model, int index)
         return false;
     ListViewModel::Row before = model.row(index);
     model.removeAt(index);
-    m_steps.push_back({Kind::Remove, &model, index, std::move(before), {}, {}, {}, {}});
+    m_steps.push_back({Kind::Remove, &model, index, std::move(before), {}});
     return true;
 }
 
@@ -49,21 +28,7 @@ bool RowEditLog::replace(ListViewModel& model, int index, const QString& text, c
     ListViewModel::Row after = model.row(index);
     if (after.text == before.text && after.subItems == before.subItems)
         return false;
-    m_steps.push_back({Kind::Replace, &model, index, std::move(before), std::move(after), {}, {}, {}});
-    return true;
-}
-
-bool RowEditLog::sort(ListViewModel& model, int column, Qt::SortOrder order)
-{
-    const ListViewModel::SortState before = model.sortState();
-    model.setSortState({column, order, true});
-    std::vector<int> arrangement = model.sortedOrder();
-    if (IsIdentity(arrangement)) {
-        model.setSortState(before);
-        return false;
-    }
-    model.reorder(arrangement);
-    m_steps.push_back({Kind::Reorder, &model, -1, {}, {}, std::move(arrangement), before, model.sortState()});
+    m_steps.push_back({Kind::Replace, &model, index, std::move(before), std::move(after)});
     return true;
 }
 
@@ -92,10 +57,6 @@ void RowEditLog::undoStep(const Step& step)
     case Kind::Replace:
         model.setRow(step.index, step.before.text, step.before.subItems);
         break;
-    case Kind::Reorder:
-        model.reorder(Inverse(step.order));
-        model.setSortState(step.sortBefore);
-        break;
     }
 }
 
@@ -111,10 +72,6 @@ void RowEditLog::redoStep(const Step& step)
         break;
     case Kind::Replace:
         model.setRow(step.index, step.after.text, step.after.subItems);
-        break;
-    case Kind::Reorder:
-        model.reorder(step.order);
-        model.setSortState(step.sortAfter);
         break;
     }
 }

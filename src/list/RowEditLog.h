@@ -17,16 +17,13 @@ public:
     bool remove(ListViewModel& model, int index);
     // The row's text and sub-items; false for no such row or no change.
     bool replace(ListViewModel& model, int index, const QString& text, const QStringList& subItems);
-    // Sorts the rows by column, sorting on from then; false, with nothing
-    // changed, when the rows are in that order already.
-    bool sort(ListViewModel& model, int column, Qt::SortOrder order);
 
     bool isEmpty() const { return m_steps.empty(); }
     void undo();
     void redo();
 
 private:
-    enum class Kind { Insert, Remove, Replace, Reorder };
+    enum class Kind { Insert, Remove, Replace };
     struct Step
     {
         Kind kind;
@@ -34,9 +31,6 @@ private:
         int index = -1;
         ListViewModel::Row before;
         ListViewModel::Row after;
-        std::vector<int> order;
-        ListViewModel::SortState sortBefore;
-        ListViewModel::SortState sortAfter;
     };
 
     static void undoStep(const Step& step);

@@ -173,8 +173,8 @@ void tst_EditedTexture::freeCornersHeldToOneTile_data()
     QTest::addColumn<bool>("keptBelowTop");
     QTest::newRow("tile 2 from its Y") << 0 << Corners{{10, 530}, {60, 530}, {30, 600}} << 2
                                        << Corners{{10, 18}, {60, 18}, {30, 88}} << false;
-    QTest::newRow("taller than a tile: bottom pulled up") << 0 << Corners{{10, 10}, {60, 20}, {30, 400}} << 0
-                                                          << Corners{{10, 10}, {60, 20}, {30, 266}} << false;
+    QTest::newRow("tile 9 typed whole, tile box 2") << 2 << Corners{{10, 2310}, {60, 2320}, {30, 2400}} << 9
+                                                    << Corners{{10, 6}, {60, 16}, {30, 96}} << false;
     QTest::newRow("top at 256 keeps the tile named") << 1 << Corners{{10, 256}, {60, 256}, {30, 300}} << 1
                                                      << Corners{{10, 256}, {60, 256}, {30, 300}} << true;
 }
@@ -214,6 +214,18 @@ void tst_EditedTexture::shapesThatCannotBeStored_data()
                                              << "no width or no height" << 2;
     QTest::newRow("X past the tile") << 4 << -1 << Corners{{10, 10}, {300, 10}, {300, 60}, {10, 60}}
                                      << "corner 2 (X 300, Y 10 in tile 0) lies outside its tile" << 1;
+    QTest::newRow("X at 256") << 4 << -1 << Corners{{10, 10}, {256, 10}, {256, 60}, {10, 60}}
+                              << "corner 2 (X 256, Y 10 in tile 0) lies outside its tile" << 1;
+    QTest::newRow("rectangle's Hi in the next tile") << 4 << 0 << Corners{{10, 10}, {60, 10}, {60, 300}, {10, 300}}
+                                                     << "corner 3 (Y 300) lies outside tile 0 of the Lo corner" << 2;
+    QTest::newRow("rectangle's Lo in the tile before") << 4 << 2 << Corners{{60, 600}, {10, 600}, {10, 500}, {60, 500}}
+                                                       << "corner 1 (Y 600) lies outside tile 1 of the Lo corner" << 0;
+    QTest::newRow("triangle taller than a tile") << 3 << -1 << Corners{{10, 10}, {60, 20}, {30, 400}, {}}
+                                                 << "corner 3 (Y 400) lies outside tile 0 of the texture's other "
+                                                    "corners, which holds Y 0 to 255" << 2;
+    // Two corners in each of two tiles: the tile the frame names wins.
+    QTest::newRow("free quad split two and two") << 4 << -1 << Corners{{10, 300}, {60, 300}, {60, 20}, {10, 20}}
+                                                 << "corner 1 (Y 300) lies outside tile 0" << 0;
     QTest::newRow("rectangle without markers") << 4 << 4 << Corners{{10, 10}, {60, 10}, {60, 60}, {10, 60}}
                                                << "no corner is marked Lo and Hi" << -1;
 }

@@ -44,7 +44,7 @@ public:
     bool edit()
     {
         ListViewSet& v = m_document.views();
-        switch (m_random.bounded(13)) {
+        switch (m_random.bounded(12)) {
         case 0: return m_document.AddTexture(newRow(v.lsvTextures, u'T', 18));
         case 1: return m_document.EditTexture(anyKey(v.lsvTextures), changed(v.lsvTextures));
         case 2: return m_document.DeleteTexture(anyKey(v.lsvTextures));
@@ -56,12 +56,7 @@ public:
         case 8: return m_document.DeleteSequence(anyKey(v.lsvSequences));
         case 9: return m_document.AddAnimation(freeRangeNumber(), someTextures());
         case 10: return m_document.EditAnimation(v.lsvAnims.text(anyRow(v.lsvAnims)), someTextures());
-        case 11: return m_document.DeleteAnimation(v.lsvAnims.text(anyRow(v.lsvAnims)));
-        default: {
-            ListViewModel& view = *v.all()[int(m_random.bounded(5))];
-            return m_document.SortRows(view, int(m_random.bounded(view.columnCount())),
-                                       m_random.bounded(2) ? Qt::AscendingOrder : Qt::DescendingOrder);
-        }
+        default: return m_document.DeleteAnimation(v.lsvAnims.text(anyRow(v.lsvAnims)));
         }
     }
 
@@ -166,8 +161,6 @@ void tst_ListDocument::failedEditsPushNothing_data()
     QTest::newRow("edit that changes nothing") << "edit T1 same";
     QTest::newRow("delete of a missing range") << "delete range 77";
     QTest::newRow("a range of no textures") << "add range";
-    QTest::newRow("sort by no column") << "sort 99";
-    QTest::newRow("sort into the order it has") << "sort 0";
 }
 
 void tst_ListDocument::failedEditsPushNothing()
@@ -194,10 +187,8 @@ void tst_ListDocument::failedEditsPushNothing()
         made = document.EditTexture(QStringLiteral("T1"), v.lsvTextures.row(1).subItems);
     else if (edit == "delete range 77")
         made = document.DeleteAnimation(QStringLiteral("77"));
-    else if (edit == "add range")
-        made = document.AddAnimation(QStringLiteral("05"), {});
     else
-        made = document.SortRows(v.lsvTextures, edit.mid(5).toInt(), Qt::AscendingOrder);
+        made = document.AddAnimation(QStringLiteral("05"), {});
 
     QVERIFY(!made);
     QCOMPARE(ListFixture::viewRows(v), before);
@@ -214,7 +205,6 @@ void tst_ListDocument::commandTextsNameTheRow_data()
     QTest::newRow("texture edited") << "edit T7" << "Edit Texture 0007";
     QTest::newRow("range built") << "add range" << "Add Animation 02";
     QTest::newRow("range deleted") << "delete range" << "Delete Animation 01";
-    QTest::newRow("sprites sorted") << "sort sprites" << "Sort Sprites by X";
 }
 
 void tst_ListDocument::commandTextsNameTheRow()
@@ -223,17 +213,14 @@ void tst_ListDocument::commandTextsNameTheRow()
     QFETCH(QString, text);
     ListDocument document;
     ListFixture::random(1200, 2, 2, 4, 1, 5).fill(document.views());
-    ListViewSet& v = document.views();
     if (edit == "delete T12")
         QVERIFY(document.DeleteTexture(QStringLiteral("T12")));
     else if (edit == "edit T7")
         QVERIFY(document.EditTexture(QStringLiteral("T7"), {QStringLiteral("3")}));
     else if (edit == "add range")
         QVERIFY(document.AddAnimation(QStringLiteral("02"), {QStringLiteral("4"), QStringLiteral("5")}));
-    else if (edit == "delete range")
-        QVERIFY(document.DeleteAnimation(QStringLiteral("01")));
     else
-        QVERIFY(document.SortRows(v.lsvSprites, 2, Qt::DescendingOrder));
+        QVERIFY(document.DeleteAnimation(QStringLiteral("01")));
     QCOMPARE(document.undoStack()->undoText(), text);
 }
 

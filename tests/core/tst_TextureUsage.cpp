@@ -3,7 +3,9 @@
 #include "synthetic/SyntheticLevel.h"
 #include "synthetic/SyntheticMeshSet.h"
 #include "level/TextureUsage.h"
+#include "list/LevelUsageCache.h"
 
+#include <QFile>
 #include <QTest>
 
 using Game = LevelVersion::Game;
@@ -230,6 +232,70 @@ private slots:
         QCOMPARE(error.why(), cause);
         QVERIFY(!TextureUsage::ofLevel(m_dir.filePath(QStringLiteral("missing.tr2")), &error));
         QVERIFY(error.file().endsWith(QStringLiteral("missing.tr2")));
+    }
+
+    // What a deletion asks about: how many faces, sprites and sequences name
+    // a texture, and the textures after it.
+    void counts_data()
+    {
+        QTest::addColumn<QByteArray>("level");
+        QTest::addColumn<int>("index");
+        QTest::addColumn<qint64>("facesOn");
+        QTest::addColumn<qint64>("facesFrom");
+        QTest::addColumn<qint64>("roomSpritesFrom");
+        QTest::addColumn<qint64>("sequencesFrom");
+        const QByteArray rooms =
+            levelWith(Game::TR2, 12, {Geometry::room(4, {3, 1}, {5}, {7}), Geometry::room(2, {1, 9}, {}, {2, 7})})
+                .build();
+        QTest::newRow("a texture on two rooms' faces") << rooms << 1 << qint64(2) << qint64(5) << qint64(3)
+                                                       << qint64(0);
+        QTest::newRow("a texture no face names") << rooms << 4 << qint64(0) << qint64(2) << qint64(2) << qint64(0);
+        QTest::newRow("past every texture") << rooms << 10 << qint64(0) << qint64(0) << qint64(0) << qint64(0);
+        SyntheticLevel shared = levelWith(Game::TR3, 16, {Geometry::room(1, {13}, {})});
+        sharedMeshes().applyTo(shared);
+        QTest::newRow("a mesh pointed at three times counts once")
+            << shared.build() << 10 << qint64(1) << qint64(6) << qint64(0) << qint64(0);
+        QTest::newRow("faces of a room and of meshes") << shared.build() << 13 << qint64(3) << qint64(3) << qint64(0)
+                                                       << qint64(0);
+        SyntheticLevel sprites = levelWith(Game::TR3, 0, {Geometry::room(1, {}, {}, {30, 5})});
+        sprites.setSpriteSequences(sequences({{4, 3}, {7, 1}, {20, 1}, {-2, 3}, {25, 0}}));
+        QTest::newRow("sequences by their last sprite") << sprites.build() << 6 << qint64(0) << qint64(0)
+                                                        << qint64(1) << qint64(3);
+        QTest::newRow("a sequence ending before") << sprites.build() << 8 << qint64(0) << qint64(0) << qint64(1)
+                                                  << qint64(1);
+    }
+
+    void counts()
+    {
+        QFETCH(QByteArray, level);
+        QFETCH(int, index);
+        const TextureUsage usage = usageOf(level);
+        QTEST(usage.roomFaces.at(index) + usage.meshFaces.at(index), "facesOn");
+        QTEST(usage.roomFaces.from(index) + usage.meshFaces.from(index), "facesFrom");
+        QTEST(usage.roomSprites.from(index), "roomSpritesFrom");
+        QTEST(usage.sequenceEnds.from(index), "sequencesFrom");
+    }
+
+    // The usage is read once while the level's file stays as it was, and
+    // again as soon as it changes.
+    void cacheFollowsTheLevelFile()
+    {
+        const QString path = m_dir.write(QStringLiteral("cached.tr2"),
+                                         levelWith(Game::TR2, 12, {Geometry::room(4, {3}, {}, {})}).build());
+        LevelUsageCache cache;
+        const TextureUsage* first = cache.usageOf(path);
+        QVERIFY(first);
+        QCOMPARE(first->roomFaces.at(3), qint64(1));
+        QCOMPARE(cache.usageOf(path), first);
+        m_dir.write(QStringLiteral("cached.tr2"),
+                    levelWith(Game::TR2, 12, {Geometry::room(4, {3, 3, 8}, {3}, {})}).build());
+        const TextureUsage* changed = cache.usageOf(path);
+        QVERIFY(changed);
+        QCOMPARE(changed->roomFaces.at(3), qint64(3));
+        QFile::remove(path);
+        FileError error;
+        QVERIFY(!cache.usageOf(path, &error));
+        QVERIFY(error.failed());
     }
 };
 

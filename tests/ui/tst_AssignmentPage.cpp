@@ -47,7 +47,7 @@ void tst_AssignmentPage::choose(ListView* view, const QList<int>& rows)
 {
     view->clearSelection();
     for (int row : rows)
-        view->selectionModel()->select(view->model()->index(row, 0),
+        view->selectionModel()->select(view->shownIndex(row),
                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 

@@ -314,7 +314,7 @@ void tst_BitmapPicker::checklistCommandsTickManyRows()
     auto* view = f.find<ListView>("lsvObjects");
     QCOMPARE(view->contextMenuPolicy(), Qt::CustomContextMenu);
     for (int row : selected)
-        view->selectionModel()->select(s.lsvObjects.index(row, 0),
+        view->selectionModel()->select(view->shownIndex(row),
                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
     auto* checklist = f.window->objectPage().findChild<DrawChecklist*>();
     QVERIFY(QMetaObject::invokeMethod(checklist, qPrintable(command)));

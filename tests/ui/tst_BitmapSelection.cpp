@@ -204,8 +204,8 @@ void tst_BitmapSelection::drawingWhileAddingOrEditing_data()
         << Cells{} << 4 << 2048 << QPoint(200, 160) << QPoint(40, 40) << Cells{"2", "10", "522", "50", "552"}
         << Cells{"2", "0", "10", "10", "50", "10", "50", "40", "10", "40", "1", "1", "255", "1", "255", "255", "1", "255"};
     QTest::newRow("the far corner held in the press's tile")
-        << Cells{} << 1 << 0 << QPoint(10, 300) << QPoint(60, 600) << Cells{"1", "10", "300", "60", "512"}
-        << Cells{"1", "0", "10", "44", "60", "44", "60", "256", "10", "256", "1", "1", "255", "1", "255", "255", "1", "255"};
+        << Cells{} << 1 << 0 << QPoint(10, 300) << QPoint(60, 600) << Cells{"1", "10", "300", "60", "511"}
+        << Cells{"1", "0", "10", "44", "60", "44", "60", "255", "10", "255", "1", "1", "255", "1", "255", "255", "1", "255"};
     // A row whose bytes are all 0, flipped both ways: Lo on corner 3, bytes kept.
     QTest::newRow("edit a row of zeros at zoom 2")
         << Cells{"0", "0", "50", "60", "10", "60", "10", "20", "50", "20", "0", "0", "0", "0", "0", "0", "0", "0"} << 2
@@ -310,9 +310,9 @@ void tst_BitmapSelection::freeCornersDraggedOneByOne()
     w.drag({129, 102}, {150, 140});
     QCOMPARE(w.texts({"txtX_0", "txtY_0", "txtX_1", "txtY_1", "txtX_2", "txtY_2"}),
              (Cells{"0", "384", "75", "404", "0", "447"}));
-    // Dragged below its tile, a corner stays at the tile's edge.
+    // Dragged below its tile, a corner stays on the tile's last pixel.
     w.drag({150, 140}, {150, 600});
-    QCOMPARE(w.texts({"txtX_1", "txtY_1"}), (Cells{"75", "512"}));
+    QCOMPARE(w.texts({"txtX_1", "txtY_1"}), (Cells{"75", "511"}));
     w.drag({150, 356}, {150, 140});
     // Away from every corner a press moves nothing and says how.
     w.drag({20, 300}, {60, 340});

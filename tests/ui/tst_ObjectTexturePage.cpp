@@ -1,7 +1,9 @@
 #include "uisupport/TexturePageUser.h"
 #include "ui/common/EditorState.h"
 #include "level/LevelVersion.h"
+#include "level/TextureUsage.h"
 #include "list/TextureGeometry.h"
+#include "list/m_TextureList.h"
 #include "ui/common/ListView.h"
 #include "uisupport/UserActions.h"
 #include "ui/main/frmMain.h"
@@ -11,14 +13,18 @@
 #include <QCheckBox>
 #include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
+#include <QUndoStack>
 
 using Cells = QStringList;
 
 // The "Object Textures" page driven as a user would, over the demo list.
+using Ranges = QList<QList<quint16>>;
+
 class tst_ObjectTexturePage : public QObject
 {
     Q_OBJECT
@@ -38,6 +44,8 @@ private slots:
     void oneTileRules_data();
     void oneTileRules();
     void deletionKeepsNumbersAndAddTakesAFreeOne();
+    void deletionAsksThenRangesFollow_data();
+    void deletionAsksThenRangesFollow();
     void checklistMarkers_data();
     void checklistMarkers();
     void drawOutlinesTickedTextures();
@@ -205,40 +213,58 @@ void tst_ObjectTexturePage::loadingARow()
 
 void tst_ObjectTexturePage::cornerBoxesHoldTheirInput_data()
 {
+    // The demo bitmap is four tiles, 1024 pixels high. A value past a box's
+    // highest is not taken: the box keeps what it held before it.
+    QTest::addColumn<QString>("box");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<bool>("pasted");
     QTest::addColumn<QString>("kept");
-    QTest::newRow("four digits") << "1234" << false << "123";
-    QTest::newRow("above 256") << "300" << false << "256";
-    QTest::newRow("256") << "256" << false << "256";
-    QTest::newRow("minus sign") << "-5" << false << "5";
-    QTest::newRow("letters and point") << "1a2.5" << false << "125";
-    QTest::newRow("blank") << "" << false << "";
-    QTest::newRow("pasted text") << "x 9,99" << true << "256";
-    QTest::newRow("pasted huge number") << "99999999999999999999" << true << "256";
-    QTest::newRow("pasted small number") << "042" << true << "042";
+    QTest::addColumn<QString>("follower"); // the box the rectangle sync writes
+    QTest::addColumn<QString>("said");
+    QTest::newRow("X: four digits") << "txtX_0" << "1234" << false << "123" << "txtX_3"
+                                    << "1234 was not taken: a corner's X goes from 0 to 255 within its tile.";
+    QTest::newRow("X: 256") << "txtX_0" << "256" << false << "25" << "txtX_3" << "256 was not taken";
+    QTest::newRow("X: 255") << "txtX_0" << "255" << false << "255" << "txtX_3" << "";
+    QTest::newRow("X: minus sign") << "txtX_0" << "-5" << false << "5" << "txtX_3" << "";
+    QTest::newRow("X: letters and point") << "txtX_0" << "1a2.5" << false << "125" << "txtX_3" << "";
+    QTest::newRow("X: blank") << "txtX_0" << "" << false << "" << "txtX_3" << "";
+    QTest::newRow("X: pasted text") << "txtX_0" << "x 9,99" << true << "" << "txtX_3" << "999 was not taken";
+    QTest::newRow("X: pasted huge number") << "txtX_0" << "99999999999999999999" << true << "" << "txtX_3"
+                                           << "999999999... was not taken";
+    QTest::newRow("X: pasted small number") << "txtX_0" << "042" << true << "042" << "txtX_3" << "";
+    QTest::newRow("Y: a lower tile") << "txtY_0" << "300" << false << "300" << "txtY_1" << "";
+    QTest::newRow("Y: the bitmap's height") << "txtY_0" << "1024" << false << "1024" << "txtY_1" << "";
+    QTest::newRow("Y: past the bitmap") << "txtY_0" << "1025" << false << "102" << "txtY_1"
+                                        << "1025 was not taken: a corner's Y goes from 0 to 1024, the bitmap's height.";
+    QTest::newRow("Y: pasted past the bitmap") << "txtY_0" << "7000" << true << "" << "txtY_1"
+                                               << "7000 was not taken";
 }
 
 void tst_ObjectTexturePage::cornerBoxesHoldTheirInput()
 {
+    QFETCH(QString, box);
     QFETCH(QString, typed);
     QFETCH(bool, pasted);
     QFETCH(QString, kept);
+    QFETCH(QString, follower);
+    QFETCH(QString, said);
     Page p;
     p.click("cmdAdd");
-    QLineEdit* box = p.box("txtX_0");
-    QVERIFY(!box->isReadOnly());
+    p.state().ShowStatus(QString());
+    QLineEdit* edit = p.box(box);
+    QVERIFY(!edit->isReadOnly());
     if (pasted) {
         QApplication::clipboard()->setText(typed);
-        box->setFocus();
-        box->selectAll();
-        box->paste();
+        edit->setFocus();
+        edit->selectAll();
+        edit->paste();
     } else {
-        UserActions::TypeInto(box, typed);
+        UserActions::TypeInto(edit, typed);
     }
-    QCOMPARE(box->text(), kept);
-    // The corner that follows X of the Lo corner keeps the held value too.
-    QCOMPARE(p.box("txtX_3")->text(), kept);
+    QCOMPARE(edit->text(), kept);
+    // The corner that follows the Lo corner keeps the held value too.
+    QCOMPARE(p.box(follower)->text(), kept);
+    QVERIFY2(said.isEmpty() ? p.status().isEmpty() : p.status().startsWith(said), qPrintable(p.status()));
 }
 
 void tst_ObjectTexturePage::addThenEditWhatWasAdded()
@@ -412,8 +438,8 @@ void tst_ObjectTexturePage::oneTileRules_data()
     QTest::addColumn<QString>("status"); // what the status bar says of it
     // Row 20 lies in tile 1, Y 64 to 127: its boxes hold 320 and 383.
     QTest::newRow("lower tile comes back") << 20 << "" << Cells{"1", "64", "64", "127", "127"} << "";
-    QTest::newRow("too high: held to one tile") << 20 << "0" << Cells{"1", "0", "0", "256", "256"}
-                                                << "coordinate 256: a list file keeps 0 to 255";
+    QTest::newRow("top typed into tile 0: refused") << 20 << "0" << Cells{"1", "64", "64", "127", "127"}
+                                                    << "Nothing was stored: corner 3 (Y 383) lies outside tile 0";
     QTest::newRow("Lo at 256 exactly stays in the tile box's tile")
         << 20 << "256" << Cells{"1", "256", "256", "383", "383"}
         << "Texture 20 stored at Y 256 of tile 1, not Y 0: a top Y of 256 keeps the tile named. To store Y 0, "
@@ -440,6 +466,55 @@ void tst_ObjectTexturePage::oneTileRules()
     // What the user did not type is stored, with a word in the status bar.
     QVERIFY2(status.isEmpty() ? !p.status().contains(QLatin1String("stored")) : p.status().contains(status),
              qPrintable(p.status()));
+}
+
+void tst_ObjectTexturePage::deletionAsksThenRangesFollow_data()
+{
+    // The demo's ranges: 00 holds textures 16 to 19, 01 holds 20 to 22.
+    QTest::addColumn<int>("texture");
+    QTest::addColumn<bool>("answer");
+    QTest::addColumn<Ranges>("ranges");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("inside range 00") << 17 << true << Ranges{{16, 17, 18}, {19, 20, 21}}
+                                     << "Deleted texture 17; ranges that showed it, now without it: 00. Edit, Undo "
+                                        "brings all of it back.";
+    QTest::newRow("before both ranges") << 5 << true << Ranges{{15, 16, 17, 18}, {19, 20, 21}}
+                                        << "Deleted texture 05. Edit, Undo brings it back.";
+    QTest::newRow("after both ranges") << 25 << true << Ranges{{16, 17, 18, 19}, {20, 21, 22}}
+                                       << "Deleted texture 25. Edit, Undo brings it back.";
+    QTest::newRow("Cancel") << 17 << false << Ranges{{16, 17, 18, 19}, {20, 21, 22}} << "";
+}
+
+void tst_ObjectTexturePage::deletionAsksThenRangesFollow()
+{
+    QFETCH(int, texture);
+    QFETCH(bool, answer);
+    QFETCH(Ranges, ranges);
+    QFETCH(QString, said);
+    Page p;
+    const ListViewSet& views = p.state().views;
+    p.load(texture);
+    const QString number = views.lsvTextures.text(texture);
+    p.state().ShowStatus(QString());
+    p.f.prompts.confirmAnswers = {answer};
+    p.click("cmdDel");
+
+    // Asked first, with what the level's faces name.
+    const std::optional<TextureUsage> usage = TextureUsage::ofLevel(p.f.levelPath());
+    QVERIFY(usage);
+    QCOMPARE(p.f.prompts.messages.size(), 1);
+    QCOMPARE(p.f.prompts.messages[0].title, QStringLiteral("Delete Texture"));
+    QVERIFY2(p.f.prompts.messages[0].text.startsWith(
+                 QStringLiteral("%1 faces of %2 use texture %3, and %4 faces use the textures after it")
+                     .arg(usage->roomFaces.at(texture) + usage->meshFaces.at(texture))
+                     .arg(QFileInfo(p.f.levelPath()).fileName(), number)
+                     .arg(usage->roomFaces.from(texture + 1) + usage->meshFaces.from(texture + 1))),
+             qPrintable(p.f.prompts.messages[0].text));
+    QCOMPARE(p.status(), said);
+    QCOMPARE(p.textures().count(), answer ? 29 : 30);
+    const QList<quint16> words = m_TextureList::AnimatedTextureWords(views.lsvAnims, views.lsvAnimDetails);
+    QCOMPARE(AnimatedTextureBlock::fromWords(words.constData(), words.size()).ranges, ranges);
+    QCOMPARE(p.state().document().undoStack()->count(), answer ? 1 : 0);
 }
 
 void tst_ObjectTexturePage::deletionKeepsNumbersAndAddTakesAFreeOne()
@@ -567,7 +642,9 @@ void tst_ObjectTexturePage::editsSurviveSaveAndReopen()
     QCOMPARE(p.textures().count(), made.size());
     for (int row = 0; row < made.size(); ++row)
         QCOMPARE(p.cells(row), made[row]);
-    QVERIFY(p.f.prompts.messages.isEmpty());
+    // Nothing but the question before the deletion was asked.
+    QCOMPARE(p.f.prompts.messages.size(), 1);
+    QCOMPARE(p.f.prompts.messages[0].title, QStringLiteral("Delete Texture"));
 }
 
 void tst_ObjectTexturePage::anyRowLoadsWithoutHarm()

@@ -1,3 +1,4 @@
+#include "level/TextureUsage.h"
 #include "uisupport/EditorFixture.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/ListView.h"
@@ -7,6 +8,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -29,6 +31,8 @@ private slots:
     void editChangesOnlyTheLoadedRow();
     void deletionAsksFirst_data();
     void deletionAsksFirst();
+    void txtNumShowsTheCountBeforeAnAdd_data();
+    void txtNumShowsTheCountBeforeAnAdd();
     void addAfterDeletionTakesAFreeNumber();
     void drawOutlinesTickedSprites();
     void editsSurviveSaveAndReopen();
@@ -185,8 +189,8 @@ void tst_SpriteTexturePage::spriteStoredInTile3LoadsAgain()
     QCOMPARE(sprites.text(29), QStringLiteral("29"));
     // Y within the tile; the spans as n x 256 + 255.
     QCOMPARE(sprites.row(29).subItems, (Cells{"3", "10", "32", "8447", "7935", "-8", "-16", "8", "16"}));
-    // The count is the list's, the new sprite included.
-    QCOMPARE(p.box("txtNum")->text(), QStringLiteral("30"));
+    // The count is the one taken before the addition, which formed the key.
+    QCOMPARE(p.box("txtNum")->text(), QStringLiteral("29"));
     QCOMPARE(p.state().lsvSpriteIndex.count(), 32);
     QCOMPARE(p.state().lsvSpriteIndex.checkState(31), Qt::Checked);
     QCOMPARE(p.f.find<QLabel>("lblAvailSTextures")->text(), QStringLiteral("30"));
@@ -226,37 +230,84 @@ void tst_SpriteTexturePage::editChangesOnlyTheLoadedRow()
 
 void tst_SpriteTexturePage::deletionAsksFirst_data()
 {
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<Cells>("keys"); // the first six after the answer
-    QTest::newRow("OK") << 1 << Cells{"S0", "S1", "S2", "S4", "S5", "S6"};
-    QTest::newRow("Cancel") << 2 << Cells{"S0", "S1", "S2", "S3", "S4", "S5"};
+    // The question with the level's counts comes first, then the warning
+    // every deletion of a sprite gives.
+    QTest::addColumn<bool>("deleteAnswer");
+    QTest::addColumn<int>("warningAnswer");
+    QTest::addColumn<Cells>("keys"); // the first six after the answers
+    QTest::addColumn<Cells>("asked");
+    const Cells both{"Delete Sprite", "Delicate Deletion"};
+    QTest::newRow("Delete, OK") << true << 1 << Cells{"S0", "S1", "S2", "S4", "S5", "S6"} << both;
+    QTest::newRow("Delete, Cancel") << true << 2 << Cells{"S0", "S1", "S2", "S3", "S4", "S5"} << both;
+    QTest::newRow("Cancel") << false << 1 << Cells{"S0", "S1", "S2", "S3", "S4", "S5"} << Cells{"Delete Sprite"};
 }
 
 void tst_SpriteTexturePage::deletionAsksFirst()
 {
-    QFETCH(int, answer);
+    QFETCH(bool, deleteAnswer);
+    QFETCH(int, warningAnswer);
     QFETCH(Cells, keys);
+    QFETCH(Cells, asked);
     Page p;
     p.load(3);
-    p.f.prompts.answers = {answer};
+    p.f.prompts.confirmAnswers = {deleteAnswer};
+    p.f.prompts.answers = {warningAnswer};
     p.click("cmdSpriteDelete");
-    QCOMPARE(p.f.prompts.messages.size(), 1);
-    QCOMPARE(p.f.prompts.messages[0].title, QStringLiteral("Delicate Deletion"));
-    QCOMPARE(p.f.prompts.messages[0].text,
-             QStringLiteral("Deleting any sprite texture will make the Sprite Sequence List useless. \r\n"
-                            "Make very sure to remove in the Sequence List the textures that no longer exists!"));
-    QCOMPARE(p.f.prompts.messages[0].style, OkCancelExclamation);
+    Cells titles;
+    for (const ScriptedPrompts::Message& message : p.f.prompts.messages)
+        titles << message.title;
+    QCOMPARE(titles, asked);
+    const std::optional<TextureUsage> usage = TextureUsage::ofLevel(p.f.levelPath());
+    QVERIFY(usage && usage->roomSprites.from(3) + usage->sequenceEnds.from(3) > 0);
+    QVERIFY2(p.f.prompts.messages[0].text.startsWith(
+                 QStringLiteral("%1 room sprites and %2 sequences of %3 use sprite 03 or the sprites after it")
+                     .arg(usage->roomSprites.from(3))
+                     .arg(usage->sequenceEnds.from(3))
+                     .arg(QFileInfo(p.f.levelPath()).fileName())),
+             qPrintable(p.f.prompts.messages[0].text));
+    if (asked.size() > 1) {
+        QCOMPARE(p.f.prompts.messages[1].text,
+                 QStringLiteral("Deleting any sprite texture will make the Sprite Sequence List useless. \r\n"
+                                "Make very sure to remove in the Sequence List the textures that no longer exists!"));
+        QCOMPARE(p.f.prompts.messages[1].style, OkCancelExclamation);
+    }
     Cells got;
     for (int row = 0; row < 6; ++row)
         got << p.sprites().key(row);
     QCOMPARE(got, keys);
-    const bool deleted = answer == 1;
+    const bool deleted = keys[3] == QLatin1String("S4");
     // Remaining rows keep their numbers.
     QCOMPARE(p.sprites().text(3), deleted ? QStringLiteral("04") : QStringLiteral("03"));
     QCOMPARE(p.box("txtNum")->text(), deleted ? QStringLiteral("28") : QStringLiteral("29"));
     QCOMPARE(p.state().lsvSpriteIndex.count(), deleted ? 30 : 31);
     QCOMPARE(p.f.find<QLabel>("lblAvailSTextures")->text(), deleted ? QStringLiteral("28") : QStringLiteral("29"));
     QCOMPARE(p.state().document().isModified(), deleted);
+}
+
+void tst_SpriteTexturePage::txtNumShowsTheCountBeforeAnAdd_data()
+{
+    QTest::addColumn<bool>("deleteFirst");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("added to the demo's 29") << false << "29";
+    QTest::newRow("added after a deletion") << true << "28";
+}
+
+void tst_SpriteTexturePage::txtNumShowsTheCountBeforeAnAdd()
+{
+    QFETCH(bool, deleteFirst);
+    QFETCH(QString, shown);
+    Page p;
+    if (deleteFirst) {
+        p.load(3);
+        p.click("cmdSpriteDelete");
+    }
+    p.click("cmdSpriteAdd");
+    p.fill({"2", "0", "512", "8", "520", "-1", "1", "-1", "1"});
+    p.click("cmdSpriteAdd");
+    QCOMPARE(p.box("txtNum")->text(), shown);
+    // Undone, the count follows the rows again.
+    p.f.find<QAction>("mnuEditUndo")->trigger();
+    QCOMPARE(p.box("txtNum")->text(), QString::number(p.sprites().count()));
 }
 
 void tst_SpriteTexturePage::addAfterDeletionTakesAFreeNumber()

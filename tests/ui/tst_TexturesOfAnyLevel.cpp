@@ -39,6 +39,8 @@ private slots:
     void statusSaysWhatAndWhy();
     void hostileRowsStayAsTheyWere_data();
     void hostileRowsStayAsTheyWere();
+    void cornersTypedInLowerTiles_data();
+    void cornersTypedInLowerTiles();
 
 private:
     using Page = TexturePageUser;
@@ -270,6 +272,79 @@ void tst_TexturesOfAnyLevel::hostileRowsStayAsTheyWere()
     QCOMPARE(p.cells(at), expected);
     p.click("cmdCancel");
     p.click("cmdDraw");
+}
+
+void tst_TexturesOfAnyLevel::cornersTypedInLowerTiles_data()
+{
+    // Textures of a 16-tile level: texture n lies in tile n mod 16, every
+    // fifth is a triangle. Each row types whole-bitmap values ("BOX=VALUE")
+    // into an edited texture, then Accept: it stays in its tile, moves to
+    // the tile it was typed into whole, or is refused, naming the corner.
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QStringList>("typed");
+    QTest::addColumn<int>("tile"); // -1: refused
+    QTest::addColumn<QString>("said");
+    QTest::newRow("rectangle of tile 3, top Y kept in it") << 3 << QStringList{"txtY_3=800"} << 3 << "";
+    QTest::newRow("rectangle of tile 1, both corners typed") << 17 << QStringList{"txtY_1=300", "txtX_3=200"} << 1
+                                                             << "";
+    QTest::newRow("rectangle of tile 15, Hi corner typed")
+        << 15 << QStringList{"txtX_1=250", "txtY_1=4000"} << 15 << "";
+    QTest::newRow("rectangle of tile 5 typed whole into tile 7")
+        << 5 << QStringList{"txtY_1=1800", "txtY_3=1850"} << 7 << "";
+    QTest::newRow("rectangle of tile 3, top Y typed into tile 0")
+        << 3 << QStringList{"txtY_3=40"} << -1 << "corner 2 (Y 956) lies outside tile 0 of the Lo corner, which "
+                                                  "holds Y 0 to 255";
+    QTest::newRow("rectangle of tile 12, Hi corner typed into tile 13")
+        << 12 << QStringList{"txtY_2=3400"} << -1 << "corner 3 (Y 3400) lies outside tile 12 of the Lo corner";
+    QTest::newRow("triangle of tile 4, corner kept in it") << 4 << QStringList{"txtY_1=1100"} << 4 << "";
+    QTest::newRow("triangle of tile 3, corner 3 at 880") << 19 << QStringList{"txtY_2=880"} << 3 << "";
+    QTest::newRow("triangle of tile 9 typed whole into tile 10")
+        << 9 << QStringList{"txtY_0=2600", "txtY_1=2610", "txtY_2=2650"} << 10 << "";
+    QTest::newRow("triangle of tile 1, corner 2 typed into tile 0")
+        << 49 << QStringList{"txtY_1=100"} << -1
+        << "corner 2 (Y 100) lies outside tile 1 of the texture's other corners, which holds Y 256 to 511";
+    QTest::newRow("triangle of tile 14, two corners typed into tile 2")
+        << 14 << QStringList{"txtY_0=600", "txtY_2=610"} << -1 << "corner 2 (Y 3";
+}
+
+void tst_TexturesOfAnyLevel::cornersTypedInLowerTiles()
+{
+    QFETCH(int, row);
+    QFETCH(QStringList, typed);
+    QFETCH(int, tile);
+    QFETCH(QString, said);
+    Page p(16, 80);
+    p.load(row);
+    const Cells loaded = p.cells(row);
+    // A triangle's fourth row is not one of its corners.
+    const int used = Cells{loaded[8], loaded[9], loaded[16], loaded[17]} == Cells(4, "0") ? 3 : 4;
+    const auto corners = [&p, used] { return p.column("txtX").mid(0, used) + p.column("txtY").mid(0, used); };
+    p.click("cmdEdit");
+    for (const QString& step : typed) {
+        const QStringList boxAndValue = step.split(QLatin1Char('='));
+        p.type(boxAndValue[0], boxAndValue[1]);
+        QCOMPARE(p.box(boxAndValue[0])->text(), boxAndValue[1]);
+    }
+    const Cells shown = corners();
+    p.click("cmdEdit");
+
+    if (tile < 0) {
+        QVERIFY2(p.status().startsWith(QLatin1String("Nothing was stored: ")) && p.status().contains(said),
+                 qPrintable(p.status()));
+        QCOMPARE(p.cells(row), loaded);
+        QCOMPARE(p.button("cmdEdit")->text(), QStringLiteral("Accept"));
+        QCOMPARE(corners(), shown);
+        return;
+    }
+    // What the boxes showed is what was stored: loaded again, every corner
+    // shows as typed, or as the rectangle sync moved it, in its tile.
+    const Cells stored = p.cells(row);
+    QCOMPARE(stored[0], QString::number(tile));
+    for (int column = 3; column < 3 + 2 * used; ++column)
+        QVERIFY2(stored[column - 1].toInt() >= 0 && stored[column - 1].toInt() <= 255, qPrintable(stored.join(' ')));
+    p.load(row);
+    QCOMPARE(p.box("txtTileNo")->text(), QString::number(tile));
+    QCOMPARE(corners(), shown);
 }
 
 QTEST_MAIN(tst_TexturesOfAnyLevel)

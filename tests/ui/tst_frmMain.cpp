@@ -1,4 +1,5 @@
 #include "ui/animation/AnimationPage.h"
+#include "support/ScratchDir.h"
 #include "uisupport/EditorFixture.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/ListView.h"
@@ -13,7 +14,9 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QStatusBar>
 #include <QTest>
+#include <QUndoStack>
 
 // The main window as a user meets it: its controls at start, opening a list,
 // the pages and the index lists.
@@ -28,7 +31,9 @@ private slots:
     void separatorsShowNoCaption();
     void openFillsViewsIndexListsAndCounters();
     void tabsShowOnePageAtATime();
-    void headerClicksToggleTheSortOrder();
+    void headerClicksSortOnlyWhatIsShown_data();
+    void headerClicksSortOnlyWhatIsShown();
+    void sortingAnEmptyListSaysSo();
 };
 
 void tst_frmMain::startsWithNoList()
@@ -149,21 +154,83 @@ void tst_frmMain::tabsShowOnePageAtATime()
     }
 }
 
-void tst_frmMain::headerClicksToggleTheSortOrder()
+void tst_frmMain::headerClicksSortOnlyWhatIsShown_data()
+{
+    // The page, its list and the column clicked, over the demo list.
+    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<int>("column");
+    QTest::newRow("textures by X1") << 1 << "lsvTextures" << 3;
+    QTest::newRow("textures by Tile#") << 1 << "lsvTextures" << 1;
+    QTest::newRow("sprites by Width") << 3 << "lsvSprites" << 4;
+    QTest::newRow("sequences by First") << 4 << "lsvSequences" << 2;
+}
+
+void tst_frmMain::headerClicksSortOnlyWhatIsShown()
+{
+    QFETCH(int, page);
+    QFETCH(QString, list);
+    QFETCH(int, column);
+    EditorFixture f;
+    const QByteArray saved = ScratchDir::read(f.listPath());
+    f.openList(f.listPath());
+    f.window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
+    f.window->ShowPage(page);
+    const QString title = f.window->windowTitle();
+    ListView* view = f.find<ListView>(qPrintable(list));
+    const ListViewModel& model = *view->listModel();
+    QStringList order;
+    for (int row = 0; row < model.count(); ++row)
+        order << model.key(row);
+    QHeaderView* header = view->header();
+    const auto columns = [header] {
+        QList<int> widths;
+        for (int section = 0; section < header->count(); ++section)
+            widths << (header->isSectionHidden(section) ? -1 : header->sectionSize(section));
+        return widths;
+    };
+    const QList<int> widths = columns();
+
+    for (Qt::SortOrder sorted : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                          QPoint(header->sectionViewportPosition(column) + 4, header->height() / 2));
+        // Shown by value, the list itself as it was.
+        for (int shown = 1; shown < model.count(); ++shown) {
+            const qint64 a = view->model()->index(shown - 1, column).data().toLongLong();
+            const qint64 b = view->model()->index(shown, column).data().toLongLong();
+            QVERIFY2(sorted == Qt::AscendingOrder ? a <= b : a >= b, qPrintable(QStringLiteral("%1 %2").arg(a).arg(b)));
+        }
+        QStringList after;
+        for (int row = 0; row < model.count(); ++row)
+            after << model.key(row);
+        QCOMPARE(after, order);
+        // The columns keep their widths and stay shown or hidden.
+        QCOMPARE(columns(), widths);
+    }
+    // A click on the first row shown chooses that row of the list.
+    const QModelIndex top = view->model()->index(0, 0);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(top).center());
+    QCOMPARE(model.selectedRow(), model.findKey(top.data(ListViewModel::KeyRole).toString()));
+    QVERIFY(model.selectedRow() > 0);
+
+    QVERIFY(!f.window->document().isModified());
+    QCOMPARE(f.window->document().undoStack()->count(), 0);
+    QCOMPARE(f.window->windowTitle(), title);
+    f.find<QAction>("mnuFileSaveList")->trigger();
+    QCOMPARE(ScratchDir::read(f.listPath()), saved);
+}
+
+void tst_frmMain::sortingAnEmptyListSaysSo()
 {
     EditorFixture f;
     f.openList(f.listPath());
+    f.window->show();
     ListView* view = f.find<ListView>("lsvTextures");
-    ListViewModel& model = f.window->state().views.lsvTextures;
-    const int last = model.count() - 1;
-    // "Tile#" first ascending, then descending on the second click.
-    emit view->header()->sectionClicked(0);
-    QCOMPARE(model.sortKey(), 0);
-    QCOMPARE(model.sortOrder(), Qt::AscendingOrder);
-    QCOMPARE(model.text(0), QStringLiteral("00"));
-    emit view->header()->sectionClicked(0);
-    QCOMPARE(model.sortOrder(), Qt::DescendingOrder);
-    QCOMPARE(model.text(0), QString::number(last).rightJustified(2, QLatin1Char('0')));
+    f.window->state().views.lsvTextures.clear();
+    emit view->header()->sectionClicked(3);
+    QCOMPARE(f.window->statusBar()->currentMessage(), QStringLiteral("Textures: there are no rows to sort."));
+    QCOMPARE(f.window->document().undoStack()->count(), 0);
 }
 
 QTEST_MAIN(tst_frmMain)

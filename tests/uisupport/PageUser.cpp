@@ -51,7 +51,7 @@ void PageUser::press(const char* name) const
 void PageUser::chooseRow(const char* name, int row) const
 {
     ListView& view = list(name);
-    const QModelIndex index = view.model()->index(row, 0);
+    const QModelIndex index = view.shownIndex(row);
     view.scrollTo(index);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
 }

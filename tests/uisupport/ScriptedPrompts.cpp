@@ -43,6 +43,12 @@ IPromptService::SaveAnswer ScriptedPrompts::AskToSaveFirst(const QString& text, 
     return answer == SaveAnswer::Save ? answer : SaveAnswer::Cancel;
 }
 
+bool ScriptedPrompts::Confirm(const QString& text, const QString& title, const QString&)
+{
+    messages.append({text, confirmStyle, title});
+    return confirmAnswers.isEmpty() || confirmAnswers.takeFirst();
+}
+
 QString ScriptedPrompts::GetFileName(const FileRequest& request)
 {
     fileRequests.append(request);

@@ -30,6 +30,8 @@ public:
     // Recorded with the style saveFirstStyle; answers from saveAnswers, and
     // Cancel when they are used up.
     SaveAnswer AskToSaveFirst(const QString& text, const QString& title, const QString& saveCaption) override;
+    // Recorded among the messages with the style confirmStyle.
+    bool Confirm(const QString& text, const QString& title, const QString& action) override;
     QString GetFileName(const FileRequest& request) override;
     std::optional<QColor> ChooseColor(const QColor& initial) override;
     void Beep() override;
@@ -38,6 +40,8 @@ public:
     // What to answer next.
     QList<int> answers;
     QList<SaveAnswer> saveAnswers;
+    // To Confirm: true presses the action, false Cancel; empty presses the action.
+    QList<bool> confirmAnswers;
     QStringList fileNames;
     QList<std::optional<QColor>> colors;
     // Each shown form is handed to the next script, which fills it in and
@@ -54,6 +58,7 @@ public:
 
     static constexpr int saveQuestionStyle = vbYesNoCancel | vbExclamation;
     static constexpr int saveFirstStyle = vbOKCancel | vbExclamation;
+    static constexpr int confirmStyle = vbOKCancel | vbExclamation;
 
     QStringList messageTexts() const;
     void clearRecords();

@@ -1,5 +1,8 @@
 #include "uisupport/TexturePageUser.h"
 
+#include "level/LevelVersion.h"
+#include "synthetic/SyntheticLevel.h"
+#include "synthetic/SyntheticTextures.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/ListView.h"
 #include "uisupport/UserActions.h"
@@ -12,6 +15,19 @@
 TexturePageUser::TexturePageUser()
 {
     f.openList(f.listPath());
+    f.window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
+}
+
+TexturePageUser::TexturePageUser(int tiles, int count)
+{
+    SyntheticLevel level(LevelVersion::Game::TR3);
+    level.setTileCount(quint32(tiles));
+    level.setObjectTextures(SyntheticTextures::Rows(SyntheticTextures::Convention::LowHigh, count, tiles));
+    const QString levelPath = f.dir.filePath(QStringLiteral("tiles.tr2"));
+    QVERIFY(level.writeTo(levelPath));
+    f.newList(f.dir.filePath(QStringLiteral("tiles.trt")), levelPath,
+              f.writeBitmap(QStringLiteral("tiles.bmp"), tiles));
     f.window->show();
     QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
 }

@@ -20,6 +20,10 @@ struct TexturePageUser
 
     // Opens the demo list and shows the window.
     TexturePageUser();
+    // Opens a new list made from a synthetic TR 3 level of tiles tiles, with
+    // count object textures laid out by SyntheticTextures (texture n in tile
+    // n mod tiles, every fifth a triangle), and shows the window.
+    TexturePageUser(int tiles, int count);
 
     EditorState& state() const;
     ListViewModel& textures() const;

@@ -14,7 +14,7 @@ namespace {
 
 QModelIndex ShownIndex(ListView* view, int row)
 {
-    const QModelIndex index = view->model()->index(row, 0);
+    const QModelIndex index = view->shownIndex(row);
     view->scrollTo(index);
     return index;
 }

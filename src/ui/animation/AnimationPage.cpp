@@ -1,5 +1,7 @@
 #include "ui/animation/AnimationPage.h"
 
+#include "ui/common/ListEditFollower.h"
+
 #include "ui/common/ButtonCaption.h"
 #include "ui/animation/ColumnFit.h"
 #include "ui/common/EditorState.h"
@@ -84,6 +86,27 @@ void AnimationPage::ConnectControls()
     ListViewModel& anims = m_state.views.lsvAnims;
     connect(&anims, &QAbstractItemModel::rowsInserted, this, &AnimationPage::ShowAnimTotal);
     connect(&anims, &QAbstractItemModel::rowsRemoved, this, &AnimationPage::ShowAnimTotal);
+    new ListEditFollower({&anims, &m_state.views.lsvAnimDetails, &m_state.views.lsvTextures},
+                         [this] { FollowChosenRange(); }, this);
+}
+
+void AnimationPage::FollowChosenRange()
+{
+    // The textures of the shown range as the lists now hold them; a range
+    // being built keeps what the user put in it.
+    const ListViewModel& anims = m_state.views.lsvAnims;
+    const int row = anims.selectedRow();
+    if (m_lsvOneAnim.count() == 0 || ButtonCaption::Is(*m_ui->cmdAddAnim, u"Accept")
+        || ButtonCaption::Is(*m_ui->cmdEditAnim, u"Accept"))
+        return;
+    m_player->Stop();
+    if (row < 0 || row >= anims.count()) {
+        m_lsvOneAnim.clear();
+        m_lsvNextAnim.clear();
+        return;
+    }
+    ShowAnimationTextures(anims.key(row));
+    m_ui->chkTriad->setChecked(m_lsvOneAnim.IsTriad(0));
 }
 
 void AnimationPage::ShowAnimTotal()

@@ -86,6 +86,8 @@ private:
     QStringList PlannedTextures() const;
     // lblAnimTotal follows the ranges while a list is open.
     void ShowAnimTotal();
+    // The shown range's textures follow an edit of the ranges or textures.
+    void FollowChosenRange();
     void FinishAnimationEdit(QPushButton& button, const QString& caption);
     void AppendNextAnimRow(const QString& texture);
     void RenumberNextAnim();

@@ -1,5 +1,7 @@
 #include "ui/animation/SequencePage.h"
 
+#include "ui/common/ListEditFollower.h"
+
 #include "ui/common/ButtonCaption.h"
 #include "ui/animation/ColumnFit.h"
 #include "ui/common/EditorState.h"
@@ -74,6 +76,7 @@ void SequencePage::ConnectControls()
     ListViewModel& sprites = m_state.views.lsvSprites;
     connect(&sprites, &QAbstractItemModel::rowsInserted, this, &SequencePage::ShowAvailableSprites);
     connect(&sprites, &QAbstractItemModel::rowsRemoved, this, &SequencePage::ShowAvailableSprites);
+    new ListEditFollower({&m_state.views.lsvSequences, &sprites}, [this] { FollowChosenSequence(); }, this);
 }
 
 // --- Hooks of the main window ---
@@ -339,11 +342,9 @@ void SequencePage::lsvSequences_ItemClick(int row)
     if (row < 0 || row >= sequences.count())
         return;
     Preview()->StopAnim();
-    m_lsvOneSequence.clear();
+    FillOneSequence(row);
     const qint64 first = NumberText::valueOf(sequences.subItem(row, FirstColumn));
     const qint64 number = qBound<qint64>(0, NumberText::valueOf(sequences.subItem(row, NumberColumn)), LongestSequence);
-    for (qint64 sprite = first; sprite < first + number; ++sprite)
-        AddSequenceTextureRow(sprite);
     // The preview button follows the animation page's list, not this one:
     // with no animations it stays disabled.
     if (m_state.views.lsvAnims.count() >= 1)
@@ -353,6 +354,31 @@ void SequencePage::lsvSequences_ItemClick(int row)
     m_ui->lblSeqKey->setText(sequences.key(row));
     m_ui->txtSeqStop->setText(NumberText::of(first + number - 1));
     m_ui->txtSeqObject->setText(sequences.subItem(row, ObjectColumn));
+}
+
+void SequencePage::FillOneSequence(int row)
+{
+    const ListViewModel& sequences = m_state.views.lsvSequences;
+    m_lsvOneSequence.clear();
+    const qint64 first = NumberText::valueOf(sequences.subItem(row, FirstColumn));
+    const qint64 number = qBound<qint64>(0, NumberText::valueOf(sequences.subItem(row, NumberColumn)), LongestSequence);
+    for (qint64 sprite = first; sprite < first + number; ++sprite)
+        AddSequenceTextureRow(sprite);
+}
+
+void SequencePage::FollowChosenSequence()
+{
+    // The sprites of the chosen sequence as the lists now hold them; nothing
+    // when no sequence is shown or the chosen one is gone.
+    const ListViewModel& sequences = m_state.views.lsvSequences;
+    const int row = sequences.selectedRow();
+    if (m_lsvOneSequence.count() == 0)
+        return;
+    m_player->Stop();
+    if (row < 0 || row >= sequences.count())
+        m_lsvOneSequence.clear();
+    else
+        FillOneSequence(row);
 }
 
 void SequencePage::AddSequenceTextureRow(qint64 sprite)

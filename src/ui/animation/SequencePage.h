@@ -45,6 +45,10 @@ public:
     void ResetSequenceEdit();
     // Appends sprite texture number's rectangle on the bitmap to lsvOneSequence.
     void AddSequenceTextureRow(qint64 sprite);
+    // lsvOneSequence made anew for row of lsvSequences.
+    void FillOneSequence(int row);
+    // The shown sequence's sprites follow an edit of the sequences or sprites.
+    void FollowChosenSequence();
     // Leaves any pending add or edit and empties the edition boxes.
     void CancelSequenceEdition();
     void ClearOneSequence();

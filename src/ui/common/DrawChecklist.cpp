@@ -101,9 +101,7 @@ void DrawChecklist::UntickAll()
 void DrawChecklist::TickSelectedOnly()
 {
     QSet<int> selected;
-    if (m_view.selectionModel()) {
-        for (const QModelIndex& index : m_view.selectionModel()->selectedRows())
-            selected.insert(index.row());
-    }
+    for (int row : m_view.selectedModelRows())
+        selected.insert(row);
     TickWhere([&selected](int row) { return selected.contains(row); });
 }

@@ -247,3 +247,11 @@ void EditorState::DrawCheckedSprites()
 {
     emit drawSpritesRequested();
 }
+
+int EditorState::BitmapHeight() const
+{
+    if (m_picture && m_document->IsBitmapLoaded() && m_picture->PictureHeight() > 0)
+        return m_picture->PictureHeight();
+    // A tile number is a 16-bit field.
+    return 65536 * 256;
+}

@@ -42,6 +42,10 @@ public:
     ucScrollPic* picture() const { return m_picture; }
     void setPicture(ucScrollPic* picture) { m_picture = picture; }
 
+    // The whole-bitmap Y of the bitmap's bottom edge: its height in pixels,
+    // or as many tiles as a texture can name while no bitmap is loaded.
+    int BitmapHeight() const;
+
     // The one colour every outline is drawn in, set by either colour button.
     QColor OutlineColor = QColor(255, 255, 0);
 

@@ -28,6 +28,11 @@ IPromptService::SaveAnswer FolderMemoryPrompts::AskToSaveFirst(const QString& te
     return m_inner.AskToSaveFirst(text, title, saveCaption);
 }
 
+bool FolderMemoryPrompts::Confirm(const QString& text, const QString& title, const QString& action)
+{
+    return m_inner.Confirm(text, title, action);
+}
+
 QString FolderMemoryPrompts::StartFolder(const QString& title) const
 {
     const QString remembered = m_settings.LastFolder(title);

@@ -21,6 +21,7 @@ public:
     int MsgBox(const QString& text, int style, const QString& title) override;
     SaveAnswer AskToSave(const QString& text, const QString& title) override;
     SaveAnswer AskToSaveFirst(const QString& text, const QString& title, const QString& saveCaption) override;
+    bool Confirm(const QString& text, const QString& title, const QString& action) override;
     QString GetFileName(const FileRequest& request) override;
     std::optional<QColor> ChooseColor(const QColor& initial) override;
     void Beep() override;

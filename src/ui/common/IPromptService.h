@@ -59,6 +59,10 @@ public:
     // saveCaption ("Save and Insert") and Cancel, with the exclamation icon;
     // closing the box answers Cancel. Never answers Discard.
     virtual SaveAnswer AskToSaveFirst(const QString& text, const QString& title, const QString& saveCaption) = 0;
+    // A question with the exclamation icon and two buttons, action (the
+    // default) and Cancel: true when action was pressed. Closing the box
+    // answers Cancel.
+    virtual bool Confirm(const QString& text, const QString& title, const QString& action) = 0;
     // The chosen path, or "" when the dialog was cancelled.
     virtual QString GetFileName(const FileRequest& request) = 0;
     // The chosen colour, or nothing when cancelled.

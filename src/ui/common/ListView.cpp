@@ -1,10 +1,12 @@
 #include "ui/common/ListView.h"
 
 #include "common/ListViewModel.h"
-#include "common/m_Code.h"
+#include "ui/common/ListSortProxy.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
+
+#include <algorithm>
 
 ListView::ListView(QWidget* parent)
     : QTreeView(parent)
@@ -23,7 +25,7 @@ ListView::ListView(QWidget* parent)
     connect(header(), &QHeaderView::sectionClicked, this, &ListView::onHeaderClicked);
     connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex& index) {
         if (index.isValid())
-            emit ItemClick(index.row());
+            emit ItemClick(modelRow(index));
     });
 }
 
@@ -44,6 +46,33 @@ void ListView::setListModel(ListViewModel* model)
     connect(model, &ListViewModel::selectedRowChanged, this, &ListView::followModelSelection);
 }
 
+QModelIndex ListView::shownIndex(int row, int column) const
+{
+    if (!m_model || row < 0 || row >= m_model->count())
+        return {};
+    const QModelIndex index = m_model->index(row, column);
+    return m_proxy ? m_proxy->mapFromSource(index) : index;
+}
+
+int ListView::modelRow(const QModelIndex& shown) const
+{
+    if (!shown.isValid())
+        return -1;
+    return m_proxy ? m_proxy->mapToSource(shown).row() : shown.row();
+}
+
+QList<int> ListView::selectedModelRows() const
+{
+    QList<int> rows;
+    if (!selectionModel())
+        return rows;
+    QModelIndexList shown = selectionModel()->selectedRows();
+    std::sort(shown.begin(), shown.end(), [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); });
+    for (const QModelIndex& index : shown)
+        rows << modelRow(index);
+    return rows;
+}
+
 void ListView::setHiddenColumns(const QList<int>& columns)
 {
     for (int column : columns)
@@ -62,7 +91,7 @@ void ListView::followModelSelection(int row)
         clearSelection();
         setCurrentIndex({});
     } else {
-        const QModelIndex index = m_model->index(row, 0);
+        const QModelIndex index = shownIndex(row);
         setCurrentIndex(index);
         scrollTo(index);
     }
@@ -74,10 +103,27 @@ void ListView::onHeaderClicked(int section)
     if (!m_model)
         return;
     m_ascending = !m_ascending;
-    if (m_sortHandler)
-        m_sortHandler(section, m_ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
-    else
-        m_Code::SortListView(*m_model, section + 1, m_ascending);
+    const Qt::SortOrder order = m_ascending ? Qt::AscendingOrder : Qt::DescendingOrder;
+    if (m_model->count() > 0) {
+        ShowThroughSortProxy();
+        m_proxy->sort(section, order);
+    }
+    emit ShownSorted(section, order);
+}
+
+void ListView::ShowThroughSortProxy()
+{
+    // A list never sorted is shown as it is, which costs nothing however
+    // many rows it holds; the first sort puts the proxy between them.
+    if (m_proxy)
+        return;
+    const QByteArray columns = header()->saveState();
+    const int chosen = m_model->selectedRow();
+    m_proxy = new ListSortProxy(this);
+    m_proxy->setSourceModel(m_model);
+    setModel(m_proxy);
+    header()->restoreState(columns);
+    followModelSelection(chosen);
 }
 
 void ListView::mousePressEvent(QMouseEvent* event)
@@ -98,8 +144,9 @@ void ListView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     QTreeView::currentChanged(current, previous);
     if (m_followingModel || m_rowsGoing || !m_model)
         return;
-    m_model->setSelectedRow(current.isValid() ? current.row() : -1);
+    const int row = modelRow(current);
+    m_model->setSelectedRow(row);
     // Arrow keys choose a row as a click does.
-    if (m_keyboardMove && current.isValid() && current.row() != previous.row())
-        emit ItemClick(current.row());
+    if (m_keyboardMove && current.isValid() && row != modelRow(previous))
+        emit ItemClick(row);
 }

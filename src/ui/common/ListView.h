@@ -2,14 +2,15 @@
 
 #include <QTreeView>
 
-#include <functional>
-
+class ListSortProxy;
 class ListViewModel;
 
-// A list view over one ListViewModel: report rows, sortable by a header click
-// (each click inverts this view's order), check boxes where the model has
-// them, and hidden columns kept as hidden columns. The model holds the rows;
-// this widget only shows them and reports clicks.
+// A list view over one ListViewModel: report rows, check boxes where the
+// model has them, and hidden columns kept as hidden columns. The model holds
+// the rows; this widget only shows them and reports clicks. A header click
+// sorts what is shown (each click inverts this view's order), never the
+// model: the list's order, and what is saved, stay as they are. Rows are
+// always named by their row in the model, whatever order they are shown in.
 class ListView : public QTreeView
 {
     Q_OBJECT
@@ -20,10 +21,11 @@ public:
     void setListModel(ListViewModel* model);
     ListViewModel* listModel() const { return m_model; }
 
-    // Who sorts the rows when a header is clicked, in place of the view: a
-    // list whose order is saved sorts as an edit that can be undone.
-    using SortHandler = std::function<void(int column, Qt::SortOrder order)>;
-    void setSortHandler(SortHandler handler) { m_sortHandler = std::move(handler); }
+    // Where the model's row is shown, and which model row a shown index is.
+    QModelIndex shownIndex(int row, int column = 0) const;
+    int modelRow(const QModelIndex& shown) const;
+    // The model rows of the selection, in the order they are shown.
+    QList<int> selectedModelRows() const;
 
     // Columns of zero width: present in the rows, never shown.
     void setHiddenColumns(const QList<int>& columns);
@@ -36,6 +38,8 @@ signals:
     void ItemClick(int row);
     // A mouse button went down over the list (the checklists' user flag).
     void MouseDown();
+    // A header click showed the rows by column (none when the list is empty).
+    void ShownSorted(int column, Qt::SortOrder order);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -44,10 +48,11 @@ protected:
 
 private:
     void onHeaderClicked(int section);
+    void ShowThroughSortProxy();
     void followModelSelection(int row);
 
     ListViewModel* m_model = nullptr;
-    SortHandler m_sortHandler;
+    ListSortProxy* m_proxy = nullptr;
     bool m_ascending = false;
     bool m_keyboardMove = false;
     bool m_followingModel = false;

@@ -68,11 +68,18 @@ IPromptService::SaveAnswer QtPromptService::AskToSave(const QString& text, const
 IPromptService::SaveAnswer QtPromptService::AskToSaveFirst(const QString& text, const QString& title,
                                                            const QString& saveCaption)
 {
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Save | QMessageBox::Cancel, m_parent);
-    box.button(QMessageBox::Save)->setText(saveCaption);
-    box.setDefaultButton(QMessageBox::Save);
-    box.setEscapeButton(QMessageBox::Cancel);
-    return box.exec() == QMessageBox::Save ? SaveAnswer::Save : SaveAnswer::Cancel;
+    return Confirm(text, title, saveCaption) ? SaveAnswer::Save : SaveAnswer::Cancel;
+}
+
+bool QtPromptService::Confirm(const QString& text, const QString& title, const QString& action)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::NoButton, m_parent);
+    QPushButton* act = box.addButton(action, QMessageBox::AcceptRole);
+    QPushButton* cancel = box.addButton(QMessageBox::Cancel);
+    box.setDefaultButton(act);
+    box.setEscapeButton(cancel);
+    box.exec();
+    return box.clickedButton() == act;
 }
 
 QStringList QtPromptService::NameFilters(const QString& filter)

@@ -66,10 +66,10 @@ void AssignmentPage::FindUsage()
         return;
     }
     FileError error;
-    std::optional<TextureUsage> usage;
+    const TextureUsage* usage = nullptr;
     {
         BusyCursor busy;
-        usage = TextureUsage::ofLevel(level, &error);
+        usage = m_state.document().LevelUsage(&error);
     }
     if (!usage) {
         m_state.ShowStatus(tr("No usage found: %1").arg(error.text()));
@@ -102,9 +102,8 @@ void AssignmentPage::Fill(ListViewModel& list, const QList<int>& numbers, const 
 QList<int> AssignmentPage::ChosenNumbers(const ListView& view)
 {
     QList<int> numbers;
-    const QModelIndexList chosen = view.selectionModel()->selectedRows();
-    for (const QModelIndex& index : chosen)
-        numbers << view.listModel()->text(index.row()).toInt();
+    for (int row : view.selectedModelRows())
+        numbers << view.listModel()->text(row).toInt();
     std::sort(numbers.begin(), numbers.end());
     return numbers;
 }

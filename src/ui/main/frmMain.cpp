@@ -126,9 +126,13 @@ void frmMain::FollowDocumentViews()
         ListViewModel* model = view->listModel();
         if (!content.contains(model))
             continue;
-        view->setSortHandler([this, model](int column, Qt::SortOrder order) {
-            if (!m_document->SortRows(*model, column, order))
-                Status(tr("The rows were in that order already."));
+        // A sort shows the rows another way; the list and its file keep their order.
+        connect(view, &ListView::ShownSorted, this, [this, model](int column, Qt::SortOrder) {
+            const QString table = m_document->TableName(*model);
+            Status(model->count() == 0
+                       ? tr("%1: there are no rows to sort.").arg(table)
+                       : tr("%1 shown by %2; the list keeps its order, and saves it.")
+                             .arg(table, model->headerData(column, Qt::Horizontal).toString()));
         });
     }
     const ListViewModel& textures = m_document->views().lsvTextures;

@@ -10,9 +10,6 @@
 
 namespace {
 
-constexpr int MaxDigits = 3;
-constexpr int MaxValue = 256;
-
 // A key that types a character the digit filter refuses; control
 // characters (the clipboard keys, Backspace, Enter) and keys without text
 // (arrows, Delete) pass, as they edit rather than type.
@@ -25,39 +22,56 @@ bool TypesRefusedCharacter(const QKeyEvent& key)
     return code > 0x7F || m_Code::DigitKeyFilter(code) == 0;
 }
 
+// Past any bitmap's height: a longer run of digits is refused whatever it says.
+constexpr int MaxDigits = 9;
+
 } // namespace
 
-CornerBoxInput::CornerBoxInput(QLineEdit& box)
+CornerBoxInput::CornerBoxInput(QLineEdit& box, Axis axis, std::function<int()> highest)
     : QObject(&box)
     , m_box(box)
+    , m_axis(axis)
+    , m_highest(std::move(highest))
+    , m_taken(box.text())
 {
     box.installEventFilter(this);
     connect(&box, &QLineEdit::textEdited, this, &CornerBoxInput::HoldText);
+    // What a load or the rectangle sync writes is taken as it is.
+    connect(&box, &QLineEdit::textChanged, this, [this](const QString& text) { m_taken = text; });
 }
 
-void CornerBoxInput::Attach(QLineEdit& box)
+CornerBoxInput* CornerBoxInput::Attach(QLineEdit& box, Axis axis, std::function<int()> highest)
 {
-    new CornerBoxInput(box);
+    return new CornerBoxInput(box, axis, std::move(highest));
 }
 
-QString CornerBoxInput::Held(const QString& text)
+QString CornerBoxInput::Digits(const QString& text)
 {
     QString digits;
     for (QChar c : text) {
         if (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
             digits.append(c);
     }
-    digits.truncate(MaxDigits);
-    if (digits.toInt() > MaxValue)
-        return QString::number(MaxValue);
     return digits;
 }
 
 void CornerBoxInput::HoldText(const QString& text)
 {
-    const QString held = Held(text);
-    if (held != text)
-        m_box.setText(held);
+    const QString digits = Digits(text);
+    const int highest = m_highest();
+    if (digits.size() > MaxDigits || digits.toLongLong() > highest) {
+        const QString kept = m_taken;
+        m_box.setText(kept);
+        const QString shown = digits.size() > MaxDigits ? digits.left(MaxDigits) + QStringLiteral("...") : digits;
+        emit refused(m_axis == Axis::X
+                         ? tr("%1 was not taken: a corner's X goes from 0 to %2 within its tile.").arg(shown).arg(highest)
+                         : tr("%1 was not taken: a corner's Y goes from 0 to %2, the bitmap's height.")
+                               .arg(shown)
+                               .arg(highest));
+        return;
+    }
+    if (digits != text)
+        m_box.setText(digits);
 }
 
 bool CornerBoxInput::eventFilter(QObject* watched, QEvent* event)

@@ -42,14 +42,16 @@ CornerBoxes::Hold::~Hold()
     m_boxes.m_held = m_wasHeld;
 }
 
-CornerBoxes::CornerBoxes(const std::array<Row, 4>& rows, QObject* parent)
+CornerBoxes::CornerBoxes(const std::array<Row, 4>& rows, std::function<int()> bitmapHeight, QObject* parent)
     : QObject(parent)
     , m_rows(rows)
 {
+    const auto lastTilePixel = [] { return TextureGeometry::TileSize - 1; };
     for (int i = 0; i < 4; ++i) {
         const Row& row = m_rows[size_t(i)];
-        for (QLineEdit* box : {row.x, row.y})
-            CornerBoxInput::Attach(*box);
+        for (CornerBoxInput* input : {CornerBoxInput::Attach(*row.x, CornerBoxInput::Axis::X, lastTilePixel),
+                                      CornerBoxInput::Attach(*row.y, CornerBoxInput::Axis::Y, bitmapHeight)})
+            connect(input, &CornerBoxInput::refused, this, &CornerBoxes::inputRefused);
         for (QLineEdit* shown : {row.corner, row.hiLo})
             EditBoxLook::Lock(*shown);
         connect(row.x, &QLineEdit::textChanged, this, [this, i] { Follow(i, true); });
@@ -151,7 +153,7 @@ std::optional<QPoint> CornerBoxes::Corner(int i) const
     const Row& row = m_rows[size_t(i)];
     if (row.x->text().isEmpty() || row.y->text().isEmpty())
         return std::nullopt;
-    // The boxes hold at most three digits, or what a loaded row held.
+    // The boxes hold what was typed within the bitmap, or what a loaded row held.
     return QPoint(row.x->text().toInt(), row.y->text().toInt());
 }
 

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
 #include <optional>
 
 class QLineEdit;
@@ -44,7 +45,8 @@ public:
         bool m_wasHeld;
     };
 
-    CornerBoxes(const std::array<Row, 4>& rows, QObject* parent = nullptr);
+    // bitmapHeight gives the highest whole-bitmap Y a box takes.
+    CornerBoxes(const std::array<Row, 4>& rows, std::function<int()> bitmapHeight, QObject* parent = nullptr);
 
     const Row& row(int i) const { return m_rows[size_t(i)]; }
 
@@ -73,6 +75,10 @@ public:
     void ExchangeRows(int a, int b);
     // Empties marker, X, Y and label of every row.
     void Clear();
+
+signals:
+    // A typed value was not taken; why is one line for the status bar.
+    void inputRefused(const QString& why);
 
 private:
     void Follow(int changedRow, bool isX);

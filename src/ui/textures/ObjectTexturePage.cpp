@@ -1,6 +1,7 @@
 #include "ui/textures/ObjectTexturePage.h"
 
 #include "ui/common/ButtonCaption.h"
+#include "ui/common/DeletionQuestion.h"
 #include "ui/textures/CornerBoxes.h"
 #include "ui/textures/TextureDrag.h"
 #include "ui/bitmap/ucScrollPic.h"
@@ -54,7 +55,7 @@ ObjectTexturePage::ObjectTexturePage(EditorState& state, QWidget* parent)
         {u.txtCorner_1, u.txtX_1, u.txtY_1, u.txtHiLo_1},
         {u.txtCorner_2, u.txtX_2, u.txtY_2, u.txtHiLo_2},
         {u.txtCorner_3, u.txtX_3, u.txtY_3, u.txtHiLo_3},
-    }});
+    }}, [this] { return m_state.BitmapHeight(); });
     ConnectControls();
     ConnectDrag();
 }
@@ -78,6 +79,7 @@ void ObjectTexturePage::ConnectControls()
     connect(u.cmdColor, &QPushButton::clicked, this, [this] { m_state.ChooseOutlineColor(); });
     connect(u.lsvTextures, &ListView::ItemClick, this, &ObjectTexturePage::lsvTextures_ItemClick);
     connect(u.chkFreeCorners, &QCheckBox::clicked, this, &ObjectTexturePage::chkFreeCorners_Click);
+    connect(m_corners.get(), &CornerBoxes::inputRefused, &m_state, &EditorState::ShowStatus);
     for (int i = 0; i < 4; ++i) {
         for (QLineEdit* box : {Corners().row(i).x, Corners().row(i).y})
             connect(box, &QLineEdit::textChanged, this, &ObjectTexturePage::ShowEditOutline);
@@ -229,10 +231,16 @@ void ObjectTexturePage::cmdDel_Click()
     const int selected = textures.selectedRow();
     if (selected < 0)
         return;
-    // The rows after it keep their numbers: animations refer to them.
+    // The rows after it keep their numbers and keys; the ranges follow
+    // their textures down one place.
     const QString number = textures.text(selected);
-    if (m_state.document().DeleteTexture(textures.key(selected)))
-        m_state.ShowStatus(tr("Deleted texture %1: Edit, Undo brings it back.").arg(number));
+    if (!DeletionQuestion::AskForTexture(m_state, selected, number))
+        return;
+    DeleteTextureCommand::Outcome outcome;
+    if (m_state.document().DeleteTexture(textures.key(selected), &outcome))
+        m_state.ShowStatus(DeletionQuestion::TextureDeleted(number, outcome));
+    else if (!outcome.refusal.isEmpty())
+        m_state.ShowStatus(outcome.refusal);
     ForgetEditedTexture();
 }
 
@@ -746,17 +754,19 @@ void ObjectTexturePage::DragRectangle(int tile, QPoint lo, QPoint hi)
         hiRow = 2;
     }
     m_ui->txtTileNo->setText(QString::number(tile));
-    // The rectangle sync fills the two other corners.
+    // The rectangle sync fills the two other corners. The far corner stays
+    // on the tile's last pixel: a stored corner is 0 to 255 within its tile.
+    const int last = TextureGeometry::TileSize - 1;
     Corners().SetCorner(loRow, lo);
-    Corners().SetCorner(hiRow, hi);
+    Corners().SetCorner(hiRow, QPoint(qMin(hi.x(), last), qMin(hi.y(), tile * TextureGeometry::TileSize + last)));
 }
 
 void ObjectTexturePage::DragCorner(int row, QPoint at)
 {
     // A corner stays in the tile the texture lies in.
     const int top = qMax(0, BoxValue(m_ui->txtTileNo)) * TextureGeometry::TileSize;
-    Corners().SetCorner(row, QPoint(qBound(0, at.x(), TextureGeometry::TileSize),
-                                    qBound(top, at.y(), top + TextureGeometry::TileSize)));
+    const int last = TextureGeometry::TileSize - 1;
+    Corners().SetCorner(row, QPoint(qBound(0, at.x(), last), qBound(top, at.y(), top + last)));
 }
 
 QList<QPoint> ObjectTexturePage::EditedCorners() const

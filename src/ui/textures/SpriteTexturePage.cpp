@@ -1,6 +1,7 @@
 #include "ui/textures/SpriteTexturePage.h"
 
 #include "ui/common/ButtonCaption.h"
+#include "ui/common/DeletionQuestion.h"
 #include "ui/common/DrawChecklist.h"
 #include "ui/common/EditBoxLook.h"
 #include "ui/common/EditorState.h"
@@ -201,9 +202,13 @@ void SpriteTexturePage::AcceptAdding()
 {
     if (!ValidateSpriteEdition())
         return;
+    // The count shown is the one taken before the addition, which formed
+    // the new sprite's key.
+    const qint64 before = m_state.views.lsvSprites.count();
     if (!StoreEditedSprite(true, *m_entry))
         return;
     CancelSpriteEdition();
+    m_ui->txtNum->setText(QString::number(before));
 }
 
 void SpriteTexturePage::cmdSpriteEdit_Click()
@@ -227,7 +232,12 @@ void SpriteTexturePage::AcceptEditing()
 void SpriteTexturePage::cmdSpriteDelete_Click()
 {
     ListViewModel& sprites = m_state.views.lsvSprites;
-    if (sprites.count() == 0 || !ConfirmDeletion())
+    if (sprites.count() == 0)
+        return;
+    const int row = sprites.findKey(m_ui->lblKey->text());
+    if (row >= 0 && !DeletionQuestion::AskForSprite(m_state, row, sprites.text(row)))
+        return;
+    if (!ConfirmDeletion())
         return;
     // No renumbering: the sequences name sprites by number, and the user was
     // told to mend them.
