@@ -2,6 +2,7 @@
 
 #include "cli/CommandArguments.h"
 #include "cli/CommandLine.h"
+#include "common/FileIdentity.h"
 #include "common/FileKind.h"
 #include "list/LevelListExtractor.h"
 
@@ -23,8 +24,9 @@ int ExtractCommand::run(const QStringList& words)
     const QString levelPath = QFileInfo(args.positionals().first()).absoluteFilePath();
     const QString bitmapPath = QFileInfo(args.value(bitmapOption)).absoluteFilePath();
     const QString listPath = QFileInfo(args.value(outputOption)).absoluteFilePath();
-    if (listPath == levelPath || listPath == bitmapPath)
-        return m_cli.usageError(QStringLiteral("the list would replace an input"));
+    if (const FileError sameAsInput = FileIdentity::outputRefusal(listPath, {levelPath, bitmapPath});
+        sameAsInput.failed())
+        return m_cli.fail(CommandLine::InputUnreadable, sameAsInput);
 
     // Looked at before the image reader opens it, which blocks on a FIFO.
     if (const QString refusal = FileKind::refusal(bitmapPath); !refusal.isEmpty())

@@ -175,8 +175,9 @@ private slots:
         QTest::newRow("BMP truncated") << bmp.left(bmp.size() / 2) << "more than its";
         QTest::newRow("BMP claims more rows") << tallBmp << "more than its";
         QTest::newRow("BMP cut in its header") << bmp.left(20) << "cut short";
-        QTest::newRow("PNG claims more rows") << tallPng << "more than its";
-        QTest::newRow("PNG truncated") << png.left(png.size() - 30) << "cannot be decoded";
+        QTest::newRow("PNG claims more rows") << tallPng << "would decode";
+        QTest::newRow("PNG truncated") << png.left(png.size() - 30) << "is cut short";
+        QTest::newRow("PNG without its end chunk") << png.chopped(12) << "stops before the PNG's end chunk";
         QTest::newRow("PNG cut in its header") << png.left(12) << "cut short";
     }
 
@@ -191,6 +192,41 @@ private slots:
         QString error;
         QVERIFY(TileBitmapReader::read(buffer, &error).isNull());
         QVERIFY2(error.contains(cause), qPrintable(error));
+    }
+
+    // Nothing is decoded that no level could address, or that would take
+    // far more memory than its file's size explains, unless it is no more
+    // than a level's own tiles.
+    void decodingIsBounded_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<qint64>("levelTiles");
+        QTest::addColumn<QString>("refusal"); // "" when it may be decoded
+        QImage bomb(256, 512 * 256, QImage::Format_Mono);
+        bomb.fill(0);
+        const QByteArray onebit = ImageFile::encode(bomb, "PNG");
+        QTest::newRow("1-bit PNG of 512 flat tiles") << onebit << qint64(0) << "would decode its 256 x 131072 pixels";
+        QTest::newRow("the same as a level's own 512 tiles") << onebit << qint64(512) << "";
+        QTest::newRow("the same beyond a level's 511 tiles") << onebit << qint64(511) << "would decode";
+        QTest::newRow("64 flat tiles of 8-bit samples")
+            << ImageFile::encode(filled(256, 64 * 256, qRgb(40, 80, 120)), "PNG") << qint64(0) << "";
+        QTest::newRow("32 tiles, whatever the file") << ImageFile::encode(bomb.copy(0, 0, 256, 32 * 256), "PNG")
+                                                     << qint64(0) << "";
+        QByteArray tall = ImageFile::encode(filled(256, 256, qRgb(1, 2, 3)), "BMP");
+        qToLittleEndian<qint32>(256 * 65537, tall.data() + 22);
+        QTest::newRow("more tiles than a level addresses") << tall << qint64(70000) << "more than the 65536";
+    }
+
+    void decodingIsBounded()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(qint64, levelTiles);
+        QFETCH(QString, refusal);
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::ReadOnly);
+        const QString found = TileBitmapReader::decodeRefusal(buffer, levelTiles);
+        QCOMPARE(found.isEmpty(), refusal.isEmpty());
+        QVERIFY2(found.contains(refusal), qPrintable(found));
     }
 
     void readerShowsColours_data()
