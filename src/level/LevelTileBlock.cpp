@@ -4,6 +4,7 @@
 #include "level/BitmapTileConverter.h"
 #include "level/PaletteNearestIndex.h"
 #include "level/TileBitmapReader.h"
+#include "level/TileBitmapSource.h"
 #include "level/TilePixelEncoder.h"
 
 #include <QFileDevice>
@@ -33,6 +34,15 @@ const std::vector<QRgb>& shownOfEveryWord()
 bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, const QImage& bitmap,
                            const QString& bitmapName)
 {
+    if (bitmap.width() != Side || bitmap.height() % Side != 0)
+        return fail(bitmapName, QStringLiteral("is not a column of 256 x 256 tiles"));
+    TileBitmapSource tiles(bitmap);
+    return build(level, walk, tiles, bitmapName);
+}
+
+bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, TileBitmapSource& bitmap,
+                           const QString& bitmapName)
+{
     m_first = walk.tileCountPosition;
     if (m_first == 0)
         return fail(level.fileName(), QStringLiteral("ends before its texture tiles"));
@@ -44,9 +54,7 @@ bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, co
         return fail(level.fileName(),
                     QStringLiteral("its %1 texture tiles run past the end of the file").arg(levelTiles));
     }
-    m_tileCount = bitmap.height() / Side;
-    if (bitmap.width() != Side || bitmap.height() % Side != 0)
-        return fail(bitmapName, QStringLiteral("is not a column of 256 x 256 tiles"));
+    m_tileCount = bitmap.tileCount();
     if (m_tileCount < levelTiles) {
         return fail(bitmapName, QStringLiteral("holds %1 tiles, fewer than the level's %2: tiles cannot be taken away")
                                     .arg(m_tileCount)
@@ -59,7 +67,12 @@ bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, co
     PaletteNearestIndex palette(paletteBytes);
     m_changedTiles = 0;
     for (qint64 tile = 0; tile < m_tileCount; ++tile) {
-        if (!paintTile(tile, bitmap, palette))
+        const QImage pixels = bitmap.tile(tile);
+        if (pixels.isNull()) {
+            m_error = bitmap.error();
+            return false;
+        }
+        if (!paintTile(tile, pixels, palette))
             return fail(level.fileName(),
                         QStringLiteral("its 8-bit palette holds only black, no colour for the painted pixels"));
     }
@@ -87,14 +100,14 @@ bool LevelTileBlock::readLevelTiles(QFileDevice& level, qint64 levelTiles)
 // Writes the pixels of one tile whose colour differs from what the level's
 // word shows. False when such a pixel needs a palette colour and there is
 // none.
-bool LevelTileBlock::paintTile(qint64 tile, const QImage& bitmap, PaletteNearestIndex& palette)
+bool LevelTileBlock::paintTile(qint64 tile, const QImage& pixels, PaletteNearestIndex& palette)
 {
     const QRgb* shownOf = shownOfEveryWord().data();
     char* tile8 = m_bytes.data() + 4 + tile * Tile8Size;
     char* tile16 = m_bytes.data() + 4 + m_tileCount * Tile8Size + tile * Tile16Size;
     bool changed = false;
     for (int y = 0; y < Side; ++y) {
-        const QRgb* row = reinterpret_cast<const QRgb*>(bitmap.constScanLine(int(tile * Side + y)));
+        const QRgb* row = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
         char* words = tile16 + y * Side * 2;
         for (int x = 0; x < Side; ++x) {
             const QRgb colour = row[x];
@@ -117,6 +130,6 @@ bool LevelTileBlock::paintTile(qint64 tile, const QImage& bitmap, PaletteNearest
 
 bool LevelTileBlock::fail(const QString& file, const QString& cause)
 {
-    m_error = FileError(file, QString(), cause);
+    m_error = FileError::reading(file, cause);
     return false;
 }

@@ -3,7 +3,7 @@
 #include "level/C_LevelInfo.h"
 #include "level/LevelTileBlock.h"
 #include "level/ReadOnlyFile.h"
-#include "level/TileBitmapReader.h"
+#include "level/TileBitmapSource.h"
 #include "list/C_ListInfo.h"
 #include "common/FileIdentity.h"
 #include "common/ReplacingFile.h"
@@ -224,12 +224,11 @@ C_ListInserter::Result C_ListInserter::BuildTiles(const C_LevelInfo& level, QFil
     const QString bitmapPath = m_tileBitmap.isEmpty() ? ListBitmapPath(list, listPath) : m_tileBitmap;
     if (bitmapPath.isEmpty())
         return Refuse(Status::BitmapUnusable, FileError::reading(listPath, QStringLiteral("the list names no bitmap")));
-    FileError error;
     // The level's own tiles are decoded whatever their file's size; only
     // tiles added beyond them are held to the bitmap's file.
-    const QImage bitmap = TileBitmapReader::read(bitmapPath, &error, level.Walk().tileCount);
+    TileBitmapSource bitmap(bitmapPath, level.Walk().tileCount);
     if (bitmap.isNull())
-        return Refuse(Status::BitmapUnusable, error);
+        return Refuse(Status::BitmapUnusable, bitmap.error());
     if (!tiles.build(levelFile, level.Walk(), bitmap, bitmapPath)) {
         const Status status = tiles.error().file() == bitmapPath ? Status::BitmapUnusable : Status::TilesUnusable;
         return Refuse(status, tiles.error());

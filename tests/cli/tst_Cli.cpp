@@ -239,7 +239,9 @@ private slots:
         QTest::newRow("negative count") << "negative.tr2" << "TR2" << qint64(-1);
     }
 
-    // The JSON holds exactly the level's properties under their names.
+    // The JSON holds exactly the level's properties under their names. A
+    // file that is no TR2 or TR3 level is still described, and exit 2 with
+    // one line says it is no level to work on.
     void info()
     {
         QFETCH(QString, name);
@@ -247,7 +249,11 @@ private slots:
         QFETCH(qint64, objectTextures);
         const QString path = m_dir.filePath(name);
         const Run run = cli({QStringLiteral("info"), path, QStringLiteral("--json")});
-        QCOMPARE(run.exitCode, 0);
+        const bool isLevel = game == QLatin1String("TR2") || game == QLatin1String("TR3");
+        QCOMPARE(run.exitCode, isLevel ? 0 : 2);
+        QCOMPARE(run.err.isEmpty(), isLevel);
+        if (!isLevel)
+            QVERIFY2(run.err.contains(": cannot be read: not a TR2 or TR3 level (version "), run.err.constData());
         const QJsonObject json = run.json();
         QStringList keys = json.keys();
         keys.sort();

@@ -216,7 +216,7 @@ private slots:
         QTest::addColumn<QString>("level");
         QTest::addColumn<int>("exitCode");
         QTest::addColumn<QString>("why");
-        const QStringList commands{"insert", "tiles", "extract", "usage"};
+        const QStringList commands{"insert", "tiles", "extract", "usage", "info"};
         for (const QString& command : commands) {
             const auto row = [&](const char* what) {
                 return &QTest::newRow(qPrintable(QStringLiteral("%1 %2").arg(command, what)));

@@ -1,9 +1,11 @@
 #include "level/BitmapTileConverter.h"
 #include "level/PaletteNearestIndex.h"
 #include "level/TileBitmapReader.h"
+#include "level/TileBitmapSource.h"
 #include "level/TilePixelEncoder.h"
 
 #include "common/ImageFile.h"
+#include "support/ScratchDir.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -37,6 +39,28 @@ QImage filled(int width, int height, QRgb colour, QImage::Format format = QImage
     QImage image(width, height, format);
     image.fill(colour);
     return image;
+}
+
+// Three tiles, every pixel its own colour, magenta here and there.
+QImage threeTiles()
+{
+    QImage image(256, 3 * 256, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < 256; ++x)
+            image.setPixel(x, y, (x + y) % 97 == 0 ? 0xFFFF00FF : qRgb(x, y & 0xFF, (x * y / 256) & 0xFF));
+    return image;
+}
+
+// The rows of a bottom-up 24-bit BMP put top down, as a negative height says.
+QByteArray topDown(const QByteArray& bottomUp)
+{
+    constexpr qint64 HeaderSize = 54, RowBytes = 256 * 3;
+    QByteArray flipped = bottomUp.left(HeaderSize);
+    const qint32 height = qFromLittleEndian<qint32>(bottomUp.constData() + 22);
+    qToLittleEndian(qint32(-height), flipped.data() + 22);
+    for (qint64 row = height - 1; row >= 0; --row)
+        flipped += bottomUp.mid(HeaderSize + row * RowBytes, RowBytes);
+    return flipped;
 }
 
 } // namespace
@@ -227,6 +251,33 @@ private slots:
         const QString found = TileBitmapReader::decodeRefusal(buffer, levelTiles);
         QCOMPARE(found.isEmpty(), refusal.isEmpty());
         QVERIFY2(found.contains(refusal), qPrintable(found));
+    }
+
+    // Taken one tile at a time, from the file's rows or from a whole
+    // decoding, a bitmap gives the tiles the reader's image holds.
+    void sourceGivesTheReadersTiles_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QByteArray bmp = ImageFile::encode(threeTiles(), "BMP");
+        QTest::newRow("24-bit BMP, bottom up") << bmp;
+        QTest::newRow("24-bit BMP, top down") << topDown(bmp);
+        QTest::newRow("PNG") << ImageFile::encode(threeTiles(), "PNG");
+        QTest::newRow("PNG with alpha") << ImageFile::encode(threeTiles().convertToFormat(QImage::Format_ARGB32), "PNG");
+    }
+
+    void sourceGivesTheReadersTiles()
+    {
+        QFETCH(QByteArray, bytes);
+        ScratchDir dir;
+        const QString path = dir.write(QStringLiteral("tiles"), bytes);
+        const QImage whole = TileBitmapReader::read(path);
+        QCOMPARE(whole.height(), 3 * 256);
+        TileBitmapSource source(path, 0);
+        QCOMPARE(source.tileCount(), 3);
+        for (int tile = 0; tile < 3; ++tile)
+            QCOMPARE(source.tile(tile).convertToFormat(QImage::Format_RGB32),
+                     whole.copy(0, tile * 256, 256, 256).convertToFormat(QImage::Format_RGB32));
+        QVERIFY(source.tile(3).isNull());
     }
 
     void readerShowsColours_data()

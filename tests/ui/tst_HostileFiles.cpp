@@ -1,12 +1,15 @@
 #include "list/C_ListInfo.h"
 #include "list/ListViewSet.h"
 #include "support/ListFixture.h"
+#include "ui/common/EditorState.h"
 #include "uisupport/EditorFixture.h"
 
 #include <QAction>
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QLineEdit>
 #include <QStatusBar>
 #include <QTest>
@@ -125,6 +128,28 @@ private slots:
         QVERIFY(said[0].contains(QDir::toNativeSeparators(cut)));
         if (f.window->state().document().IsBitmapLoaded())
             QVERIFY2(statusText(f).contains(QStringLiteral("cut short")), qPrintable(statusText(f)));
+    }
+
+    // The bitmap view decodes nothing a level could not address or its
+    // file's size cannot explain: a 4 KB PNG claiming 512 tiles is refused
+    // in one message, and no bitmap is shown.
+    void theBitmapViewHoldsTheDecodingBound()
+    {
+        EditorFixture f;
+        QImage bomb(256, 512 * 256, QImage::Format_Mono);
+        bomb.fill(0);
+        const QString bitmap = f.dir.filePath(QStringLiteral("bomb.png"));
+        QVERIFY(bomb.save(bitmap, "PNG"));
+        QVERIFY(QFileInfo(bitmap).size() < 64 * 1024);
+        ListViewSet views;
+        const QString list = f.dir.filePath(QStringLiteral("bomb.trt"));
+        QCOMPARE(ListFixture::random(4, 1, 2, 1, 1, 3).write(views, list, f.levelPath(), bitmap), C_ListInfo::Success);
+        f.prompts.clearRecords();
+        f.openList(list);
+        const QStringList said = f.prompts.messageTexts();
+        QCOMPARE(said.size(), 1);
+        QVERIFY2(said[0].contains(QStringLiteral("would decode its 256 x 131072 pixels")), qPrintable(said[0]));
+        QVERIFY(!f.window->state().document().IsBitmapLoaded());
     }
 
     // What a list holds reaches the window's messages cut and escaped, and a

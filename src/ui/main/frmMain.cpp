@@ -11,6 +11,7 @@
 #include "ui/common/EditorSettings.h"
 #include "ui/common/FolderMemoryPrompts.h"
 #include "common/BitmapSelection.h"
+#include "common/FileIdentity.h"
 #include "common/ShownName.h"
 #include "ui/common/BusyCursor.h"
 #include "level/C_LevelInfo.h"
@@ -340,6 +341,12 @@ void frmMain::mnuFileNewList_Click()
     // changes, so the list that is open stays as it is.
     if (!CanReadLevel(form.GetLevelFile()) || !CanReadBitmap(form.GetBitmapFile()))
         return;
+    const FileError sameAsInput =
+        FileIdentity::outputRefusal(form.GetListFIle(), {form.GetLevelFile(), form.GetBitmapFile()});
+    if (sameAsInput.failed()) {
+        s.prompts().MsgBox(sameAsInput.text(), IPromptService::vbCritical);
+        return;
+    }
     if (!PromptSaveChanges())
         return;
 
