@@ -5,11 +5,10 @@
 #include <vector>
 
 #ifdef Q_OS_LINUX
-#include <spawn.h>
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
-
-extern char** environ;
+#include <unistd.h>
 #endif
 
 std::optional<qint64> ChildPeakMemory::run(const QString& program, const QStringList& arguments)
@@ -22,9 +21,20 @@ std::optional<qint64> ChildPeakMemory::run(const QString& program, const QString
     for (QByteArray& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);
-    pid_t child = 0;
-    if (::posix_spawn(&child, argv[0], nullptr, nullptr, argv.data(), environ) != 0)
+    // A copy of this process, not one sharing its memory as posix_spawn's
+    // does: the kernel counts into a program's peak the peak of the process
+    // it replaced, and a copy starts from what this one holds now, not from
+    // the most it ever held. What the program prints is not wanted.
+    const pid_t child = ::fork();
+    if (child < 0)
         return std::nullopt;
+    if (child == 0) {
+        const int nowhere = ::open("/dev/null", O_WRONLY);
+        if (nowhere >= 0)
+            ::dup2(nowhere, STDOUT_FILENO);
+        ::execv(argv[0], argv.data());
+        ::_exit(127);
+    }
     int status = 0;
     struct rusage usage {};
     if (::wait4(child, &status, 0, &usage) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0)

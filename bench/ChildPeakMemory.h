@@ -4,8 +4,9 @@
 
 #include <optional>
 
-// Runs a program to its end and reads the most memory it held resident at
-// once, as the kernel counted it for that process alone.
+// Runs a program to its end, its standard output discarded, and reads the
+// most memory it held resident at once, as the kernel counted it for that
+// process: at least what this process holds when it starts the program.
 class ChildPeakMemory
 {
 public:

@@ -64,6 +64,10 @@ bool InsertTilesPeakFigure::writeFiles(const QTemporaryDir& dir)
     constexpr qint64 TileBytes = SyntheticLevel::Tile8Size + SyntheticLevel::Tile16Size;
     SyntheticLevel level = SyntheticLevel::ofSize(LevelVersion::Game::TR2, LevelBytes - Tiles * TileBytes, 100);
     level.setTileCount(Tiles, QByteArray(Tiles * SyntheticLevel::Tile16Size, '\x55'));
+    QByteArray palette(768, '\0');
+    for (int i = 0; i < palette.size(); ++i)
+        palette[i] = char(i % 64);
+    level.setPalette8(palette);
     level.setAnimatedTextureWords({1, 0, 0});
     QString error;
     if (!level.writeTo(path(dir, "level.tr2"), &error)) {

@@ -35,7 +35,7 @@ bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, co
                            const QString& bitmapName)
 {
     if (bitmap.width() != Side || bitmap.height() % Side != 0)
-        return fail(bitmapName, QStringLiteral("is not a column of 256 x 256 tiles"));
+        return failBitmap(bitmapName, QStringLiteral("is not a column of 256 x 256 tiles"));
     TileBitmapSource tiles(bitmap);
     return build(level, walk, tiles, bitmapName);
 }
@@ -45,18 +45,18 @@ bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, Ti
 {
     m_first = walk.tileCountPosition;
     if (m_first == 0)
-        return fail(level.fileName(), QStringLiteral("ends before its texture tiles"));
+        return failLevel(level, QStringLiteral("ends before its texture tiles"));
     BinaryReader reader(level, 4);
     const qint64 levelTiles = reader.u32(m_first);
     m_levelTiles = levelTiles;
     m_last = m_first + 4 + levelTiles * (Tile8Size + Tile16Size) - 1;
     if (m_last >= reader.size()) {
-        return fail(level.fileName(),
+        return failLevel(level,
                     QStringLiteral("its %1 texture tiles run past the end of the file").arg(levelTiles));
     }
     m_tileCount = bitmap.tileCount();
     if (m_tileCount < levelTiles) {
-        return fail(bitmapName, QStringLiteral("holds %1 tiles, fewer than the level's %2: tiles cannot be taken away")
+        return failBitmap(bitmapName, QStringLiteral("holds %1 tiles, fewer than the level's %2: tiles cannot be taken away")
                                     .arg(m_tileCount)
                                     .arg(levelTiles));
     }
@@ -73,7 +73,7 @@ bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, Ti
             return false;
         }
         if (!paintTile(tile, pixels, palette))
-            return fail(level.fileName(),
+            return failLevel(level,
                         QStringLiteral("its 8-bit palette holds only black, no colour for the painted pixels"));
     }
     return true;
@@ -93,7 +93,7 @@ bool LevelTileBlock::readLevelTiles(QFileDevice& level, qint64 levelTiles)
     const qint64 levelTiles16 = m_first + 4 + levelTiles * Tile8Size;
     if (!readAt(m_first + 4, tiles8, levelTiles * Tile8Size)
         || !readAt(levelTiles16, tiles16, levelTiles * Tile16Size))
-        return fail(level.fileName(), QStringLiteral("was cut short while its texture tiles were read"));
+        return failLevel(level, QStringLiteral("was cut short while its texture tiles were read"));
     return true;
 }
 
@@ -128,8 +128,14 @@ bool LevelTileBlock::paintTile(qint64 tile, const QImage& pixels, PaletteNearest
     return true;
 }
 
-bool LevelTileBlock::fail(const QString& file, const QString& cause)
+bool LevelTileBlock::failBitmap(const QString& bitmapName, const QString& cause)
 {
-    m_error = FileError::reading(file, cause);
+    m_error = FileError::reading(bitmapName, cause);
+    return false;
+}
+
+bool LevelTileBlock::failLevel(const QFileDevice& level, const QString& cause)
+{
+    m_error = FileError(level.fileName(), FileError::cannotReceive(), cause);
     return false;
 }

@@ -53,7 +53,8 @@ public:
 private:
     bool readLevelTiles(QFileDevice& level, qint64 levelTiles);
     bool paintTile(qint64 tile, const QImage& pixels, PaletteNearestIndex& palette);
-    bool fail(const QString& file, const QString& cause);
+    bool failBitmap(const QString& bitmapName, const QString& cause);
+    bool failLevel(const QFileDevice& level, const QString& cause);
 
     qint64 m_first = 0;
     qint64 m_last = -1;
