@@ -143,7 +143,7 @@ bool ImageMessageCatcher::isFromImageReading(const QMessageLogContext& context, 
 {
     const QLatin1String category(context.category ? context.category : "");
     return category.startsWith(QLatin1String("qt.gui.imageio")) || isLibraryLine(message)
-           || message.startsWith(QLatin1String("QImage")) || message.contains(QLatin1String("allocation limit"));
+           || message.startsWith(QLatin1String("QImage"));
 }
 
 void ImageMessageCatcher::handle(QtMsgType type, const QMessageLogContext& context, const QString& message)
