@@ -1,7 +1,9 @@
 #include "level/TileBitmapSource.h"
 
+#include "level/PngRowReader.h"
 #include "level/ReadOnlyFile.h"
 #include "level/TileBitmapReader.h"
+#include "level/TilePixelEncoder.h"
 
 #include <QtEndian>
 
@@ -19,6 +21,8 @@ TileBitmapSource::TileBitmapSource(const QImage& decoded)
 {
 }
 
+TileBitmapSource::~TileBitmapSource() = default;
+
 TileBitmapSource::TileBitmapSource(const QString& path, qint64 levelTiles)
 {
     m_file.setFileName(path);
@@ -27,8 +31,9 @@ TileBitmapSource::TileBitmapSource(const QString& path, qint64 levelTiles)
     QString cause = TileBitmapReader::decodeRefusal(m_file, levelTiles);
     if (cause.isEmpty())
         cause = TileBitmapReader::cutCause(m_file);
-    if (cause.isEmpty() && openRows())
+    if (cause.isEmpty() && (openRows() || openPngRows()))
         return;
+    m_png.reset();
     m_file.close();
     // Every other kind goes through the reader, which gives the one line
     // that says why it cannot be used.
@@ -58,13 +63,47 @@ bool TileBitmapSource::openRows()
     return true;
 }
 
+bool TileBitmapSource::openPngRows()
+{
+    if (!m_file.peek(8).startsWith("\x89PNG\r\n\x1a\n") || !m_file.seek(0))
+        return false;
+    m_png = std::make_unique<PngRowReader>(m_file);
+    if (!m_png->isReadable() || m_png->width() != Side || m_png->height() % Side != 0)
+        return false;
+    m_tileCount = m_png->height() / Side;
+    return true;
+}
+
 QImage TileBitmapSource::tile(qint64 index)
 {
     if (index < 0 || index >= m_tileCount)
         return {};
+    if (m_png)
+        return readPngRows(index);
     if (!m_fromRows)
         return m_decoded.copy(0, int(index * Side), Side, Side);
     return readRows(index);
+}
+
+// The rows come as the file holds them: the tiles one after the other.
+QImage TileBitmapSource::readPngRows(qint64 index)
+{
+    QImage image(Side, Side, QImage::Format_ARGB32);
+    if (index != m_nextTile || !m_png->readRows(image)) {
+        const QString why = index != m_nextTile ? QStringLiteral("tile %1 was asked for out of turn").arg(index)
+                                                : m_png->error();
+        m_error = FileError::reading(m_file.fileName(), QStringLiteral("cannot be decoded: %1").arg(why));
+        return {};
+    }
+    ++m_nextTile;
+    if (!m_png->hasAlpha())
+        return image.convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < Side; ++y) {
+        QRgb* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < Side; ++x)
+            row[x] = TilePixelEncoder::shownColour(row[x], true);
+    }
+    return image;
 }
 
 // The tile's 256 rows are one run of the file: the last row first when the

@@ -258,16 +258,34 @@ private slots:
     void sourceGivesTheReadersTiles_data()
     {
         QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("rowByRow"); // read in order from the file, never again
         const QByteArray bmp = ImageFile::encode(threeTiles(), "BMP");
-        QTest::newRow("24-bit BMP, bottom up") << bmp;
-        QTest::newRow("24-bit BMP, top down") << topDown(bmp);
-        QTest::newRow("PNG") << ImageFile::encode(threeTiles(), "PNG");
-        QTest::newRow("PNG with alpha") << ImageFile::encode(threeTiles().convertToFormat(QImage::Format_ARGB32), "PNG");
+        QTest::newRow("24-bit BMP, bottom up") << bmp << false;
+        QTest::newRow("24-bit BMP, top down") << topDown(bmp) << false;
+        QTest::newRow("PNG") << ImageFile::encode(threeTiles(), "PNG") << true;
+        QImage seeThrough = threeTiles().convertToFormat(QImage::Format_ARGB32);
+        for (int y = 0; y < seeThrough.height(); y += 3)
+            seeThrough.setPixel(y % 256, y, qRgba(10, 20, 30, y % 256));
+        QTest::newRow("PNG with alpha") << ImageFile::encode(seeThrough, "PNG") << true;
+        QTest::newRow("PNG of 16-bit channels")
+            << ImageFile::encode(seeThrough.convertToFormat(QImage::Format_RGBA64), "PNG") << true;
+        QTest::newRow("PNG of grey") << ImageFile::encode(threeTiles().convertToFormat(QImage::Format_Grayscale8), "PNG")
+                                  << true;
+        QTest::newRow("PNG of 16-bit grey")
+            << ImageFile::encode(threeTiles().convertToFormat(QImage::Format_Grayscale16), "PNG") << true;
+        QTest::newRow("PNG of a palette")
+            << ImageFile::encode(threeTiles().convertToFormat(QImage::Format_Indexed8), "PNG") << true;
+        QImage mono(256, 3 * 256, QImage::Format_Mono);
+        mono.fill(0);
+        for (int y = 0; y < mono.height(); ++y)
+            mono.setPixel(y % 256, y, 1);
+        QTest::newRow("1-bit PNG") << ImageFile::encode(mono, "PNG") << true;
     }
 
     void sourceGivesTheReadersTiles()
     {
         QFETCH(QByteArray, bytes);
+        QFETCH(bool, rowByRow);
         ScratchDir dir;
         const QString path = dir.write(QStringLiteral("tiles"), bytes);
         const QImage whole = TileBitmapReader::read(path);
@@ -278,6 +296,7 @@ private slots:
             QCOMPARE(source.tile(tile).convertToFormat(QImage::Format_RGB32),
                      whole.copy(0, tile * 256, 256, 256).convertToFormat(QImage::Format_RGB32));
         QVERIFY(source.tile(3).isNull());
+        QCOMPARE(source.tile(0).isNull(), rowByRow);
     }
 
     void readerShowsColours_data()
