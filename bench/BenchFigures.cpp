@@ -4,6 +4,7 @@
 #include "DragFrameFigure.h"
 #include "DrawAllFigure.h"
 #include "InsertRatioFigure.h"
+#include "InsertTilesPeakFigure.h"
 #include "InsertTilesRatioFigure.h"
 #include "ListFigure.h"
 #include "OpenGuiFigure.h"
@@ -25,6 +26,7 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<OpenListRatioFigure>());
     figures.push_back(std::make_unique<InsertRatioFigure>());
     figures.push_back(std::make_unique<InsertTilesRatioFigure>());
+    figures.push_back(std::make_unique<InsertTilesPeakFigure>());
     figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Ratio));
     figures.push_back(std::make_unique<PaintFigure>(PaintFigure::Kind::Milliseconds));
     figures.push_back(std::make_unique<ZoomMemoryFigure>());

@@ -1,10 +1,12 @@
 // Reads arbitrary bytes as the bitmap that insertion writes into a level's
-// tiles, and when they read as one, builds the tile block of a synthetic TR2
-// level of two tiles from it: whatever the header claims, the reader must
-// refuse it or decode no more than the bytes hold, never crash or hang.
+// tiles, whole and one tile at a time from its file, and when they read as
+// one, builds the tile block of a synthetic TR2 level of two tiles from
+// them: whatever the header claims, the readers must refuse it or decode no
+// more than the bytes hold, never crash or hang.
 #include "level/C_LevelInfo.h"
 #include "level/LevelTileBlock.h"
 #include "level/TileBitmapReader.h"
+#include "level/TileBitmapSource.h"
 #include "synthetic/SyntheticLevel.h"
 
 #include <QBuffer>
@@ -43,7 +45,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
-    const QImage bitmap = TileBitmapReader::read(buffer);
+    TileBitmapReader::read(buffer);
+
+    // Insertion takes the bitmap from its file one tile at a time.
+    const QString bitmapPath = dir.filePath(QStringLiteral("bitmap"));
+    {
+        QFile file(bitmapPath);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            return 0;
+        file.write(bytes);
+    }
+    TileBitmapSource bitmap(bitmapPath, 2);
     if (bitmap.isNull())
         return 0;
     QFile level(levelPath(dir));

@@ -44,8 +44,10 @@ QString CommandLine::usage()
         "  --help       show this help\n"
         "  --version    show the version\n"
         "\n"
-        "Exit status: 0 done, 1 wrong usage, 2 an input could not be read,\n"
-        "3 the list's version differs from the level's (nothing written).\n");
+        "Exit status: 0 done, 1 wrong usage, 2 an input could not be read or is no\n"
+        "TR2 or TR3 level, or an output could not be written (an output that is one\n"
+        "of the inputs, by any name, is refused), 3 the list's version differs from\n"
+        "the level's (nothing written).\n");
 }
 
 int CommandLine::fail(Exit status, const FileError& error)

@@ -52,7 +52,23 @@ QJsonArray rowsAsJson(const ListViewModel& view)
     return rows;
 }
 
-void writeJson(QTextStream& out, const C_ListInfo& list, ListViewSet& views)
+// What a user should know about rows that are not all the list claims:
+// each a clause after the list's name. None for a whole list.
+QStringList partialNotes(const C_ListInfo& list)
+{
+    QStringList notes;
+    // Tables after a lone word lie past where the counts end them: the
+    // word's note says why, and no other is due.
+    if (list.AreTablesAfterLoneWord())
+        notes << list.LoneWordNotice();
+    else if (const QString cut = list.CutShortNote(); !cut.isEmpty())
+        notes << cut + QStringLiteral(", so only the rows present were read");
+    if (!list.RangeBlockDamage().isEmpty())
+        notes << list.RangeBlockDamage() + QStringLiteral("; the ranges show what its words hold");
+    return notes;
+}
+
+void writeJson(QTextStream& out, const C_ListInfo& list, ListViewSet& views, bool complete)
 {
     QJsonObject json;
     for (const auto& [name, value] : numbers(list))
@@ -64,6 +80,7 @@ void writeJson(QTextStream& out, const C_ListInfo& list, ListViewSet& views)
     for (const auto& [name, view] : namedViews(views))
         viewsJson.insert(name, rowsAsJson(*view));
     json.insert(QStringLiteral("views"), viewsJson);
+    json.insert(QStringLiteral("complete"), complete);
     out << QJsonDocument(json).toJson(QJsonDocument::Indented);
 }
 
@@ -102,11 +119,12 @@ int DumpCommand::run(const QStringList& words)
     C_ListInfo list;
     if (views.openList(list, path) != C_ListInfo::Success)
         return m_cli.fail(CommandLine::InputUnreadable, list.Error());
-    if (list.AreTablesAfterLoneWord())
-        m_cli.note(path + QStringLiteral(": ") + list.LoneWordNotice());
+    const QStringList notes = partialNotes(list);
+    for (const QString& note : notes)
+        m_cli.note(FileError(path, QString(), note).text());
 
     if (args.hasFlag(json))
-        writeJson(m_cli.out(), list, views);
+        writeJson(m_cli.out(), list, views, notes.isEmpty());
     else
         writeText(m_cli.out(), list, views);
     m_cli.out().flush();

@@ -2,6 +2,7 @@
 
 #include "cli/CommandArguments.h"
 #include "cli/CommandLine.h"
+#include "common/FileIdentity.h"
 #include "common/FileKind.h"
 #include "level/LevelTileBitmap.h"
 #include "list/LevelListExtractor.h"
@@ -47,10 +48,9 @@ int ExtractCommand::run(const QStringList& words)
     const QString bitmapPath = QFileInfo(args.hasValue(bitmapOption) ? args.value(bitmapOption)
                                                                      : BitmapBesideList(listPath))
                                    .absoluteFilePath();
-    if (listPath == levelPath || listPath == bitmapPath)
-        return m_cli.usageError(QStringLiteral("the list would replace an input"));
-    if (bitmapPath == levelPath)
-        return m_cli.usageError(QStringLiteral("the bitmap would replace the level"));
+    if (const FileError sameAsInput = FileIdentity::outputRefusal(listPath, {levelPath, bitmapPath});
+        sameAsInput.failed())
+        return m_cli.fail(CommandLine::InputUnreadable, sameAsInput);
 
     // A bitmap that is there is the user's: it is only read. One that is not
     // there yet is made from the level's tiles.

@@ -47,7 +47,7 @@ int InfoCommand::run(const QStringList& words)
         json.insert(QStringLiteral("FileLength"), level.FileLength());
         json.insert(QStringLiteral("Game"), game);
         m_cli.out() << QJsonDocument(json).toJson(QJsonDocument::Indented);
-        return CommandLine::Done;
+        return refuseNoLevel(level);
     }
 
     QTextStream& out = m_cli.out();
@@ -67,5 +67,16 @@ int InfoCommand::run(const QStringList& words)
         out << "Note: unknown version; nothing was walked.\n";
     }
     out.flush();
-    return CommandLine::Done;
+    return refuseNoLevel(level);
+}
+
+// Described, yet no level to work on: the exit status says so as every
+// other command's does.
+int InfoCommand::refuseNoLevel(const C_LevelInfo& level)
+{
+    m_cli.out().flush();
+    if (LevelVersion::hasTextureTables(level.Game()))
+        return CommandLine::Done;
+    return m_cli.fail(CommandLine::InputUnreadable,
+                      FileError::reading(level.FileName(), LevelVersion::refusal(level.VersionString())));
 }

@@ -49,7 +49,6 @@ int InsertCommand::run(const QStringList& words)
         m_cli.err() << "brindle-cli: " << result.error << "; nothing written" << Qt::endl;
         return CommandLine::VersionMismatch;
     case C_ListInserter::Status::OutputIsInput:
-        return m_cli.usageError(result.error);
     case C_ListInserter::Status::LevelUnreadable:
     case C_ListInserter::Status::LevelUnusable:
     case C_ListInserter::Status::ListUnreadable:

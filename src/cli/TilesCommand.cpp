@@ -18,9 +18,6 @@ int TilesCommand::run(const QStringList& words)
 
     const QString levelPath = QFileInfo(args.positionals().first()).absoluteFilePath();
     const QString bitmapPath = QFileInfo(args.value(outputOption)).absoluteFilePath();
-    if (bitmapPath == levelPath)
-        return m_cli.usageError(QStringLiteral("the bitmap would replace the level"));
-
     FileError error;
     if (!LevelTileBitmap::write(levelPath, bitmapPath, &error))
         return m_cli.fail(CommandLine::InputUnreadable, error);

@@ -1,5 +1,7 @@
 #include "common/FileError.h"
 
+#include "common/ShownName.h"
+
 #include <QDir>
 #include <QStringList>
 
@@ -45,7 +47,7 @@ QString FileError::text() const
     if (!failed())
         return {};
     QStringList parts;
-    for (const QString& part : {QDir::toNativeSeparators(m_file), m_what, m_why}) {
+    for (const QString& part : {ShownName::of(QDir::toNativeSeparators(m_file)), m_what, m_why}) {
         if (!part.isEmpty())
             parts.append(part);
     }

@@ -89,6 +89,15 @@ bool ReplacingFile::open()
     return resolveTarget() && createTemporary();
 }
 
+bool ReplacingFile::check()
+{
+    if (!resolveTarget())
+        return false;
+    if (!QFileInfo(QFileInfo(m_target).absolutePath()).isWritable())
+        return failWith(QStringLiteral("its folder takes no new file"));
+    return true;
+}
+
 // Follows the links to the file they lead to (which need not exist yet) and
 // refuses what must not be replaced.
 bool ReplacingFile::resolveTarget()

@@ -45,6 +45,10 @@ public:
     ReplacingFile& operator=(const ReplacingFile&) = delete;
 
     bool open();
+    // What open() would refuse, found without writing anything: the
+    // refusals above, and a folder that takes no new file. For callers that
+    // write several files and want all of them or none.
+    bool check();
     // Sets aside room for size bytes where the file system can, after
     // open(): a full disk then fails here, before any writing, and the
     // writes that follow go faster. The file still grows only as written.

@@ -7,12 +7,18 @@
 #include "demo/DemoSurfaces.h"
 #include "demo/DemoTile16Encoder.h"
 #include "list/LevelListExtractor.h"
+#include "common/FileIdentity.h"
 #include "common/ImageFile.h"
+#include "common/ReplacingFile.h"
 #include "synthetic/SyntheticGeometry.h"
 #include "synthetic/SyntheticMeshSet.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -271,8 +277,20 @@ bool DemoLevel::writeInto(const QString& dir, FileError* error)
     const QFileInfo folderInfo(folder);
     if (folderInfo.exists() && !folderInfo.isDir())
         return fail(error, FileError::writing(folder, QStringLiteral("not a folder")));
-    if (!QDir().mkpath(folder))
-        return fail(error, FileError::writing(folder, QStringLiteral("cannot create the folder")));
+    std::error_code made;
+    std::filesystem::create_directories(QFile::encodeName(folder).toStdString(), made);
+    if (made)
+        return fail(error, FileError(folder, QStringLiteral("cannot be made a folder"),
+                                     QString::fromLocal8Bit(made.message())));
+    // All three files or none: each is checked before the first is written.
+    const QStringList outputs = paths(folder);
+    for (qsizetype i = 0; i < outputs.size(); ++i) {
+        ReplacingFile output(outputs[i]);
+        if (!output.check())
+            return fail(error, output.error());
+        if (const FileError same = FileIdentity::outputRefusal(outputs[i], outputs.mid(0, i)); same.failed())
+            return fail(error, same);
+    }
 
     const DemoLevel demo;
     QString cause;

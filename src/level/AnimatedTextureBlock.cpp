@@ -43,12 +43,43 @@ QList<quint16> AnimatedTextureBlock::toWords() const
     return words;
 }
 
-AnimatedTextureBlock AnimatedTextureBlock::fromTable(BinaryReader& file, const TablePosition& table)
+QList<quint16> AnimatedTextureBlock::wordsOfTable(BinaryReader& file, const TablePosition& table)
 {
     const QList<BlockWord> read = ReadTableRecords<BlockWord>(file, table);
     QList<quint16> words;
     words.reserve(read.size());
     for (const BlockWord& word : read)
         words.append(word.value);
+    return words;
+}
+
+AnimatedTextureBlock AnimatedTextureBlock::fromTable(BinaryReader& file, const TablePosition& table)
+{
+    const QList<quint16> words = wordsOfTable(file, table);
     return fromWords(words.constData(), words.size());
+}
+
+QString AnimatedTextureBlock::damage(const QList<quint16>& words)
+{
+    if (words.isEmpty())
+        return {};
+    const int rangeCount = words[0];
+    qsizetype at = 1;
+    for (int r = 0; r < rangeCount; ++r) {
+        if (at >= words.size()) {
+            return QStringLiteral("its animated texture block claims %1 ranges, but its %2 words end after %3")
+                .arg(rangeCount)
+                .arg(words.size())
+                .arg(r);
+        }
+        const qsizetype length = qsizetype(words[at++]) + 1;
+        if (length > words.size() - at) {
+            return QStringLiteral("animation range %1 claims %2 textures, but its block has only %3 words left")
+                .arg(r)
+                .arg(length)
+                .arg(words.size() - at);
+        }
+        at += length;
+    }
+    return {};
 }

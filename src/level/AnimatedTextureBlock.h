@@ -20,6 +20,13 @@ struct AnimatedTextureBlock
 
     // The block a walk found in a file: the words lying inside the file.
     static AnimatedTextureBlock fromTable(BinaryReader& file, const TablePosition& table);
+    static QList<quint16> wordsOfTable(BinaryReader& file, const TablePosition& table);
+
+    // Why the words after the count field cannot be a block: ranges that
+    // need more words than there are, a range longer than the words left.
+    // Empty for a sound block, and for no words at all. Words left over
+    // after the last range harm nothing and pass.
+    static QString damage(const QList<quint16>& words);
 
     // R, then n - 1 and the n indices of every range.
     QList<quint16> toWords() const;

@@ -2,6 +2,7 @@
 
 #include "level/BinaryReader.h"
 #include "level/BitmapTileConverter.h"
+#include "common/FileIdentity.h"
 #include "common/ImageFile.h"
 #include "common/ReplacingFile.h"
 #include "level/WalkedLevelFile.h"
@@ -53,6 +54,8 @@ bool LevelTileBitmap::write(const QString& levelPath, const QString& bmpPath, Fi
 
 bool LevelTileBitmap::run()
 {
+    if (const FileError sameAsLevel = FileIdentity::outputRefusal(m_bmpPath, {m_levelPath}); sameAsLevel.failed())
+        return failWith(sameAsLevel);
     WalkedLevelFile level(m_levelPath, LevelWalk::Reach::Tiles);
     FileError cause;
     if (!level.open(cause))

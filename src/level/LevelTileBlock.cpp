@@ -4,6 +4,7 @@
 #include "level/BitmapTileConverter.h"
 #include "level/PaletteNearestIndex.h"
 #include "level/TileBitmapReader.h"
+#include "level/TileBitmapSource.h"
 #include "level/TilePixelEncoder.h"
 
 #include <QFileDevice>
@@ -33,22 +34,29 @@ const std::vector<QRgb>& shownOfEveryWord()
 bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, const QImage& bitmap,
                            const QString& bitmapName)
 {
+    if (bitmap.width() != Side || bitmap.height() % Side != 0)
+        return failBitmap(bitmapName, QStringLiteral("is not a column of 256 x 256 tiles"));
+    TileBitmapSource tiles(bitmap);
+    return build(level, walk, tiles, bitmapName);
+}
+
+bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, TileBitmapSource& bitmap,
+                           const QString& bitmapName)
+{
     m_first = walk.tileCountPosition;
     if (m_first == 0)
-        return fail(level.fileName(), QStringLiteral("ends before its texture tiles"));
+        return failLevel(level, QStringLiteral("ends before its texture tiles"));
     BinaryReader reader(level, 4);
     const qint64 levelTiles = reader.u32(m_first);
     m_levelTiles = levelTiles;
     m_last = m_first + 4 + levelTiles * (Tile8Size + Tile16Size) - 1;
     if (m_last >= reader.size()) {
-        return fail(level.fileName(),
+        return failLevel(level,
                     QStringLiteral("its %1 texture tiles run past the end of the file").arg(levelTiles));
     }
-    m_tileCount = bitmap.height() / Side;
-    if (bitmap.width() != Side || bitmap.height() % Side != 0)
-        return fail(bitmapName, QStringLiteral("is not a column of 256 x 256 tiles"));
+    m_tileCount = bitmap.tileCount();
     if (m_tileCount < levelTiles) {
-        return fail(bitmapName, QStringLiteral("holds %1 tiles, fewer than the level's %2: tiles cannot be taken away")
+        return failBitmap(bitmapName, QStringLiteral("holds %1 tiles, fewer than the level's %2: tiles cannot be taken away")
                                     .arg(m_tileCount)
                                     .arg(levelTiles));
     }
@@ -59,8 +67,13 @@ bool LevelTileBlock::build(QFileDevice& level, const LevelWalk::Result& walk, co
     PaletteNearestIndex palette(paletteBytes);
     m_changedTiles = 0;
     for (qint64 tile = 0; tile < m_tileCount; ++tile) {
-        if (!paintTile(tile, bitmap, palette))
-            return fail(level.fileName(),
+        const QImage pixels = bitmap.tile(tile);
+        if (pixels.isNull()) {
+            m_error = bitmap.error();
+            return false;
+        }
+        if (!paintTile(tile, pixels, palette))
+            return failLevel(level,
                         QStringLiteral("its 8-bit palette holds only black, no colour for the painted pixels"));
     }
     return true;
@@ -80,21 +93,21 @@ bool LevelTileBlock::readLevelTiles(QFileDevice& level, qint64 levelTiles)
     const qint64 levelTiles16 = m_first + 4 + levelTiles * Tile8Size;
     if (!readAt(m_first + 4, tiles8, levelTiles * Tile8Size)
         || !readAt(levelTiles16, tiles16, levelTiles * Tile16Size))
-        return fail(level.fileName(), QStringLiteral("was cut short while its texture tiles were read"));
+        return failLevel(level, QStringLiteral("was cut short while its texture tiles were read"));
     return true;
 }
 
 // Writes the pixels of one tile whose colour differs from what the level's
 // word shows. False when such a pixel needs a palette colour and there is
 // none.
-bool LevelTileBlock::paintTile(qint64 tile, const QImage& bitmap, PaletteNearestIndex& palette)
+bool LevelTileBlock::paintTile(qint64 tile, const QImage& pixels, PaletteNearestIndex& palette)
 {
     const QRgb* shownOf = shownOfEveryWord().data();
     char* tile8 = m_bytes.data() + 4 + tile * Tile8Size;
     char* tile16 = m_bytes.data() + 4 + m_tileCount * Tile8Size + tile * Tile16Size;
     bool changed = false;
     for (int y = 0; y < Side; ++y) {
-        const QRgb* row = reinterpret_cast<const QRgb*>(bitmap.constScanLine(int(tile * Side + y)));
+        const QRgb* row = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
         char* words = tile16 + y * Side * 2;
         for (int x = 0; x < Side; ++x) {
             const QRgb colour = row[x];
@@ -115,8 +128,14 @@ bool LevelTileBlock::paintTile(qint64 tile, const QImage& bitmap, PaletteNearest
     return true;
 }
 
-bool LevelTileBlock::fail(const QString& file, const QString& cause)
+bool LevelTileBlock::failBitmap(const QString& bitmapName, const QString& cause)
 {
-    m_error = FileError(file, QString(), cause);
+    m_error = FileError::reading(bitmapName, cause);
+    return false;
+}
+
+bool LevelTileBlock::failLevel(const QFileDevice& level, const QString& cause)
+{
+    m_error = FileError(level.fileName(), FileError::cannotReceive(), cause);
     return false;
 }

@@ -8,6 +8,7 @@
 #include <QString>
 
 class PaletteNearestIndex;
+class TileBitmapSource;
 class QFileDevice;
 
 // A level's texture tiles rebuilt from a bitmap of them: the tile count,
@@ -32,6 +33,9 @@ public:
     // tiles than the level, or a changed pixel needs a colour from a palette
     // that holds none.
     bool build(QFileDevice& level, const LevelWalk::Result& walk, const QImage& bitmap, const QString& bitmapName);
+    // The same from a bitmap taken one tile at a time: what is held is the
+    // block and one tile of the bitmap.
+    bool build(QFileDevice& level, const LevelWalk::Result& walk, TileBitmapSource& bitmap, const QString& bitmapName);
 
     // The level bytes the block replaces, from the tile count field through
     // the last 16-bit tile.
@@ -48,8 +52,9 @@ public:
 
 private:
     bool readLevelTiles(QFileDevice& level, qint64 levelTiles);
-    bool paintTile(qint64 tile, const QImage& bitmap, PaletteNearestIndex& palette);
-    bool fail(const QString& file, const QString& cause);
+    bool paintTile(qint64 tile, const QImage& pixels, PaletteNearestIndex& palette);
+    bool failBitmap(const QString& bitmapName, const QString& cause);
+    bool failLevel(const QFileDevice& level, const QString& cause);
 
     qint64 m_first = 0;
     qint64 m_last = -1;

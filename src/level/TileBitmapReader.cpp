@@ -2,6 +2,7 @@
 
 #include "level/ReadOnlyFile.h"
 #include "level/TilePixelEncoder.h"
+#include "common/ImageMessageCatcher.h"
 
 #include <QFile>
 #include <QImageReader>
@@ -34,7 +35,7 @@ quint32 bigEndianAt(const QByteArray& bytes, qint64 position)
 
 } // namespace
 
-QImage TileBitmapReader::read(const QString& path, FileError* error)
+QImage TileBitmapReader::read(const QString& path, FileError* error, qint64 levelTiles)
 {
     QFile file(path);
     FileError openError;
@@ -44,44 +45,100 @@ QImage TileBitmapReader::read(const QString& path, FileError* error)
         return {};
     }
     QString cause;
-    QImage image = read(file, &cause);
+    QImage image = read(file, &cause, levelTiles);
     if (image.isNull() && error)
-        *error = FileError(path, QString(), cause);
+        *error = FileError::reading(path, cause);
     return image;
 }
 
-QImage TileBitmapReader::read(QIODevice& device, QString* error)
+QImage TileBitmapReader::read(QIODevice& device, QString* error, qint64 levelTiles)
 {
     const auto fail = [&](const QString& cause) {
         if (error)
             *error = cause;
         return QImage();
     };
-    const QByteArray head = device.peek(HeadSize);
-    Claim claim;
-    if (head.startsWith("BM"))
-        claim = bmpClaim(head);
-    else if (head.startsWith(QByteArray::fromRawData(PngSignature, PngSignatureSize)))
-        claim = pngClaim(head);
-    else
-        return fail(QStringLiteral("is not a BMP or PNG image"));
-    if (!claim.error.isEmpty())
-        return fail(claim.error);
-    if (claim.leastBytes > device.size()) {
-        return fail(QStringLiteral("claims %1 pixel rows, more than its %2 bytes hold")
-                        .arg(claim.height)
-                        .arg(device.size()));
-    }
+    if (const QString refusal = decodeRefusal(device, levelTiles); !refusal.isEmpty())
+        return fail(refusal);
+    const Claim claim = claimOf(device);
+    if (const QString wrongSize = sizeError(claim); !wrongSize.isEmpty())
+        return fail(wrongSize);
+    if (const QString cut = cutCause(device); !cut.isEmpty())
+        return fail(cut);
 
+    const ImageMessageCatcher said;
     QImageReader reader(&device);
     reader.setAutoTransform(false);
     QImage image;
     if (!reader.read(&image))
-        return fail(QStringLiteral("cannot be decoded: %1").arg(reader.errorString()));
+        return fail(said.withMessages(QStringLiteral("cannot be decoded: %1").arg(reader.errorString())));
     if (image.width() != claim.width || image.height() != claim.height)
         return fail(QStringLiteral("decodes to another size than its header claims"));
     showColours(image);
     return image;
+}
+
+TileBitmapReader::Claim TileBitmapReader::claimOf(QIODevice& device)
+{
+    const QByteArray head = device.peek(HeadSize);
+    if (head.startsWith("BM"))
+        return bmpClaim(head);
+    if (head.startsWith(QByteArray::fromRawData(PngSignature, PngSignatureSize)))
+        return pngClaim(head);
+    Claim claim;
+    claim.error = head.isEmpty() ? QStringLiteral("is empty, not a BMP or PNG image")
+                                 : QStringLiteral("is not a BMP or PNG image");
+    return claim;
+}
+
+QString TileBitmapReader::decodeRefusal(QIODevice& device, qint64 levelTiles)
+{
+    const Claim claim = claimOf(device);
+    if (!claim.error.isEmpty())
+        return claim.error;
+    const qint64 tiles = (claim.height + Side - 1) / Side;
+    if (tiles > AddressableTiles) {
+        return QStringLiteral("is %1 pixels high: its %2 tiles are more than the %3 a level can address")
+            .arg(claim.height)
+            .arg(tiles)
+            .arg(AddressableTiles);
+    }
+    constexpr qint64 PixelBytes = 4;
+    const qint64 decoded = claim.width * claim.height * PixelBytes;
+    const qint64 freeBytes = qMax(FreeTiles, levelTiles) * Side * Side * PixelBytes;
+    if (decoded > freeBytes && decoded > device.size() * ExpansionFactor) {
+        return QStringLiteral("would decode its %1 x %2 pixels to %3 MB, more than %4 times its %5 bytes")
+            .arg(claim.width)
+            .arg(claim.height)
+            .arg(decoded >> 20)
+            .arg(ExpansionFactor)
+            .arg(device.size());
+    }
+    return {};
+}
+
+QString TileBitmapReader::cutCause(QIODevice& device)
+{
+    const Claim claim = claimOf(device);
+    if (!claim.error.isEmpty())
+        return {};
+    if (claim.leastBytes > device.size()) {
+        return QStringLiteral("is cut short: it claims %1 pixel rows, more than its %2 bytes hold")
+            .arg(claim.height)
+            .arg(device.size());
+    }
+    // Every PNG ends with its empty IEND chunk: length 0, type, checksum.
+    static const QByteArray PngEnd = QByteArray::fromHex("0000000049454e44ae426082");
+    if (claim.isPng && device.size() >= PngEnd.size()) {
+        const qint64 was = device.pos();
+        QByteArray tail;
+        if (device.seek(device.size() - PngEnd.size()))
+            tail = device.read(PngEnd.size());
+        device.seek(was);
+        if (tail != PngEnd)
+            return QStringLiteral("is cut short: it stops before the PNG's end chunk");
+    }
+    return {};
 }
 
 // A BMP's file header, then its info header: the old 12-byte one with 16-bit
@@ -111,9 +168,6 @@ TileBitmapReader::Claim TileBitmapReader::bmpClaim(const QByteArray& head)
         claim.error = QStringLiteral("has a bitmap header of %1 bytes, which this program does not read").arg(infoSize);
         return claim;
     }
-    claim.error = sizeError(claim);
-    if (!claim.error.isEmpty())
-        return claim;
     if (bitsPerPixel == 0 || bitsPerPixel > 32) {
         claim.error = QStringLiteral("claims %1 bits a pixel").arg(bitsPerPixel);
         return claim;
@@ -140,6 +194,7 @@ TileBitmapReader::Claim TileBitmapReader::bmpClaim(const QByteArray& head)
 TileBitmapReader::Claim TileBitmapReader::pngClaim(const QByteArray& head)
 {
     Claim claim;
+    claim.isPng = true;
     constexpr qint64 Ihdr = PngSignatureSize;
     if (head.size() < Ihdr + 8 + 13 || head.mid(Ihdr + 4, 4) != "IHDR") {
         claim.error = QStringLiteral("is cut short in its header");
@@ -147,9 +202,6 @@ TileBitmapReader::Claim TileBitmapReader::pngClaim(const QByteArray& head)
     }
     claim.width = bigEndianAt(head, Ihdr + 8);
     claim.height = bigEndianAt(head, Ihdr + 12);
-    claim.error = sizeError(claim);
-    if (!claim.error.isEmpty())
-        return claim;
     const int depth = quint8(head[Ihdr + 16]);
     const int colourType = quint8(head[Ihdr + 17]);
     const int channels = colourType == 2 ? 3 : colourType == 4 ? 2 : colourType == 6 ? 4 : 1;

@@ -1,5 +1,6 @@
 #include "list/C_ListInfo.h"
 
+#include "level/AnimatedTextureBlock.h"
 #include "level/BinaryReader.h"
 #include "common/ListViewModel.h"
 #include "level/ObjectTexture.h"
@@ -7,14 +8,18 @@
 #include "level/SpriteSequence.h"
 #include "level/SpriteTexture.h"
 #include "level/TableCountLimits.h"
+#include "common/FileIdentity.h"
 #include "common/ReplacingFile.h"
 #include "level/m_AllBinTo.h"
 #include "list/m_SpriteList.h"
 #include "list/m_TextureList.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -27,6 +32,12 @@ constexpr qint64 MaxNameBytes = 0xFFFF - NameTerminatorLength;
 QByteArray storedName(const QString& name)
 {
     return name.toLocal8Bit().left(MaxNameBytes);
+}
+
+// A name as a list stores it: a path, which holds no control character.
+bool isText(const QByteArray& name)
+{
+    return std::none_of(name.cbegin(), name.cend(), [](char c) { return quint8(c) < 0x20 || quint8(c) == 0x7F; });
 }
 
 } // namespace
@@ -161,13 +172,32 @@ bool C_ListInfo::ReadTablePositions(QFile& file)
     m_version = reader.u32(0);
     m_typeLevel = reader.i16(4);
 
-    auto readName = [&reader](qint64 lengthAt, int& length, QString& name) {
+    QString damage;
+    auto readName = [&reader, &damage](qint64 lengthAt, int& length, QString& name, const QString& which) {
         length = reader.u16(lengthAt);
-        name = QString::fromLocal8Bit(reader.bytes(lengthAt + 2, length - NameTerminatorLength));
+        const QByteArray stored = reader.bytes(lengthAt + 2, qMax(0, length - NameTerminatorLength));
+        name = QString::fromLocal8Bit(stored);
+        if (damage.isEmpty() && length < NameTerminatorLength && lengthAt + 2 <= reader.size())
+            damage = QStringLiteral("its %1 name's length field holds %2, less than the name's end mark takes")
+                         .arg(which)
+                         .arg(length);
+        if (damage.isEmpty() && !isText(stored))
+            damage = QStringLiteral("its %1 name is not text").arg(which);
         return lengthAt + 2 + length; // the "\0" is skipped, never checked
     };
-    qint64 p = readName(6, m_bitMapNameLength, m_bitMapName);
-    p = readName(p, m_levelFileNameLength, m_levelFileName);
+    qint64 p = readName(6, m_bitMapNameLength, m_bitMapName, QStringLiteral("bitmap"));
+    p = readName(p, m_levelFileNameLength, m_levelFileName, QStringLiteral("level"));
+    if (p > reader.size()) {
+        m_error = FileError::reading(file.fileName(), QStringLiteral("is cut short in its header: it holds %1 bytes, "
+                                                                     "its header %2")
+                                                          .arg(reader.size())
+                                                          .arg(p));
+        return false;
+    }
+    if (!damage.isEmpty()) {
+        m_error = FileError::reading(file.fileName(), damage);
+        return false;
+    }
 
     auto readTable = [&reader, &p](TablePosition& table, qint64 number, int recordSize) {
         table.offset = p;
@@ -181,7 +211,11 @@ bool C_ListInfo::ReadTablePositions(QFile& file)
     readTable(m_spriteTexture, reader.u32(p), SpriteTexture::Size);
     readTable(m_spriteSequence, reader.u32(p), SpriteSequence::Size);
     m_offsetEof = p;
-    return AreCountsAddressable(reader, file.fileName());
+    m_fileSize = reader.size();
+    if (!AreCountsAddressable(reader, file.fileName()))
+        return false;
+    m_rangeBlockDamage = AnimatedTextureBlock::damage(AnimatedTextureBlock::wordsOfTable(reader, m_animatedTexture));
+    return true;
 }
 
 // A list saved without animation ranges keeps one 0 word behind its word
@@ -222,6 +256,13 @@ bool C_ListInfo::AreCountsAddressable(BinaryReader& reader, const QString& path)
     return false;
 }
 
+QString C_ListInfo::CutShortNote() const
+{
+    if (m_offsetEof <= m_fileSize)
+        return {};
+    return QStringLiteral("the file is shorter than its tables say (%1 of the %2 bytes)").arg(m_fileSize).arg(m_offsetEof);
+}
+
 QString C_ListInfo::LoneWordNotice() const
 {
     if (!m_tablesFollowLoneWord)
@@ -253,6 +294,11 @@ qint16 C_ListInfo::PutAllListContents()
 {
     if (!m_ready)
         return Failure;
+    // The list never takes the place of the level or the bitmap it names.
+    m_error = FileIdentity::outputRefusal(
+        m_fileName, {NamedPath(m_levelFileName, m_fileName), NamedPath(m_bitMapName, m_fileName)});
+    if (m_error.failed())
+        return Failure;
     // Files are rewritten in place from their first byte, never truncated:
     // an older, longer list keeps its bytes beyond the new end.
     ReplacingFile file(m_fileName, ReplacingFile::KeepOlderTail);
@@ -261,6 +307,13 @@ qint16 C_ListInfo::PutAllListContents()
         return Failure;
     }
     return Success;
+}
+
+QString C_ListInfo::NamedPath(const QString& name, const QString& listPath)
+{
+    if (name.isEmpty() || QDir::isAbsolutePath(name))
+        return name;
+    return QFileInfo(listPath).dir().filePath(name);
 }
 
 QByteArray C_ListInfo::ListFileImage() const

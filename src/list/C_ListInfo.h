@@ -85,6 +85,10 @@ public:
     int LevelFileNameLength() const { return m_levelFileNameLength; }
 
     QString FileName() const { return m_fileName; }
+
+    // A file a list names (its bitmap, its level): a relative name is taken
+    // from the list's folder.
+    static QString NamedPath(const QString& name, const QString& listPath);
     QString ErrorString() const { return m_error.why(); }
     FileError Error() const { return m_error; }
 
@@ -94,6 +98,15 @@ public:
     // are then not read. The notice says so in one clause, "" otherwise.
     bool AreTablesAfterLoneWord() const { return m_tablesFollowLoneWord; }
     QString LoneWordNotice() const;
+
+    // After a read, when the file ends before its tables do: "the file is
+    // shorter than its tables say (N of the M bytes)"; "" otherwise.
+    QString CutShortNote() const;
+
+    // Set after a read when the animated texture block's ranges claim more
+    // words than it holds (AnimatedTextureBlock::damage): the rows read show
+    // what the words hold, but no level may receive the block. "" otherwise.
+    QString RangeBlockDamage() const { return m_rangeBlockDamage; }
 
 private:
     class Image;
@@ -132,5 +145,7 @@ private:
     TablePosition m_spriteSequence;
     qint64 m_offsetEof = 0;
     bool m_tablesFollowLoneWord = false;
+    QString m_rangeBlockDamage;
+    qint64 m_fileSize = 0;
     FileError m_error;
 };

@@ -3,8 +3,9 @@
 #include "level/C_LevelInfo.h"
 #include "level/LevelTileBlock.h"
 #include "level/ReadOnlyFile.h"
-#include "level/TileBitmapReader.h"
+#include "level/TileBitmapSource.h"
 #include "list/C_ListInfo.h"
+#include "common/FileIdentity.h"
 #include "common/ReplacingFile.h"
 
 #include <QDir>
@@ -15,30 +16,6 @@ namespace {
 
 constexpr qint64 CopyChunk = 1 << 20;
 constexpr char OutputName[] = "templevel.tr2";
-
-bool sameFile(const QString& a, const QString& b)
-{
-    const QFileInfo fa(a);
-    const QFileInfo fb(b);
-    if (!fa.exists() || !fb.exists())
-        return false;
-    return fa.canonicalFilePath() == fb.canonicalFilePath();
-}
-
-// Why the level's tables cannot be replaced; empty when they can, and for
-// the other versions, which are copied whole.
-QString tablesUnusableCause(const C_LevelInfo& level)
-{
-    switch (level.Game()) {
-    case LevelVersion::Game::TR2:
-    case LevelVersion::Game::TR3:
-        return level.TablesUnusableCause();
-    case LevelVersion::Game::TR1:
-    case LevelVersion::Game::Unknown:
-        break;
-    }
-    return {};
-}
 
 } // namespace
 
@@ -112,6 +89,11 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
     if (!level.IsOpened())
         return Refuse(Status::LevelUnreadable, level.Error());
 
+    // Only TR2 and TR3 levels hold tables a list can replace; anything else
+    // is no level to insert into, whatever version the list claims.
+    if (!LevelVersion::hasTextureTables(level.Game()))
+        return Refuse(Status::LevelUnusable, FileError::reading(levelPath, LevelVersion::refusal(level.VersionString())));
+
     C_ListInfo list;
     if (list.InitForInsert(listPath) != C_ListInfo::Success)
         return Refuse(Status::ListUnreadable, list.Error());
@@ -123,21 +105,23 @@ C_ListInserter::Result C_ListInserter::Insert(const QString& levelPath, const QS
                        QStringLiteral("list version %1 differs from the level's %2")
                            .arg(list.VersionString(), level.VersionString())});
     }
-    if (const QString cause = tablesUnusableCause(level); !cause.isEmpty())
+    if (const QString cause = level.TablesUnusableCause(); !cause.isEmpty())
         return Refuse(Status::LevelUnusable, {levelPath, FileError::cannotReceive(), cause});
     if (list.AreTablesAfterLoneWord())
         return Refuse(Status::ListTruncated, {listPath, cannotInsert, list.LoneWordNotice()});
-    if (list.Offset_EOF() > QFileInfo(listPath).size()) {
-        return Refuse(Status::ListTruncated,
-                      {listPath, cannotInsert, QStringLiteral("the list's tables run past the end of the file")});
-    }
+    if (!list.RangeBlockDamage().isEmpty())
+        return Refuse(Status::ListTruncated, {listPath, cannotInsert, list.RangeBlockDamage()});
+    if (const QString cut = list.CutShortNote(); !cut.isEmpty())
+        return Refuse(Status::ListTruncated, {listPath, cannotInsert, cut});
 
     Result result;
     result.outputPath = outputPath.isEmpty() ? DefaultOutputPath(levelPath) : outputPath;
-    if (sameFile(result.outputPath, levelPath) || sameFile(result.outputPath, listPath)) {
-        return Refuse(Status::OutputIsInput, FileError::writing(result.outputPath,
-                                                                QStringLiteral("the output would replace an input")));
-    }
+    // Every file the insertion reads, the bitmap the list names included:
+    // "--tiles" with no bitmap of its own reads that one.
+    const FileError sameAsInput = FileIdentity::outputRefusal(
+        result.outputPath, {levelPath, listPath, ListBitmapPath(list, listPath), m_tileBitmap});
+    if (sameAsInput.failed())
+        return Refuse(Status::OutputIsInput, sameAsInput);
 
     QFile levelFile(levelPath);
     QFile listFile(listPath);
@@ -208,10 +192,7 @@ void C_ListInserter::WriteTiles(const QString& bitmapPath)
 
 QString C_ListInserter::ListBitmapPath(const C_ListInfo& list, const QString& listPath)
 {
-    const QString name = list.BitMapName();
-    if (name.isEmpty() || QDir::isAbsolutePath(name))
-        return name;
-    return QFileInfo(listPath).dir().filePath(name);
+    return C_ListInfo::NamedPath(list.BitMapName(), listPath);
 }
 
 QList<C_ListInserter::Range> C_ListInserter::WithTiles(const QList<Range>& plan, qint64 first, qint64 last)
@@ -243,10 +224,11 @@ C_ListInserter::Result C_ListInserter::BuildTiles(const C_LevelInfo& level, QFil
     const QString bitmapPath = m_tileBitmap.isEmpty() ? ListBitmapPath(list, listPath) : m_tileBitmap;
     if (bitmapPath.isEmpty())
         return Refuse(Status::BitmapUnusable, FileError::reading(listPath, QStringLiteral("the list names no bitmap")));
-    FileError error;
-    const QImage bitmap = TileBitmapReader::read(bitmapPath, &error);
+    // The level's own tiles are decoded whatever their file's size; only
+    // tiles added beyond them are held to the bitmap's file.
+    TileBitmapSource bitmap(bitmapPath, level.Walk().tileCount);
     if (bitmap.isNull())
-        return Refuse(Status::BitmapUnusable, error);
+        return Refuse(Status::BitmapUnusable, bitmap.error());
     if (!tiles.build(levelFile, level.Walk(), bitmap, bitmapPath)) {
         const Status status = tiles.error().file() == bitmapPath ? Status::BitmapUnusable : Status::TilesUnusable;
         return Refuse(status, tiles.error());

@@ -27,7 +27,7 @@ public:
         LevelUnreadable,  // the level cannot be opened
         LevelUnusable,    // a TR2/TR3 level whose tables cannot be taken (C_LevelInfo::TablesUnusableCause)
         ListUnreadable,   // the list cannot be opened
-        ListTruncated,    // the list's tables run past its end
+        ListTruncated,    // the list's tables run past its end, or its range block past itself
         VersionMismatch,  // nothing opened for writing, nothing created
         OutputIsInput,    // the output path names the level or the list
         WriteFailed,

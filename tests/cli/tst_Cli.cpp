@@ -1,5 +1,6 @@
 #include "level/C_LevelInfo.h"
 #include "list/C_ListInfo.h"
+#include "support/CliRun.h"
 #include "support/ListFixture.h"
 #include "list/ListViewSet.h"
 #include "support/ScratchDir.h"
@@ -14,7 +15,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTest>
 
 #ifdef Q_OS_UNIX
@@ -25,13 +25,7 @@ class tst_Cli : public QObject
 {
     Q_OBJECT
 
-    struct Run
-    {
-        int exitCode = -1;
-        QByteArray out;
-        QByteArray err;
-        QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
-    };
+    using Run = CliRun;
 
     ScratchDir m_dir;
     QString m_level;
@@ -42,15 +36,7 @@ class tst_Cli : public QObject
     Run cli(QStringList arguments) const
     {
         arguments.replaceInStrings(QStringLiteral("{dir}"), m_dir.path());
-        QProcess process;
-        process.start(qEnvironmentVariable("BRINDLE_CLI"), arguments);
-        Run run;
-        if (!process.waitForFinished(60000))
-            return run;
-        run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-        run.out = process.readAllStandardOutput();
-        run.err = process.readAllStandardError();
-        return run;
+        return CliRun::of(arguments);
     }
 
     QString writeLevel(const QString& name, LevelVersion::Game game) const
@@ -125,7 +111,7 @@ private slots:
         QTest::newRow("help") << QStringList{"--help"} << 0 << "";
         QTest::newRow("command help") << QStringList{"info", "--help"} << 0 << "";
         QTest::newRow("version") << QStringList{"--version"} << 0 << "";
-        QTest::newRow("hostile list dumped") << QStringList{"dump", "{dir}/hostile.trt", "--json"} << 0 << "";
+        QTest::newRow("hostile list refused by dump") << QStringList{"dump", "{dir}/hostile.trt", "--json"} << 2 << "";
         QTest::newRow("nothing") << QStringList{} << 1 << "";
         QTest::newRow("unknown command") << QStringList{"frobnicate"} << 1 << "";
         QTest::newRow("info without level") << QStringList{"info"} << 1 << "";
@@ -138,7 +124,7 @@ private slots:
             << QStringList{"extract", "{dir}/new.tr2", "--bitmap", "{dir}/new.tr2", "-o", "{dir}/refused.trt"} << 1
             << "new.tr2";
         QTest::newRow("option without value") << QStringList{"insert", "a", "b", "-o"} << 1 << "";
-        QTest::newRow("insert onto the level") << QStringList{"insert", level, "{dir}/list.trt", "-o", level} << 1 << "";
+        QTest::newRow("insert onto the level") << QStringList{"insert", level, "{dir}/list.trt", "-o", level} << 2 << "";
         QTest::newRow("info missing") << QStringList{"info", "/nonexistent/level.tr2"} << 2 << "";
         QTest::newRow("info directory") << QStringList{"info", "/"} << 2 << "";
         QTest::newRow("dump missing") << QStringList{"dump", "/nonexistent/list.trt"} << 2 << "";
@@ -152,7 +138,7 @@ private slots:
             << QStringList{"extract", level, "--bitmap", "{dir}/text.bmp", "-o", "{dir}/refused.trt"} << 2
             << "refused.trt";
         QTest::newRow("tiles without -o") << QStringList{"tiles", level} << 1 << "";
-        QTest::newRow("tiles onto the level") << QStringList{"tiles", level, "-o", level} << 1 << "";
+        QTest::newRow("tiles onto the level") << QStringList{"tiles", level, "-o", level} << 2 << "";
         QTest::newRow("tiles missing level")
             << QStringList{"tiles", "/nonexistent/l.tr2", "-o", "{dir}/refused.bmp"} << 2 << "refused.bmp";
         QTest::newRow("tiles TR1 level") << QStringList{"tiles", "{dir}/tr1.tr2", "-o", "{dir}/refused.bmp"} << 2
@@ -263,7 +249,9 @@ private slots:
         QTest::newRow("negative count") << "negative.tr2" << "TR2" << qint64(-1);
     }
 
-    // The JSON holds exactly the level's properties under their names.
+    // The JSON holds exactly the level's properties under their names. A
+    // file that is no TR2 or TR3 level is still described, and exit 2 with
+    // one line says it is no level to work on.
     void info()
     {
         QFETCH(QString, name);
@@ -271,7 +259,11 @@ private slots:
         QFETCH(qint64, objectTextures);
         const QString path = m_dir.filePath(name);
         const Run run = cli({QStringLiteral("info"), path, QStringLiteral("--json")});
-        QCOMPARE(run.exitCode, 0);
+        const bool isLevel = game == QLatin1String("TR2") || game == QLatin1String("TR3");
+        QCOMPARE(run.exitCode, isLevel ? 0 : 2);
+        QCOMPARE(run.err.isEmpty(), isLevel);
+        if (!isLevel)
+            QVERIFY2(run.err.contains(": cannot be read: not a TR2 or TR3 level (version "), run.err.constData());
         const QJsonObject json = run.json();
         QStringList keys = json.keys();
         keys.sort();

@@ -282,13 +282,48 @@ private slots:
     {
         QTest::addColumn<QByteArray>("bytes");
         const QByteArray names = QByteArray(4, '\0') + QByteArray::fromHex("0000" "0200" "5c30" "0200" "5c30");
-        QTest::newRow("name length past the end") << QByteArray(4, '\0') + QByteArray::fromHex("0000" "ffff") + QByteArray(30, 'n');
-        QTest::newRow("name length 1") << QByteArray::fromHex("2d000000" "0000" "0100");
-        QTest::newRow("empty") << QByteArray();
         QTest::newRow("range counts past the words")
             << names + QByteArray::fromHex("00000000" "0400" "0000" "ffff" "feff" "0100" "0000");
         QTest::newRow("the most object textures a level addresses")
             << names + QByteArray::fromHex("00800000") + QByteArray(40, '\x07');
+    }
+
+    // A header that cannot be a list's, refused before any row is built, in
+    // one line that every reader of lists gives alike.
+    void damagedHeadersAreRefused_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("cause");
+        const QByteArray head = QByteArray::fromHex("2d000000" "0000");
+        const QByteArray tables = QByteArray(16, '\0');
+        QTest::newRow("empty") << QByteArray() << "is cut short in its header: it holds 0 bytes, its header 10";
+        QTest::newRow("three bytes") << head.left(3) << "is cut short in its header: it holds 3 bytes";
+        QTest::newRow("name length past the end") << head + QByteArray::fromHex("ffff") + QByteArray(30, 'n')
+                                                  << "is cut short in its header: it holds 38 bytes, its header 65545";
+        QTest::newRow("name length 1") << head + QByteArray::fromHex("0100" "5c" "0200" "5c30") + tables
+                                       << "its bitmap name's length field holds 1";
+        QTest::newRow("a control byte in the level name")
+            << head + QByteArray::fromHex("0200" "5c30" "0500" "611b5c30") + tables << "its level name is not text";
+        QTest::newRow("64 KB of binary as the bitmap name")
+            << head + QByteArray::fromHex("ffff") + QByteArray(0xFFFD, '\x02') + "\\0" + QByteArray::fromHex("0200" "5c30")
+                   + tables
+            << "its bitmap name is not text";
+    }
+
+    void damagedHeadersAreRefused()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, cause);
+        const QString list = m_dir.write(QStringLiteral("header.trt"), bytes);
+        ListViewSet views;
+        views.lsvTextures.addRow(QStringLiteral("T0"), QStringLiteral("kept"));
+        C_ListInfo info;
+        QCOMPARE(views.openList(info, list), C_ListInfo::Failure);
+        QVERIFY2(info.ErrorString().contains(cause), qPrintable(info.Error().text()));
+        QCOMPARE(views.lsvTextures.count(), 1);
+        C_ListInfo forInsert;
+        QCOMPARE(forInsert.InitForInsert(list), C_ListInfo::Failure);
+        QCOMPARE(forInsert.Error(), info.Error());
     }
 
     // Counts beyond what a level can address, or animation words beyond the
@@ -339,8 +374,8 @@ private slots:
         QCOMPARE(ScratchDir::read(list), bytes);
     }
 
-    // Cut anywhere but inside its animation words, whose count then claims
-    // more than the bytes hold, a list opens with the rows present.
+    // Cut anywhere but inside its header or its animation words, whose count
+    // then claims more than the bytes hold, a list opens with the rows present.
     void truncatedAnywhereStillOpens()
     {
         const QByteArray bytes = ScratchDir::read(written(QStringLiteral("full.trt"), ListFixture::random(7, 2, 3, 3, 2, 13)));
@@ -348,7 +383,9 @@ private slots:
             ListViewSet reread;
             C_ListInfo info;
             if (reread.openList(info, m_dir.write(QStringLiteral("cut.trt"), bytes.left(length))) != C_ListInfo::Success) {
-                QVERIFY2(info.ErrorString().contains(QStringLiteral("animation words")), qPrintable(info.ErrorString()));
+                QVERIFY2(info.ErrorString().contains(QStringLiteral("animation words"))
+                             || info.ErrorString().contains(QStringLiteral("cut short in its header")),
+                         qPrintable(info.ErrorString()));
                 continue;
             }
             QVERIFY(reread.lsvTextures.count() <= 7);

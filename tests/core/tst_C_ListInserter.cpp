@@ -117,23 +117,28 @@ private slots:
         QCOMPARE(ScratchDir::read(output), levelBytes + old.mid(levelBytes.size()));
     }
 
-    void otherVersionsCopyTheLevelWhole_data()
+    // Only TR2 and TR3 levels hold tables to replace: any other version is
+    // no level to insert into, whichever version the list claims.
+    void otherVersionsAreRefused_data()
     {
         QTest::addColumn<quint32>("version");
         QTest::newRow("TR1") << LevelVersion::TR1;
         QTest::newRow("unknown") << quint32(0x12345678);
     }
 
-    void otherVersionsCopyTheLevelWhole()
+    void otherVersionsAreRefused()
     {
         QFETCH(quint32, version);
         SyntheticLevel level = levelWith(Game::TR2, ListFixture::random(3, 1, 2, 0, 0, 7));
+        const QString list = writeList(QStringLiteral("other.trt"), ListFixture::random(9, 1, 2, 2, 2, 8),
+                                       writeLevel(QStringLiteral("other-tr2.tr2"), level));
         level.setVersion(version);
         const QString levelPath = writeLevel(QStringLiteral("other.tr2"), level);
-        const QString list = writeList(QStringLiteral("other.trt"), ListFixture::random(9, 1, 2, 2, 2, 8), levelPath);
         const QString output = m_dir.filePath(QStringLiteral("other-out-%1.tr2").arg(version));
-        QCOMPARE(C_ListInserter().Insert(levelPath, list, output).status, Status::Done);
-        QCOMPARE(ScratchDir::read(output), ScratchDir::read(levelPath));
+        const C_ListInserter::Result result = C_ListInserter().Insert(levelPath, list, output);
+        QCOMPARE(result.status, Status::LevelUnusable);
+        QVERIFY2(result.error.contains(QStringLiteral("not a TR2 or TR3 level")), qPrintable(result.error));
+        QVERIFY(!QFile::exists(output));
     }
 
     void badInputsAreRefusedWithoutOutput_data()
@@ -151,8 +156,8 @@ private slots:
                                             << "NumberSpriteSequence is negative (-3)";
         QTest::newRow("more object textures than a level addresses")
             << "too-many-objects" << Status::LevelUnusable << "32769 object textures, more than the 32768";
-        QTest::newRow("list cut short") << "truncated-list" << Status::ListTruncated << "run past the end";
-        QTest::newRow("output is the level") << "output-is-level" << Status::OutputIsInput << "replace an input";
+        QTest::newRow("list cut short") << "truncated-list" << Status::ListTruncated << "shorter than its tables say";
+        QTest::newRow("output is the level") << "output-is-level" << Status::OutputIsInput << "is the same file as";
         QTest::newRow("list of another game") << "tr3-list" << Status::VersionMismatch << "differs";
     }
 

@@ -111,26 +111,37 @@ private slots:
         }
     }
 
+    // The ranges the words hold, and why the words are no sound block:
+    // what is read shows what is there, but only a sound block may go into
+    // a level.
     void animatedWords_data()
     {
         QTest::addColumn<QList<quint16>>("words");
         QTest::addColumn<Ranges>("ranges");
         QTest::addColumn<bool>("canonical"); // the words a block of these ranges writes
-        QTest::newRow("no words") << QList<quint16>{} << Ranges{} << false;
-        QTest::newRow("no ranges") << QList<quint16>{0} << Ranges{} << true;
-        QTest::newRow("one range of one") << QList<quint16>{1, 0, 7} << Ranges{{7}} << true;
-        QTest::newRow("two ranges") << QList<quint16>{2, 1, 3, 0xFFFF, 0, 9} << Ranges{{3, 0xFFFF}, {9}} << true;
-        QTest::newRow("words after the last range ignored") << QList<quint16>{1, 0, 7, 8, 9} << Ranges{{7}} << false;
-        QTest::newRow("range cut short") << QList<quint16>{1, 2, 5} << Ranges{{5}} << false;
-        QTest::newRow("fewer ranges than claimed") << QList<quint16>{3, 0, 1} << Ranges{{1}} << false;
-        QTest::newRow("range count alone") << QList<quint16>{1} << Ranges{} << false;
-        QTest::newRow("second range cut") << QList<quint16>{2, 0, 1, 3, 2} << Ranges{{1}, {2}} << false;
+        QTest::addColumn<QString>("damage"); // part of why the block is damaged; "" when sound
+        QTest::newRow("no words") << QList<quint16>{} << Ranges{} << false << "";
+        QTest::newRow("no ranges") << QList<quint16>{0} << Ranges{} << true << "";
+        QTest::newRow("one range of one") << QList<quint16>{1, 0, 7} << Ranges{{7}} << true << "";
+        QTest::newRow("two ranges") << QList<quint16>{2, 1, 3, 0xFFFF, 0, 9} << Ranges{{3, 0xFFFF}, {9}} << true << "";
+        QTest::newRow("words after the last range ignored") << QList<quint16>{1, 0, 7, 8, 9} << Ranges{{7}} << false
+                                                            << "";
+        QTest::newRow("range cut short") << QList<quint16>{1, 2, 5} << Ranges{{5}} << false
+                                         << "range 0 claims 3 textures, but its block has only 1 words left";
+        QTest::newRow("fewer ranges than claimed") << QList<quint16>{3, 0, 1} << Ranges{{1}} << false
+                                                   << "claims 3 ranges, but its 3 words end after 1";
+        QTest::newRow("range count alone") << QList<quint16>{1} << Ranges{} << false << "claims 1 ranges";
+        QTest::newRow("second range cut") << QList<quint16>{2, 0, 1, 3, 2} << Ranges{{1}, {2}} << false
+                                          << "range 1 claims 4 textures";
         // Whatever the words claim, the ranges hold only the words there are.
-        QTest::newRow("huge counts, nothing after") << QList<quint16>{0xFFFF, 0xFFFF} << Ranges{{}} << false;
+        QTest::newRow("huge counts, nothing after") << QList<quint16>{0xFFFF, 0xFFFF} << Ranges{{}} << false
+                                                    << "range 0 claims 65536 textures";
         QTest::newRow("huge range count, short ranges")
-            << QList<quint16>{0xFFFF, 0, 1, 0, 2, 0} << Ranges{{1}, {2}, {}} << false;
-        QTest::newRow("huge length") << QList<quint16>{1, 0xFFFF, 1, 2, 3} << Ranges{{1, 2, 3}} << false;
-        QTest::newRow("all ones") << QList<quint16>(64, 0xFFFF) << Ranges{QList<quint16>(62, 0xFFFF)} << false;
+            << QList<quint16>{0xFFFF, 0, 1, 0, 2, 0} << Ranges{{1}, {2}, {}} << false << "range 2 claims 1 textures";
+        QTest::newRow("huge length") << QList<quint16>{1, 0xFFFF, 1, 2, 3} << Ranges{{1, 2, 3}} << false
+                                     << "range 0 claims 65536 textures, but its block has only 3 words left";
+        QTest::newRow("all ones") << QList<quint16>(64, 0xFFFF) << Ranges{QList<quint16>(62, 0xFFFF)} << false
+                                  << "range 0 claims 65536 textures";
     }
 
     void animatedWords()
@@ -138,9 +149,13 @@ private slots:
         QFETCH(QList<quint16>, words);
         QFETCH(Ranges, ranges);
         QFETCH(bool, canonical);
+        QFETCH(QString, damage);
         QCOMPARE(AnimatedTextureBlock::fromWords(words.constData(), words.size()).ranges, ranges);
         if (canonical)
             QCOMPARE(AnimatedTextureBlock{ranges}.toWords(), words);
+        const QString found = AnimatedTextureBlock::damage(words);
+        QCOMPARE(found.isEmpty(), damage.isEmpty());
+        QVERIFY2(found.contains(damage), qPrintable(found));
     }
 };
 

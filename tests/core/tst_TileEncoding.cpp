@@ -1,9 +1,11 @@
 #include "level/BitmapTileConverter.h"
 #include "level/PaletteNearestIndex.h"
 #include "level/TileBitmapReader.h"
+#include "level/TileBitmapSource.h"
 #include "level/TilePixelEncoder.h"
 
 #include "common/ImageFile.h"
+#include "support/ScratchDir.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -37,6 +39,28 @@ QImage filled(int width, int height, QRgb colour, QImage::Format format = QImage
     QImage image(width, height, format);
     image.fill(colour);
     return image;
+}
+
+// Three tiles, every pixel its own colour, magenta here and there.
+QImage threeTiles()
+{
+    QImage image(256, 3 * 256, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < 256; ++x)
+            image.setPixel(x, y, (x + y) % 97 == 0 ? 0xFFFF00FF : qRgb(x, y & 0xFF, (x * y / 256) & 0xFF));
+    return image;
+}
+
+// The rows of a bottom-up 24-bit BMP put top down, as a negative height says.
+QByteArray topDown(const QByteArray& bottomUp)
+{
+    constexpr qint64 HeaderSize = 54, RowBytes = 256 * 3;
+    QByteArray flipped = bottomUp.left(HeaderSize);
+    const qint32 height = qFromLittleEndian<qint32>(bottomUp.constData() + 22);
+    qToLittleEndian(qint32(-height), flipped.data() + 22);
+    for (qint64 row = height - 1; row >= 0; --row)
+        flipped += bottomUp.mid(HeaderSize + row * RowBytes, RowBytes);
+    return flipped;
 }
 
 } // namespace
@@ -175,8 +199,9 @@ private slots:
         QTest::newRow("BMP truncated") << bmp.left(bmp.size() / 2) << "more than its";
         QTest::newRow("BMP claims more rows") << tallBmp << "more than its";
         QTest::newRow("BMP cut in its header") << bmp.left(20) << "cut short";
-        QTest::newRow("PNG claims more rows") << tallPng << "more than its";
-        QTest::newRow("PNG truncated") << png.left(png.size() - 30) << "cannot be decoded";
+        QTest::newRow("PNG claims more rows") << tallPng << "would decode";
+        QTest::newRow("PNG truncated") << png.left(png.size() - 30) << "is cut short";
+        QTest::newRow("PNG without its end chunk") << png.chopped(12) << "stops before the PNG's end chunk";
         QTest::newRow("PNG cut in its header") << png.left(12) << "cut short";
     }
 
@@ -191,6 +216,87 @@ private slots:
         QString error;
         QVERIFY(TileBitmapReader::read(buffer, &error).isNull());
         QVERIFY2(error.contains(cause), qPrintable(error));
+    }
+
+    // Nothing is decoded that no level could address, or that would take
+    // far more memory than its file's size explains, unless it is no more
+    // than a level's own tiles.
+    void decodingIsBounded_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<qint64>("levelTiles");
+        QTest::addColumn<QString>("refusal"); // "" when it may be decoded
+        QImage bomb(256, 512 * 256, QImage::Format_Mono);
+        bomb.fill(0);
+        const QByteArray onebit = ImageFile::encode(bomb, "PNG");
+        QTest::newRow("1-bit PNG of 512 flat tiles") << onebit << qint64(0) << "would decode its 256 x 131072 pixels";
+        QTest::newRow("the same as a level's own 512 tiles") << onebit << qint64(512) << "";
+        QTest::newRow("the same beyond a level's 511 tiles") << onebit << qint64(511) << "would decode";
+        QTest::newRow("64 flat tiles of 8-bit samples")
+            << ImageFile::encode(filled(256, 64 * 256, qRgb(40, 80, 120)), "PNG") << qint64(0) << "";
+        QTest::newRow("32 tiles, whatever the file") << ImageFile::encode(bomb.copy(0, 0, 256, 32 * 256), "PNG")
+                                                     << qint64(0) << "";
+        QByteArray tall = ImageFile::encode(filled(256, 256, qRgb(1, 2, 3)), "BMP");
+        qToLittleEndian<qint32>(256 * 65537, tall.data() + 22);
+        QTest::newRow("more tiles than a level addresses") << tall << qint64(70000) << "more than the 65536";
+    }
+
+    void decodingIsBounded()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(qint64, levelTiles);
+        QFETCH(QString, refusal);
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::ReadOnly);
+        const QString found = TileBitmapReader::decodeRefusal(buffer, levelTiles);
+        QCOMPARE(found.isEmpty(), refusal.isEmpty());
+        QVERIFY2(found.contains(refusal), qPrintable(found));
+    }
+
+    // Taken one tile at a time, from the file's rows or from a whole
+    // decoding, a bitmap gives the tiles the reader's image holds.
+    void sourceGivesTheReadersTiles_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("rowByRow"); // read in order from the file, never again
+        const QByteArray bmp = ImageFile::encode(threeTiles(), "BMP");
+        QTest::newRow("24-bit BMP, bottom up") << bmp << false;
+        QTest::newRow("24-bit BMP, top down") << topDown(bmp) << false;
+        QTest::newRow("PNG") << ImageFile::encode(threeTiles(), "PNG") << true;
+        QImage seeThrough = threeTiles().convertToFormat(QImage::Format_ARGB32);
+        for (int y = 0; y < seeThrough.height(); y += 3)
+            seeThrough.setPixel(y % 256, y, qRgba(10, 20, 30, y % 256));
+        QTest::newRow("PNG with alpha") << ImageFile::encode(seeThrough, "PNG") << true;
+        QTest::newRow("PNG of 16-bit channels")
+            << ImageFile::encode(seeThrough.convertToFormat(QImage::Format_RGBA64), "PNG") << true;
+        QTest::newRow("PNG of grey") << ImageFile::encode(threeTiles().convertToFormat(QImage::Format_Grayscale8), "PNG")
+                                  << true;
+        QTest::newRow("PNG of 16-bit grey")
+            << ImageFile::encode(threeTiles().convertToFormat(QImage::Format_Grayscale16), "PNG") << true;
+        QTest::newRow("PNG of a palette")
+            << ImageFile::encode(threeTiles().convertToFormat(QImage::Format_Indexed8), "PNG") << true;
+        QImage mono(256, 3 * 256, QImage::Format_Mono);
+        mono.fill(0);
+        for (int y = 0; y < mono.height(); ++y)
+            mono.setPixel(y % 256, y, 1);
+        QTest::newRow("1-bit PNG") << ImageFile::encode(mono, "PNG") << true;
+    }
+
+    void sourceGivesTheReadersTiles()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, rowByRow);
+        ScratchDir dir;
+        const QString path = dir.write(QStringLiteral("tiles"), bytes);
+        const QImage whole = TileBitmapReader::read(path);
+        QCOMPARE(whole.height(), 3 * 256);
+        TileBitmapSource source(path, 0);
+        QCOMPARE(source.tileCount(), 3);
+        for (int tile = 0; tile < 3; ++tile)
+            QCOMPARE(source.tile(tile).convertToFormat(QImage::Format_RGB32),
+                     whole.copy(0, tile * 256, 256, 256).convertToFormat(QImage::Format_RGB32));
+        QVERIFY(source.tile(3).isNull());
+        QCOMPARE(source.tile(0).isNull(), rowByRow);
     }
 
     void readerShowsColours_data()

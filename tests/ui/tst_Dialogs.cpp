@@ -22,6 +22,8 @@ private slots:
     void messageStylesBecomeIconsAndButtons();
     void fileFiltersAndSuffixes_data();
     void fileFiltersAndSuffixes();
+    void messagesWrapInsideLongNames_data();
+    void messagesWrapInsideLongNames();
     void formHelpersOnRealWidgets();
 };
 
@@ -118,6 +120,27 @@ void tst_Dialogs::fileFiltersAndSuffixes()
     QFETCH(QString, suffix);
     QCOMPARE(QtPromptService::NameFilters(filter), qtFilters);
     QCOMPARE(QtPromptService::DefaultSuffix(defaultExt), suffix);
+}
+
+void tst_Dialogs::messagesWrapInsideLongNames_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("wrappable"); // "|" stands for a zero-width space
+    QTest::newRow("words alone") << "Nothing written." << "Nothing written.";
+    QTest::newRow("a path") << "/a/b.bmp: gone" << "/|a/|b.bmp: gone";
+    QTest::newRow("a Windows path") << "C:\\x\\y" << "C:\\|x\\|y";
+    QTest::newRow("a long run") << QString(85, QLatin1Char('n'))
+                                << QString(40, QLatin1Char('n')) + "|" + QString(40, QLatin1Char('n')) + "|"
+                                       + QString(5, QLatin1Char('n'));
+    QTest::newRow("runs end at spaces") << QString(39, QLatin1Char('n')) + " " + QString(39, QLatin1Char('n'))
+                                        << QString(39, QLatin1Char('n')) + " " + QString(39, QLatin1Char('n'));
+}
+
+void tst_Dialogs::messagesWrapInsideLongNames()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, wrappable);
+    QCOMPARE(QtPromptService::Wrappable(text), wrappable.replace(QLatin1Char('|'), QChar(0x200B)));
 }
 
 void tst_Dialogs::formHelpersOnRealWidgets()

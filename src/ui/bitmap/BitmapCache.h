@@ -12,8 +12,11 @@ class BitmapCache
 {
 public:
     // The decoded bitmap, or a null image with error set to one line that
-    // names the file and the cause.
-    static QImage Load(const QString& fileName, QString* error = nullptr);
+    // names the file and the cause. A bitmap is decoded only within the
+    // bounds TileBitmapReader::decodeRefusal sets. A file that holds fewer
+    // rows than it claims is shown as the reader pads it, and cut says why
+    // it is cut; it is emptied for a whole file.
+    static QImage Load(const QString& fileName, QString* error = nullptr, QString* cut = nullptr);
     static void Clear();
 
 private:
@@ -23,7 +26,9 @@ private:
         QDateTime modified;
         qint64 size = -1;
         QImage image;
+        QString cut;
     };
+    static QImage Decode(const QString& fileName, QString& cause, QString& cut);
     static Entry& Last();
     static void showSeeThroughAsMagenta(QImage& image);
 };

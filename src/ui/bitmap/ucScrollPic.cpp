@@ -44,7 +44,7 @@ bool ucScrollPic::LoadOnePicture(const QString& strFileName)
 {
     if (strFileName.isEmpty())
         return true;
-    const QImage image = BitmapCache::Load(strFileName, &m_error);
+    const QImage image = BitmapCache::Load(strFileName, &m_error, &m_cutNote);
     if (image.isNull())
         return false;
     m_error.clear();
@@ -60,6 +60,7 @@ bool ucScrollPic::LoadOnePicture(const QString& strFileName)
 void ucScrollPic::NoPicture()
 {
     m_fileName.clear();
+    m_cutNote.clear();
     m_canvas->setImage({});
     m_canvas->clearShapes();
     m_canvas->clearEditOutline();

@@ -27,6 +27,9 @@ public:
     // view then stays as it was.
     bool LoadOnePicture(const QString& strFileName);
     QString ErrorString() const { return m_error; }
+    // Why the shown bitmap holds fewer rows than it claims, as read
+    // (BitmapCache); empty for a whole bitmap.
+    QString CutNote() const { return m_cutNote; }
     void NoPicture();
 
     QString FileName() const { return m_fileName; }
@@ -100,6 +103,7 @@ private:
 
     QString m_fileName;
     QString m_error;
+    QString m_cutNote;
     int m_pictureWidth = 0;
     int m_pictureHeight = 0;
     int m_zoomFactor = 1;

@@ -44,12 +44,32 @@ int AnswerOf(int button)
 
 int QtPromptService::MsgBox(const QString& text, int style, const QString& title)
 {
-    QMessageBox box(IconOf(style), title.isEmpty() ? QApplication::applicationName() : title, text,
+    QMessageBox box(IconOf(style), title.isEmpty() ? QApplication::applicationName() : title, Wrappable(text),
                     ButtonsOf(style), m_parent);
+    // Messages carry names read from files: shown as they are, never as markup.
+    box.setTextFormat(Qt::PlainText);
     // A box that can be cancelled answers Cancel to Escape and to its close button.
     if (box.standardButtons() & QMessageBox::Cancel)
         box.setEscapeButton(QMessageBox::Cancel);
     return AnswerOf(box.exec());
+}
+
+QString QtPromptService::Wrappable(const QString& text)
+{
+    constexpr QChar ZeroWidthSpace(0x200B);
+    constexpr int LongestUnbroken = 40;
+    QString wrappable;
+    wrappable.reserve(text.size() + text.size() / 8);
+    int unbroken = 0;
+    for (const QChar c : text) {
+        wrappable.append(c);
+        unbroken = c.isSpace() ? 0 : unbroken + 1;
+        if (c == QLatin1Char('/') || c == QLatin1Char('\\') || unbroken == LongestUnbroken) {
+            wrappable.append(ZeroWidthSpace);
+            unbroken = 0;
+        }
+    }
+    return wrappable;
 }
 
 IPromptService::SaveAnswer QtPromptService::AskToSave(const QString& text, const QString& title)

@@ -29,6 +29,10 @@ public:
     static QMessageBox::StandardButtons ButtonsOf(int style);
     // "*.TRT" as the suffix a saved name gets: "trt".
     static QString DefaultSuffix(const QString& defaultExt);
+    // text with a zero-width space after each path separator and within any
+    // run of characters too long for a line, where a message box may wrap
+    // it: a long path never pushes the box past the screen's edge.
+    static QString Wrappable(const QString& text);
 
 private:
     QWidget* m_parent;

@@ -11,6 +11,8 @@
 #include "ui/common/EditorSettings.h"
 #include "ui/common/FolderMemoryPrompts.h"
 #include "common/BitmapSelection.h"
+#include "common/FileIdentity.h"
+#include "common/ShownName.h"
 #include "ui/common/BusyCursor.h"
 #include "level/C_LevelInfo.h"
 #include "list/C_ListInfo.h"
@@ -50,9 +52,10 @@
 
 namespace {
 
+// A path as the window shows it: a list may name anything at all.
 QString Native(const QString& path)
 {
-    return QDir::toNativeSeparators(path);
+    return ShownName::of(QDir::toNativeSeparators(path));
 }
 
 } // namespace
@@ -348,6 +351,12 @@ void frmMain::mnuFileNewList_Click()
     // changes, so the list that is open stays as it is.
     if (!CanReadLevel(form.GetLevelFile()) || !CanReadBitmap(form.GetBitmapFile()))
         return;
+    const FileError sameAsInput =
+        FileIdentity::outputRefusal(form.GetListFIle(), {form.GetLevelFile(), form.GetBitmapFile()});
+    if (sameAsInput.failed()) {
+        s.prompts().MsgBox(sameAsInput.text(), IPromptService::vbCritical);
+        return;
+    }
     if (!PromptSaveChanges(SaveQuestion::Before::MakingNew))
         return;
 
@@ -467,16 +476,33 @@ void frmMain::ShowCounters()
     m_animationPage->SetAnimTotal(QString::number(d.views().lsvAnims.count()));
 }
 
+// A bitmap cut short shows its missing rows as the reader pads them: the
+// user hears that once, when the bitmap comes, not at every redraw.
+void frmMain::TellBitmapIsCut()
+{
+    const QString cut = m_ui->ucScrollPic1->CutNote();
+    if (cut.isEmpty())
+        return;
+    const QString text = tr("The bitmap %1 %2; the rows it lacks are shown padded.")
+                             .arg(Native(m_document->BitmapFileName()), cut);
+    Status(text);
+    m_state->prompts().MsgBox(text, IPromptService::vbExclamation);
+}
+
 void frmMain::TellWhatIsMissing()
 {
     const ListDocument& d = *m_document;
     QStringList missing;
     if (!d.LevelFileName().isEmpty() && !QFileInfo::exists(d.LevelFileName()))
         missing << tr("its level %1 does not exist").arg(Native(d.LevelFileName()));
+    if (m_listInfo && !m_listInfo->RangeBlockDamage().isEmpty())
+        missing << m_listInfo->RangeBlockDamage();
+    if (d.IsBitmapLoaded() && !m_ui->ucScrollPic1->CutNote().isEmpty())
+        missing << tr("its bitmap %1").arg(m_ui->ucScrollPic1->CutNote());
     if (m_listInfo && m_listInfo->AreTablesAfterLoneWord())
         missing << m_listInfo->LoneWordNotice();
-    else if (m_listInfo && m_listInfo->Offset_EOF() > QFileInfo(d.ListFileName()).size())
-        missing << tr("the file is shorter than its tables say, so only the rows present were read");
+    else if (m_listInfo && !m_listInfo->CutShortNote().isEmpty())
+        missing << tr("%1, so only the rows present were read").arg(m_listInfo->CutShortNote());
     if (!missing.isEmpty())
         Status(tr("Opened %1, but %2.").arg(Native(d.ListFileName()), missing.join(tr("; "))));
     else if (m_listInfo)
@@ -655,6 +681,7 @@ void frmMain::LoadBitmap()
         return;
     }
     m_ui->lblTextureFile->setText(Native(d.BitmapFileName()));
+    TellBitmapIsCut();
     m_ui->lblHeight->setText(QString::number(view.PictureHeight()));
     m_ui->lblWidth->setText(QString::number(view.PictureWidth()));
     d.setNumberOfTiles(int(std::nearbyint(view.PictureHeight() / 256.0)));

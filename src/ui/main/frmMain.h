@@ -133,6 +133,7 @@ private:
     bool CanReadLevel(const QString& level);
     bool CanReadBitmap(const QString& bitmap);
     void TellWhatIsMissing();
+    void TellBitmapIsCut();
     void Status(const QString& message);
 
     void hscrlZoom_Change(int value);
