@@ -25,13 +25,6 @@ void appendWord(QByteArray& bytes, quint16 value)
     bytes.append(data, 2);
 }
 
-// Vertex index of grid point (column, row) at height level (0 floor, 1 top).
-struct Grid
-{
-    int side;
-    quint16 at(int column, int row, int level) const { return quint16((level * (side + 1) + row) * (side + 1) + column); }
-};
-
 } // namespace
 
 SyntheticScene::SyntheticScene(int rooms, int side, int textureCount)
@@ -89,40 +82,78 @@ QImage SyntheticScene::bitmap() const
 
 QByteArray SyntheticScene::roomData(int room) const
 {
-    const Grid grid{m_side};
+    QList<quint16> floor;
+    for (int row = 0; row < m_side; ++row) {
+        for (int column = 0; column < m_side; ++column)
+            floor.append(floorTexture(room, column, row));
+    }
+    return roomOf(m_side, m_side, floor, {WallTexture});
+}
+
+QByteArray SyntheticScene::roomOf(int columns, int rows, const QList<quint16>& floor, const QList<quint16>& walls,
+                                  const QList<quint16>& triangles, const QList<quint16>& sprites)
+{
+    const auto at = [columns, rows](int column, int row, int level) {
+        return quint16((level * (rows + 1) + row) * (columns + 1) + column);
+    };
     QList<Geometry::Point> points;
     for (int level = 0; level < 2; ++level) {
-        for (int row = 0; row <= m_side; ++row) {
-            for (int column = 0; column <= m_side; ++column)
+        for (int row = 0; row <= rows; ++row) {
+            for (int column = 0; column <= columns; ++column)
                 points.append({qint16(column * Sector), qint16(-level * WallHeight), qint16(row * Sector)});
         }
     }
     QList<Geometry::Face> quads;
-    for (int row = 0; row < m_side; ++row) {
-        for (int column = 0; column < m_side; ++column)
-            quads.append({{grid.at(column, row, 0), grid.at(column + 1, row, 0), grid.at(column + 1, row + 1, 0),
-                           grid.at(column, row + 1, 0)},
-                          floorTexture(room, column, row)});
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column)
+            quads.append({{at(column, row, 0), at(column + 1, row, 0), at(column + 1, row + 1, 0), at(column, row + 1, 0)},
+                          floor.value(quads.size() % qMax<qsizetype>(1, floor.size()))});
     }
-    // The walls run round the edge; each quad is top edge first, as rooms store them.
-    for (int i = 0; i < m_side; ++i) {
-        const int edges[4][4] = {{i, 0, i + 1, 0}, {m_side, i, m_side, i + 1}, {i + 1, m_side, i, m_side}, {0, i + 1, 0, i}};
-        for (const auto& e : edges)
-            quads.append({{grid.at(e[0], e[1], 1), grid.at(e[2], e[3], 1), grid.at(e[2], e[3], 0), grid.at(e[0], e[1], 0)},
-                          WallTexture});
+    // The walls run round the edge, each quad top edge first.
+    QList<std::array<int, 4>> edges;
+    for (int i = 0; i < columns; ++i) {
+        edges.append({i, 0, i + 1, 0});
+        edges.append({i + 1, rows, i, rows});
     }
-    return Geometry().points(points, Geometry::RoomVertexSize).faceList(quads, 4).count(0).count(0).bytes();
+    for (int i = 0; i < rows; ++i) {
+        edges.append({columns, i, columns, i + 1});
+        edges.append({0, i + 1, 0, i});
+    }
+    for (qsizetype i = 0; i < edges.size(); ++i) {
+        const auto& e = edges[i];
+        quads.append({{at(e[0], e[1], 1), at(e[2], e[3], 1), at(e[2], e[3], 0), at(e[0], e[1], 0)},
+                      walls.value(i % qMax<qsizetype>(1, walls.size()))});
+    }
+    QList<Geometry::Face> pyramid;
+    if (!triangles.isEmpty()) {
+        // The middle floor point raised a quarter sector, joined to its four neighbours.
+        const auto middle = quint16(points.size());
+        const qint16 cx = qint16(columns / 2 * Sector), cz = qint16(rows / 2 * Sector);
+        points.append({cx, qint16(-Sector / 4), cz});
+        const std::array<quint16, 4> around{at(columns / 2 - 1, rows / 2, 0), at(columns / 2, rows / 2 - 1, 0),
+                                            at(columns / 2 + 1, rows / 2, 0), at(columns / 2, rows / 2 + 1, 0)};
+        for (int i = 0; i < 4; ++i)
+            pyramid.append({{around[size_t(i)], around[size_t((i + 1) % 4)], middle}, triangles[i % triangles.size()]});
+    }
+    QList<Geometry::Face> standing;
+    for (quint16 sprite : sprites)
+        standing.append({{0}, sprite});
+    return Geometry()
+        .points(points, Geometry::RoomVertexSize)
+        .faceList(quads, 4)
+        .faceList(pyramid, 3)
+        .faceList(standing, 1)
+        .bytes();
 }
 
-QByteArray SyntheticScene::cubeMesh()
+QByteArray SyntheticScene::cubeMesh(quint16 texture)
 {
     constexpr qint16 h = Sector / 4;
     QList<Geometry::Point> points;
     for (int i = 0; i < 8; ++i)
         points.append({qint16(i & 1 ? h : -h), qint16(i & 2 ? 0 : -2 * h), qint16(i & 4 ? h : -h)});
-    const QList<Geometry::Face> quads{{{0, 1, 3, 2}, CubeTexture}, {{4, 6, 7, 5}, CubeTexture},
-                                      {{0, 4, 5, 1}, CubeTexture}, {{2, 3, 7, 6}, CubeTexture},
-                                      {{0, 2, 6, 4}, CubeTexture}, {{1, 5, 7, 3}, CubeTexture}};
+    const QList<Geometry::Face> quads{{{0, 1, 3, 2}, texture}, {{4, 6, 7, 5}, texture}, {{0, 4, 5, 1}, texture},
+                                      {{2, 3, 7, 6}, texture}, {{0, 2, 6, 4}, texture}, {{1, 5, 7, 3}, texture}};
     return Geometry().meshHeader().points(points, Geometry::MeshVertexSize).normals(8).faceList(quads, 4).coloured(0, 0).bytes();
 }
 

@@ -48,8 +48,14 @@ public:
 
     // The room's data words: vertices, floor and wall quads, no triangles.
     QByteArray roomData(int room) const;
-    // A cube's mesh: eight vertices and six textured quads.
-    static QByteArray cubeMesh();
+    // The data words of a room of columns x rows sectors: floor quad i (row
+    // by row) takes floor[i % size], wall quad i (round the room) walls[i %
+    // size]; with triangles, a low pyramid of four of them stands in the
+    // middle, taking triangles in turn; sprites stand on vertex 0.
+    static QByteArray roomOf(int columns, int rows, const QList<quint16>& floor, const QList<quint16>& walls,
+                             const QList<quint16>& triangles = {}, const QList<quint16>& sprites = {});
+    // A cube's mesh: eight vertices, eight normals and six quads of texture.
+    static QByteArray cubeMesh(quint16 texture = CubeTexture);
     static QByteArray roomHeader(qint32 x, qint32 z);
     static QByteArray placement(qint32 x, qint32 y, qint32 z, quint16 rotation, quint16 kind);
     static QByteArray staticKind(quint32 number, quint16 mesh);
