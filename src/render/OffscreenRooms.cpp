@@ -66,6 +66,15 @@ QImage OffscreenRooms::render(const RoomCamera& camera)
     return m_target->toImage().convertToFormat(QImage::Format_RGB32);
 }
 
+void OffscreenRooms::draw(const RoomCamera& camera)
+{
+    makeCurrent();
+    m_target->bind();
+    m_renderer.draw(camera, m_size);
+    m_context->functions()->glFinish();
+    m_target->release();
+}
+
 std::optional<int> OffscreenRooms::pick(const RoomCamera& camera, QPoint pixel)
 {
     makeCurrent();

@@ -30,6 +30,8 @@ public:
     void makeCurrent();
 
     QImage render(const RoomCamera& camera);
+    // One frame drawn and finished, not read back: what a frame costs.
+    void draw(const RoomCamera& camera);
     std::optional<int> pick(const RoomCamera& camera, QPoint pixel);
     // Every pixel's face number, row after row from the top; -1 where none.
     QList<int> faceNumbers(const RoomCamera& camera);
