@@ -10,6 +10,7 @@
 #include "OpenGuiFigure.h"
 #include "OpenListMemoryFigure.h"
 #include "PaintFigure.h"
+#include "RoomsFigure.h"
 #include "TilesRatioFigure.h"
 #include "UndoAllFigure.h"
 #include "UsageRatioFigure.h"
@@ -41,5 +42,8 @@ std::vector<std::unique_ptr<BenchFigure>> allBenchFigures()
     figures.push_back(std::make_unique<DrawAllFigure>(DrawAllFigure::Kind::MaxMilliseconds));
     figures.push_back(std::make_unique<UndoAllFigure>());
     figures.push_back(std::make_unique<DeleteRenumberFigure>());
+    for (RoomsFigure::Kind kind : {RoomsFigure::Kind::Frame, RoomsFigure::Kind::Pick, RoomsFigure::Kind::Update,
+                                   RoomsFigure::Kind::Open, RoomsFigure::Kind::TileMemory})
+        figures.push_back(std::make_unique<RoomsFigure>(kind));
     return figures;
 }

@@ -5,6 +5,7 @@
 #include "cli/ExtractCommand.h"
 #include "cli/InfoCommand.h"
 #include "cli/InsertCommand.h"
+#include "cli/RenderCommand.h"
 #include "cli/TilesCommand.h"
 #include "cli/UsageCommand.h"
 
@@ -36,6 +37,9 @@ QString CommandLine::usage()
         "                                       pixels of the list's bitmap, or of BMP, into its tiles\n"
         "  tiles LEVEL -o FILE                  the level's 16-bit texture tiles as a 24-bit bitmap,\n"
         "                                       or as a PNG with alpha when FILE ends in .png\n"
+        "  render LEVEL [--list LIST] [--bitmap BMP|PNG] [--room N] [--highlight T,...] [--size WxH] -o OUT.png\n"
+        "                                       the level's rooms drawn textured from a fixed camera that\n"
+        "                                       frames room N or the whole level (needs a display)\n"
         "  usage LEVEL [--json]                 the object and sprite textures the level's rooms, meshes,\n"
         "                                       sequences and animations use, and the unused ones\n"
         "  demo DIR                             writes a synthetic demo level, bitmap and list into DIR\n"
@@ -107,6 +111,8 @@ int CommandLine::run(const QStringList& arguments)
         return InsertCommand(*this).run(rest);
     if (command == QLatin1String("tiles"))
         return TilesCommand(*this).run(rest);
+    if (command == QLatin1String("render"))
+        return RenderCommand(*this).run(rest);
     if (command == QLatin1String("usage"))
         return UsageCommand(*this).run(rest);
     if (command == QLatin1String("demo"))

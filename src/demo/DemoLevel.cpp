@@ -12,6 +12,7 @@
 #include "common/ReplacingFile.h"
 #include "synthetic/SyntheticGeometry.h"
 #include "synthetic/SyntheticMeshSet.h"
+#include "synthetic/SyntheticScene.h"
 
 #include <QDir>
 #include <QFile>
@@ -100,31 +101,40 @@ constexpr quint16 StoneBlocks = 0, Bricks = 1, Planks = 2, FloorTiles = 3, Cobbl
 // The first scenery sprite: after the flame, the coin, four pickups and the smoke.
 constexpr quint16 PlantSprite = DemoSpriteArt::FlameFrames + DemoSpriteArt::CoinFrames + 4 + DemoSpriteArt::SmokeFrames;
 
-// Three rooms built of the wall squares; the grate, the fence, the ice and
-// the fence triangle are left unused, so texture usage finds some of each.
-SyntheticRoom roomOf(const QByteArray& geometry, qint16 portals, qint16 sectorsZ, qint16 sectorsX, qint16 lights,
-                     qint16 staticMeshes)
+// Three rooms side by side built of the wall squares, each a floor with
+// walls round it and a low pyramid of triangles; the second places the crate.
+// The grate, the fence, the ice and the fence triangle are left unused, so
+// texture usage finds some of each.
+constexpr quint32 CrateKind = 1;
+
+SyntheticRoom roomOf(qint32 x, const QByteArray& geometry, qint16 portals, qint16 sectorsZ, qint16 sectorsX,
+                     qint16 lights)
 {
     SyntheticRoom room = SyntheticRoom::holding(geometry);
+    room.header = SyntheticScene::roomHeader(x * SyntheticScene::Sector, 0);
     room.portals = portals;
     room.sectorsZ = sectorsZ;
     room.sectorsX = sectorsX;
     room.lights = lights;
-    room.staticMeshes = staticMeshes;
     return room;
 }
 
 QList<SyntheticRoom> demoRooms()
 {
     using namespace Texture;
+    using Scene = SyntheticScene;
+    SyntheticRoom crateRoom = roomOf(5,
+                                     Scene::roomOf(4, 6, {Grass, Carpet, Water, Grass, Lava, TreadPlate}, {RoofTiles, TreadPlate},
+                                                   {RoofPlanks, quint16(PlanksRoof | SyntheticGeometry::DoubleSided)}),
+                                     2, 6, 4, 2);
+    crateRoom.staticMeshes = 1;
+    crateRoom.placements = Scene::placement(6 * Scene::Sector, 0, 4 * Scene::Sector + 512, 0x2000, CrateKind);
     return {
-        roomOf(SyntheticGeometry::room(8, {StoneBlocks, Bricks, FloorTiles, Cobbles, Sand, MossyStone},
-                                       {StoneGrass, GrassStone}, {PlantSprite}),
-               1, 4, 4, 1, 0),
-        roomOf(SyntheticGeometry::room(12, {TreadPlate, Grass, RoofTiles, Carpet, Water, Lava},
-                                       {RoofPlanks, quint16(PlanksRoof | SyntheticGeometry::DoubleSided)}),
-               2, 6, 4, 2, 1),
-        roomOf(SyntheticGeometry::room(4, {Planks, Marble, Frieze}, {}), 1, 3, 3, 1, 0),
+        roomOf(0, Scene::roomOf(4, 4, {FloorTiles, Cobbles, Sand, Cobbles}, {StoneBlocks, Bricks, MossyStone},
+                                {StoneGrass, GrassStone}, {PlantSprite}),
+               1, 4, 4, 1),
+        crateRoom,
+        roomOf(10, Scene::roomOf(3, 3, {Planks, Marble}, {Frieze}), 1, 3, 3, 1),
     };
 }
 
@@ -133,7 +143,7 @@ SyntheticMeshSet demoMeshes()
 {
     using namespace Texture;
     SyntheticMeshSet meshes;
-    const quint32 crate = meshes.addPointed(SyntheticGeometry::mesh(8, 8, QList<quint16>(6, Crate), {}));
+    const quint32 crate = meshes.addPointed(SyntheticScene::cubeMesh(Crate));
     meshes.point(crate);
     meshes.addPointed(SyntheticGeometry::mesh(6, -6, {RoofTiles, RoofTiles}, {Bricks45}));
     return meshes;
@@ -236,6 +246,7 @@ SyntheticLevel DemoLevel::level() const
     level.setTiles8(DemoPalette::tiles8(tiles, palette));
     level.setRooms(demoRooms());
     demoMeshes().applyTo(level);
+    level.setBlock(SyntheticField::StaticMeshes, SyntheticScene::staticKind(CrateKind, 0));
     level.setObjectTextures(objectTextures());
     level.setSpriteTextures(spriteTextures());
     level.setSpriteSequences(spriteSequences());

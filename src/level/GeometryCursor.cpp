@@ -30,18 +30,34 @@ void GeometryCursor::skipList(int recordSize)
     skip(qMax<qint64>(0, count()) * recordSize);
 }
 
+void GeometryCursor::skipNormals()
+{
+    const qint16 normals = count();
+    skip(normals > 0 ? qint64(normals) * NormalSize : -qint64(normals) * LightSize);
+}
+
+GeometryCursor::List GeometryCursor::list(int recordSize, qint64 limit)
+{
+    List result;
+    result.claimed = qMax<qint64>(0, count());
+    const qint64 present = qMax<qint64>(0, (m_bytes.size() - m_position) / recordSize);
+    const qint64 taken = qMax<qint64>(0, qMin(qMin(result.claimed, present), limit));
+    if (taken > 0)
+        result.records = m_bytes.sliced(m_position, taken * recordSize);
+    skip(result.claimed * recordSize);
+    return result;
+}
+
 qint64 GeometryCursor::readTextures(int recordSize, quint16 mask, TextureIndexSet& textures,
                                    TextureUseCounts& counts, qint64 limit)
 {
-    const qint64 records = qMax<qint64>(0, count());
-    const qint64 present = qMax<qint64>(0, (m_bytes.size() - m_position) / recordSize);
-    const qint64 taken = qMin(qMin(records, present), limit);
+    const List records = list(recordSize, limit);
+    const qint64 taken = records.present(recordSize);
     for (qint64 i = 0; i < taken; ++i) {
-        const char* field = m_bytes.data() + m_position + i * recordSize + recordSize - 2;
+        const char* field = records.records.data() + i * recordSize + recordSize - 2;
         const quint16 texture = qFromLittleEndian<quint16>(field) & mask;
         textures.insert(texture);
         counts.add(texture);
     }
-    skip(records * recordSize);
     return taken;
 }

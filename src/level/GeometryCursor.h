@@ -28,9 +28,23 @@ public:
 
     GeometryCursor(QByteArrayView bytes, qint64 position = 0);
 
+    // A list's records as far as the bytes hold them: claimed is what its
+    // count says, records the bytes of those present (at most limit).
+    struct List
+    {
+        qint64 claimed = 0;
+        QByteArrayView records;
+        qint64 present(int recordSize) const { return records.size() / recordSize; }
+    };
+
     qint16 count();
     void skip(qint64 bytes);
+    qint64 position() const { return m_position; }
+    // The next list, the cursor moved past every record its count claims.
+    List list(int recordSize, qint64 limit = std::numeric_limits<qint64>::max());
     void skipList(int recordSize);
+    // A mesh's normals, or its vertex lights when the count is negative.
+    void skipNormals();
 
     // A list whose records end with a texture field: inserts each texture
     // (masked) into textures and counts it in counts, at most `limit`

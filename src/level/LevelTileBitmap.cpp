@@ -52,15 +52,31 @@ bool LevelTileBitmap::write(const QString& levelPath, const QString& bmpPath, Fi
     return written;
 }
 
+QImage LevelTileBitmap::read(const QString& levelPath, FileError* error)
+{
+    LevelTileBitmap bitmap(levelPath, {});
+    WalkedLevelFile level(levelPath, LevelWalk::Reach::Tiles);
+    QImage image;
+    const bool read = bitmap.open(level) && bitmap.readImage(level, image);
+    if (error)
+        *error = bitmap.m_error;
+    return read ? image : QImage();
+}
+
+bool LevelTileBitmap::open(WalkedLevelFile& level)
+{
+    FileError cause;
+    if (!level.open(cause))
+        return failWith(cause);
+    return locateTiles(level);
+}
+
 bool LevelTileBitmap::run()
 {
     if (const FileError sameAsLevel = FileIdentity::outputRefusal(m_bmpPath, {m_levelPath}); sameAsLevel.failed())
         return failWith(sameAsLevel);
     WalkedLevelFile level(m_levelPath, LevelWalk::Reach::Tiles);
-    FileError cause;
-    if (!level.open(cause))
-        return failWith(cause);
-    if (!locateTiles(level))
+    if (!open(level))
         return false;
     return isPng() ? writePng(level) : writeBitmap(level);
 }
@@ -72,12 +88,25 @@ bool LevelTileBitmap::isPng() const
 
 bool LevelTileBitmap::writePng(WalkedLevelFile& level)
 {
+    QImage image;
+    if (!readImage(level, image))
+        return false;
+    // Like the BMP, the PNG can always be made again from the level.
+    FileError error;
+    if (!ImageFile::write(image, m_bmpPath, "png", ReplacingFile::SkipDiskSync, error))
+        return failWith(error);
+    return true;
+}
+
+bool LevelTileBitmap::readImage(WalkedLevelFile& level, QImage& image)
+{
     constexpr QRgb SeeThroughPng = 0x00FF00FF; // magenta at alpha 0
-    QImage image(TileSide, int(qMin<qint64>(m_tileCount * TileSide, std::numeric_limits<int>::max())),
-                 QImage::Format_ARGB32);
-    if (image.isNull() || image.height() != m_tileCount * TileSide)
-        return failWith(FileError::writing(m_bmpPath,
-                                           QStringLiteral("%1 texture tiles are too many for one image").arg(m_tileCount)));
+    image = QImage(TileSide, int(qMin<qint64>(m_tileCount * TileSide, std::numeric_limits<int>::max())),
+                   QImage::Format_ARGB32);
+    if (image.isNull() || image.height() != m_tileCount * TileSide) {
+        const QString why = QStringLiteral("%1 texture tiles are too many for one image").arg(m_tileCount);
+        return failWith(m_bmpPath.isEmpty() ? FileError::reading(m_levelPath, why) : FileError::writing(m_bmpPath, why));
+    }
     QByteArray tiles16(qMin(m_tileCount, TilesPerRead) * Tile16Size, Qt::Uninitialized);
     for (qint64 first = 0; first < m_tileCount; first += TilesPerRead) {
         const qint64 count = qMin(TilesPerRead, m_tileCount - first);
@@ -92,10 +121,6 @@ bool LevelTileBitmap::writePng(WalkedLevelFile& level)
             }
         }
     }
-    // Like the BMP, the PNG can always be made again from the level.
-    FileError error;
-    if (!ImageFile::write(image, m_bmpPath, "png", ReplacingFile::SkipDiskSync, error))
-        return failWith(error);
     return true;
 }
 

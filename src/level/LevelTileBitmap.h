@@ -2,6 +2,7 @@
 
 #include "common/FileError.h"
 
+#include <QImage>
 #include <QString>
 
 class QFileDevice;
@@ -30,6 +31,9 @@ public:
     // TR3, holds no tiles or holds fewer bytes than its tiles need; or the
     // bitmap cannot be written.
     static bool write(const QString& levelPath, const QString& bmpPath, FileError* error = nullptr);
+    // The tiles as the PNG would hold them, in memory; a null image, saying
+    // why in error, for the same causes.
+    static QImage read(const QString& levelPath, FileError* error = nullptr);
 
 private:
     LevelTileBitmap(const QString& levelPath, const QString& bmpPath);
@@ -38,6 +42,8 @@ private:
     bool locateTiles(WalkedLevelFile& level);
     bool writeBitmap(WalkedLevelFile& level);
     bool writePng(WalkedLevelFile& level);
+    bool open(WalkedLevelFile& level);
+    bool readImage(WalkedLevelFile& level, QImage& image);
     bool isPng() const;
     bool writeTiles(QFileDevice& level, ReplacingFile& bitmap);
     bool writeChunk(ReplacingFile& bitmap, QByteArray& chunk, qint64& filled);

@@ -169,7 +169,7 @@ void LevelWalk::walkPastTiles()
     skipLongTable(4);  // mesh trees
     skipLongTable(2);  // frames
     skipLongTable(18); // moveables
-    skipLongTable(32); // static meshes
+    readLongTable(32, m_result.staticMeshes);
 
     if (m_game == Game::TR2)
         readLongTable(20, m_result.objectTexture);
@@ -203,6 +203,7 @@ void LevelWalk::walkPastTiles()
 
 void LevelWalk::walkRoom()
 {
+    m_result.roomHeaders.append(m_p);
     advance(RoomHeaderSize);
     readLongTable(2, m_result.roomData.emplaceBack());
 
@@ -221,7 +222,9 @@ void LevelWalk::walkRoom()
     const qint16 lights = readShort(m_p);
     advance(2 + shortProduct(24, lights));
     const qint16 staticMeshes = readShort(m_p);
-    advance(2 + shortProduct(20, staticMeshes));
+    const int staticMeshBytes = shortProduct(20, staticMeshes);
+    m_result.roomStaticMeshes.append({m_p, staticMeshes, staticMeshBytes});
+    advance(2 + staticMeshBytes);
 
     advance(4); // alternate room and flags
     if (m_game == Game::TR3)

@@ -50,6 +50,14 @@ public:
         TablePosition meshData;
         TablePosition meshPointers;
 
+        // What places the geometry: each walked room's 16-byte header (its
+        // position), each room's static mesh list (offset is its 16-bit
+        // count, the records follow it at offset + 2) and the level's table
+        // of static mesh kinds.
+        QList<qint64> roomHeaders;
+        QList<TablePosition> roomStaticMeshes;
+        TablePosition staticMeshes;
+
         // True when the walk went through every block to the sample indices;
         // end is then the position after them, which a level cut short
         // lies beyond.

@@ -2,6 +2,7 @@
 
 #include "level/AnimatedTextureBlock.h"
 #include "level/BinaryReader.h"
+#include "level/GeometryBlocks.h"
 #include "level/GeometryCursor.h"
 #include "level/ObjectTexture.h"
 #include "level/ReadTableRecords.h"
@@ -16,17 +17,9 @@
 
 namespace {
 
-// Room data and mesh data are read a block at a time; the window only serves
-// the small tables.
-constexpr qint64 ReadWindow = 1 << 16;
-constexpr int MeshPointerSize = 4;
-
-// The words of a block the walk found, as far as the file holds them.
 QByteArray blockBytes(BinaryReader& reader, const TablePosition& block)
 {
-    if (block.offset <= 0 || block.size <= 0)
-        return {};
-    return reader.bytes(block.offset + 4, block.size);
+    return GeometryBlocks::blockBytes(reader, block);
 }
 
 void readRooms(BinaryReader& reader, const QList<TablePosition>& rooms, TextureIndexSet& polygons,
@@ -49,9 +42,7 @@ void readRooms(BinaryReader& reader, const QList<TablePosition>& rooms, TextureI
 std::vector<quint32> meshOffsets(const QByteArray& pointers, qint64 meshBytes)
 {
     std::vector<quint32> offsets;
-    offsets.reserve(size_t(pointers.size() / MeshPointerSize));
-    for (qsizetype at = 0; at + MeshPointerSize <= pointers.size(); at += MeshPointerSize) {
-        const quint32 offset = qFromLittleEndian<quint32>(pointers.constData() + at);
+    for (quint32 offset : GeometryBlocks::meshPointers(pointers)) {
         if (offset < meshBytes)
             offsets.push_back(offset);
     }
@@ -67,9 +58,7 @@ qint64 readMesh(const QByteArray& meshData, quint32 offset, TextureIndexSet& obj
     GeometryCursor cursor(meshData, offset);
     cursor.skip(GeometryCursor::MeshHeaderSize);
     cursor.skipList(GeometryCursor::MeshVertexSize);
-    const qint16 normals = cursor.count();
-    cursor.skip(normals > 0 ? qint64(normals) * GeometryCursor::NormalSize
-                            : -qint64(normals) * GeometryCursor::LightSize);
+    cursor.skipNormals();
     const qint64 rectangles =
         cursor.readTextures(GeometryCursor::RectangleSize, GeometryCursor::FaceTextureMask, objects, counts, limit);
     return rectangles
@@ -87,7 +76,7 @@ void readMeshes(BinaryReader& reader, const LevelWalk::Result& walk, TextureInde
     const QByteArray meshData = blockBytes(reader, walk.meshData);
     if (meshData.isEmpty())
         return;
-    qint64 faceBudget = meshData.size() / GeometryCursor::TriangleSize + 1;
+    qint64 faceBudget = GeometryBlocks::meshFaceBudget(meshData);
     for (quint32 offset : meshOffsets(blockBytes(reader, walk.meshPointers), meshData.size())) {
         faceBudget -= readMesh(meshData, offset, objects, counts, faceBudget);
         if (faceBudget <= 0)
@@ -172,7 +161,7 @@ TextureUsage TextureUsage::ofDevice(QIODevice& device, LevelWalk::Game game)
 
 TextureUsage TextureUsage::ofWalk(QIODevice& device, const LevelWalk::Result& walk)
 {
-    BinaryReader reader(device, ReadWindow);
+    BinaryReader reader(device, GeometryBlocks::ReadWindow);
     TextureUsage usage;
     TextureIndexSet polygons;
     TextureIndexSet objects;

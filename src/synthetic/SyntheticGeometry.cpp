@@ -15,6 +15,29 @@ SyntheticGeometry& SyntheticGeometry::vertices(qint16 n, int vertexSize)
     return *this;
 }
 
+SyntheticGeometry& SyntheticGeometry::points(const QList<Point>& points, int vertexSize)
+{
+    count(qint16(points.size()));
+    for (const Point& point : points) {
+        word(quint16(point.x));
+        word(quint16(point.y));
+        word(quint16(point.z));
+        zeros(vertexSize - 6);
+    }
+    return *this;
+}
+
+SyntheticGeometry& SyntheticGeometry::faceList(const QList<Face>& faces, int corners)
+{
+    count(qint16(faces.size()));
+    for (const Face& face : faces) {
+        for (int corner = 0; corner < corners; ++corner)
+            word(face.corners.value(corner));
+        word(face.texture);
+    }
+    return *this;
+}
+
 SyntheticGeometry& SyntheticGeometry::meshHeader()
 {
     zeros(MeshHeaderSize);

@@ -27,7 +27,24 @@ public:
     static constexpr int SpriteSize = 4;
     static constexpr quint16 DoubleSided = 0x8000;
 
+    struct Point
+    {
+        qint16 x = 0;
+        qint16 y = 0;
+        qint16 z = 0;
+    };
+    // A face with its own corners (three or four vertex indices) and texture field.
+    struct Face
+    {
+        QList<quint16> corners;
+        quint16 texture = 0;
+    };
+
     SyntheticGeometry& count(qint16 n);
+    // Vertices at the given points, the rest of each record zeros.
+    SyntheticGeometry& points(const QList<Point>& points, int vertexSize);
+    // One face list: every face has as many corners as the first.
+    SyntheticGeometry& faceList(const QList<Face>& faces, int corners);
     SyntheticGeometry& vertices(qint16 n, int vertexSize);
     SyntheticGeometry& meshHeader();
     // n > 0 normals; otherwise -n vertex lights, as the count's sign says.

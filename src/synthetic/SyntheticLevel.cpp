@@ -256,7 +256,7 @@ void SyntheticLevel::layRoom(SyntheticSink& sink, const SyntheticRoom& room) con
             sink.zeros(announced(count, size));
     };
     sink.markRoom();
-    sink.zeros(SyntheticRoom::HeaderSize);
+    sink.padded(room.header, SyntheticRoom::HeaderSize);
     sink.u32(room.dataWords);
     if (!room.countsOnly)
         sink.padded(room.data, announced(room.dataWords, SyntheticRoom::DataWordSize));
@@ -271,7 +271,8 @@ void SyntheticLevel::layRoom(SyntheticSink& sink, const SyntheticRoom& room) con
     sink.u16(quint16(room.lights));
     bulk(room.lights, SyntheticRoom::LightSize);
     sink.u16(quint16(room.staticMeshes));
-    bulk(room.staticMeshes, SyntheticRoom::StaticMeshSize);
+    if (!room.countsOnly)
+        sink.padded(room.placements, announced(room.staticMeshes, SyntheticRoom::StaticMeshSize));
     sink.zeros(AlternateRoomSize);
     if (isTR3())
         sink.zeros(WaterReverbFillerSize);

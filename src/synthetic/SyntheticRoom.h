@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QtGlobal>
 
-// One room of a synthetic level: only the counts the walk reads are chosen;
-// the header, the two ambient intensities, the TR2 light mode, the alternate
+// One room of a synthetic level: only the counts the walk reads, its header
+// and its static mesh placements are chosen; the two ambient intensities, the TR2 light mode, the alternate
 // room and flags and the TR3 water scheme, reverb and filler are zeros.
 //
 // The bytes a count announces are zeros too. A negative count announces no
@@ -24,6 +24,10 @@ struct SyntheticRoom
     qint16 staticMeshes = 0;
     bool countsOnly = false;
     QByteArray data = {};
+    // The header (x, z, lowest and highest y, each 32-bit) and the static
+    // mesh placements, cut or padded as the data words are.
+    QByteArray header = {};
+    QByteArray placements = {};
 
     // A room whose data words are data, padded to a whole word.
     static SyntheticRoom holding(const QByteArray& data)

@@ -137,6 +137,20 @@ private slots:
         QTest::newRow("extract with no bitmap")
             << QStringList{"extract", level, "--bitmap", "{dir}/text.bmp", "-o", "{dir}/refused.trt"} << 2
             << "refused.trt";
+        QTest::newRow("render without -o") << QStringList{"render", level} << 1 << "";
+        QTest::newRow("render size without x") << QStringList{"render", level, "--size", "640", "-o", "{dir}/r.png"} << 1
+                                               << "r.png";
+        QTest::newRow("render size too small") << QStringList{"render", level, "--size", "8x8", "-o", "{dir}/r.png"} << 1
+                                               << "r.png";
+        QTest::newRow("render highlight past 32767")
+            << QStringList{"render", level, "--highlight", "3,40000", "-o", "{dir}/r.png"} << 1 << "r.png";
+        QTest::newRow("render room past the rooms") << QStringList{"render", level, "--room", "1", "-o", "{dir}/r.png"}
+                                                    << 1 << "r.png";
+        QTest::newRow("render missing level") << QStringList{"render", "/nonexistent/l.tr2", "-o", "{dir}/r.png"} << 2
+                                              << "r.png";
+        QTest::newRow("render TR1 level") << QStringList{"render", "{dir}/tr1.tr2", "-o", "{dir}/r.png"} << 2 << "r.png";
+        QTest::newRow("render missing bitmap")
+            << QStringList{"render", level, "--bitmap", "{dir}/none.bmp", "-o", "{dir}/r.png"} << 2 << "r.png";
         QTest::newRow("tiles without -o") << QStringList{"tiles", level} << 1 << "";
         QTest::newRow("tiles onto the level") << QStringList{"tiles", level, "-o", level} << 2 << "";
         QTest::newRow("tiles missing level")

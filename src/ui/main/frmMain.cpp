@@ -3,6 +3,7 @@
 #include "ui/animation/AnimationPage.h"
 #include "ui/main/AssignmentPage.h"
 #include "ui/main/BitmapPicker.h"
+#include "ui/rooms/RoomsDock.h"
 #include "ui/main/DroppedFile.h"
 #include "ui/main/RecentListsMenu.h"
 #include "ui/main/WindowLayout.h"
@@ -800,6 +801,7 @@ void frmMain::SetUpHabits()
     WindowShortcuts::Install(*this);
     WindowLayout::Settle(*this);
     m_picker = new BitmapPicker(*this);
+    m_rooms = new RoomsDock(*this);
     connect(m_state.get(), &EditorState::dirtyChanged, this, &frmMain::setWindowModified);
     setAcceptDrops(true);
     ShowDocumentInTitle();

@@ -13,6 +13,7 @@ class EditorSettings;
 class FolderMemoryPrompts;
 class HelpWindow;
 class RecentListsMenu;
+class RoomsDock;
 class C_ListInfo;
 class EditorPage;
 class EditorState;
@@ -58,6 +59,7 @@ public:
     EditorSettings& settings() const { return *m_settings; }
     RecentListsMenu& recentMenu() const { return *m_recentMenu; }
     BitmapPicker& picker() const { return *m_picker; }
+    RoomsDock& rooms() const { return *m_rooms; }
     // The help window once Help has been chosen; null before.
     HelpWindow* helpWindow() const { return m_helpWindow; }
     // A recent list chosen from the menu: opened, or removed when it is gone.
@@ -159,6 +161,7 @@ private:
     QTabBar* m_tbsStrip = nullptr;
     RecentListsMenu* m_recentMenu = nullptr;
     BitmapPicker* m_picker = nullptr;
+    RoomsDock* m_rooms = nullptr;
     HelpWindow* m_helpWindow = nullptr;
     // A level dropped on the window, for the New List it starts.
     QString m_droppedLevel;
