@@ -53,7 +53,7 @@ Stored EditedTexture::Build(const Frame& frame, const std::optional<ObjectTextur
     if (!stored.why.isEmpty())
         return stored;
     const int used = frame.sides == 4 ? 4 : 3;
-    stored.why = ShapeFault(stored, used, rectangle, &stored.badRow);
+    stored.why = ShapeFault(stored, used, rectangle, TextureGeometry::CornerLabels(frame.flips), &stored.badRow);
     if (!stored.why.isEmpty())
         return stored;
 
@@ -115,10 +115,10 @@ int EditedTexture::TileOf(int bitmapY)
     return bitmapY < 0 ? -1 : bitmapY / TextureGeometry::TileSize;
 }
 
-QString EditedTexture::OutsideTile(int row, int bitmapY, int tile, const QString& whose)
+QString EditedTexture::OutsideTile(const QString& corner, int bitmapY, int tile, const QString& whose)
 {
     return Tr("Nothing was stored: corner %1 (Y %2) lies outside tile %3 of %4, which holds Y %5 to %6.")
-        .arg(row + 1)
+        .arg(corner)
         .arg(bitmapY)
         .arg(tile)
         .arg(whose)
@@ -134,7 +134,7 @@ QString EditedTexture::RectangleTileFault(const Frame& frame, int* badRow)
     if (TileOf(hiY) == tile)
         return {};
     *badRow = frame.hiRow;
-    return OutsideTile(frame.hiRow, hiY, tile, Tr("the Lo corner"));
+    return OutsideTile(TextureGeometry::CornerLabels(frame.flips).value(frame.hiRow), hiY, tile, Tr("the Lo corner"));
 }
 
 QString EditedTexture::FreeCornerTileFault(const Frame& frame, int* badRow)
@@ -157,13 +157,15 @@ QString EditedTexture::FreeCornerTileFault(const Frame& frame, int* badRow)
     for (int i = 0; i < used; ++i) {
         if (tiles[size_t(i)] != tile) {
             *badRow = i;
-            return OutsideTile(i, frame.boxes[size_t(i)].y(), tile, Tr("the texture's other corners"));
+            return OutsideTile(TextureGeometry::CornerLabels(frame.flips).value(i), frame.boxes[size_t(i)].y(), tile,
+                               Tr("the texture's other corners"));
         }
     }
     return {};
 }
 
-QString EditedTexture::ShapeFault(const Stored& stored, int used, bool rectangle, int* badRow)
+QString EditedTexture::ShapeFault(const Stored& stored, int used, bool rectangle, const QStringList& labels,
+                                  int* badRow)
 {
     const auto& c = stored.corners;
     for (int i = 0; i < used; ++i) {
@@ -172,7 +174,7 @@ QString EditedTexture::ShapeFault(const Stored& stored, int used, bool rectangle
             *badRow = i;
             return Tr("Nothing was stored: corner %1 (X %2, Y %3 in tile %4) lies outside its tile, which holds "
                       "X and Y from 0 to 255.")
-                .arg(i + 1)
+                .arg(labels.value(i))
                 .arg(corner.x())
                 .arg(corner.y())
                 .arg(stored.tile);
@@ -184,8 +186,7 @@ QString EditedTexture::ShapeFault(const Stored& stored, int used, bool rectangle
                 *badRow = b;
                 return Tr("Nothing was stored: corners %1 and %2 of the triangle are the same point; a triangle "
                           "needs three.")
-                    .arg(a + 1)
-                    .arg(b + 1);
+                    .arg(labels.value(a), labels.value(b));
             }
         }
         if (Cross(c[0], c[1], c[2]) == 0) {

@@ -2,6 +2,7 @@
 
 #include "list/ObjectTextureRow.h"
 #include "list/SubPixelConvention.h"
+#include "list/TextureGeometry.h"
 
 #include <QPoint>
 #include <QString>
@@ -32,6 +33,8 @@ public:
         int loRow = -1; // rows marked Lo and Hi, -1 for none
         int hiRow = -1;
         std::array<QPoint, 4> boxes{}; // each row's X and whole-bitmap Y
+        // The flips shown: a refusal names a corner by the label its row shows.
+        TextureGeometry::Flips flips{};
     };
 
     struct Stored
@@ -56,10 +59,11 @@ private:
     static Stored PlaceFreeCorners(const Frame& frame);
     // The whole-bitmap tile of a Y; -1 above the bitmap.
     static int TileOf(int bitmapY);
-    static QString OutsideTile(int row, int bitmapY, int tile, const QString& whose);
+    static QString OutsideTile(const QString& corner, int bitmapY, int tile, const QString& whose);
     static QString RectangleTileFault(const Frame& frame, int* badRow);
     static QString FreeCornerTileFault(const Frame& frame, int* badRow);
-    static QString ShapeFault(const Stored& stored, int used, bool rectangle, int* badRow);
+    static QString ShapeFault(const Stored& stored, int used, bool rectangle, const QStringList& labels,
+                              int* badRow);
     static void TakeBytes(Stored& stored, const std::array<bool, 8>& highEdges, int used,
                           const std::optional<ObjectTextureRow>& original, const SubPixelConvention& convention);
 };

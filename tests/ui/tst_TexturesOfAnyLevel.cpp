@@ -279,7 +279,8 @@ void tst_TexturesOfAnyLevel::cornersTypedInLowerTiles_data()
     // Textures of a 16-tile level: texture n lies in tile n mod 16, every
     // fifth is a triangle. Each row types whole-bitmap values ("BOX=VALUE")
     // into an edited texture, then Accept: it stays in its tile, moves to
-    // the tile it was typed into whole, or is refused, naming the corner.
+    // the tile it was typed into whole, or is refused, naming the corner by
+    // the label its row shows (texture 3 is flipped: its row 1 reads "3").
     QTest::addColumn<int>("row");
     QTest::addColumn<QStringList>("typed");
     QTest::addColumn<int>("tile"); // -1: refused
@@ -292,7 +293,7 @@ void tst_TexturesOfAnyLevel::cornersTypedInLowerTiles_data()
     QTest::newRow("rectangle of tile 5 typed whole into tile 7")
         << 5 << QStringList{"txtY_1=1800", "txtY_3=1850"} << 7 << "";
     QTest::newRow("rectangle of tile 3, top Y typed into tile 0")
-        << 3 << QStringList{"txtY_3=40"} << -1 << "corner 2 (Y 956) lies outside tile 0 of the Lo corner, which "
+        << 3 << QStringList{"txtY_3=40"} << -1 << "corner 3 (Y 956) lies outside tile 0 of the Lo corner, which "
                                                   "holds Y 0 to 255";
     QTest::newRow("rectangle of tile 12, Hi corner typed into tile 13")
         << 12 << QStringList{"txtY_2=3400"} << -1 << "corner 3 (Y 3400) lies outside tile 12 of the Lo corner";

@@ -360,6 +360,7 @@ EditedTexture::Frame ObjectTexturePage::ReadFrame() const
     frame.freeCorners = Corners().FreeCorners();
     frame.loRow = Corners().FindLoCorner();
     frame.hiRow = Corners().FindHiCorner();
+    frame.flips = m_flips;
     for (int i = 0; i < 4; ++i)
         frame.boxes[size_t(i)] = QPoint(BoxValue(Corners().row(i).x), BoxValue(Corners().row(i).y));
     return frame;
