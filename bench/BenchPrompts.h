@@ -23,6 +23,12 @@ public:
         ++messages;
         return SaveAnswer::Discard;
     }
+    SaveAnswer AskToSaveFirst(const QString& text, const QString&, const QString&) override
+    {
+        lastMessage = text;
+        ++messages;
+        return SaveAnswer::Cancel;
+    }
     bool Confirm(const QString& text, const QString&, const QString&) override
     {
         lastMessage = text;

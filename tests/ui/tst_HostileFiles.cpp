@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QStatusBar>
 #include <QTest>
@@ -150,6 +151,28 @@ private slots:
         QCOMPARE(said.size(), 1);
         QVERIFY2(said[0].contains(QStringLiteral("would decode its 256 x 131072 pixels")), qPrintable(said[0]));
         QVERIFY(!f.window->state().document().IsBitmapLoaded());
+    }
+
+    // The Insert dialog shows the level a list names cut, whatever its length.
+    void theInsertDialogShowsTheListsLevelCut()
+    {
+        EditorFixture f;
+        ListViewSet views;
+        const QString list = f.dir.filePath(QStringLiteral("long-level.trt"));
+        const QString level = QString(0xFFF0, QLatin1Char('l'));
+        QCOMPARE(ListFixture::random(4, 1, 2, 1, 1, 3).write(views, list, level, f.bitmapPath()), C_ListInfo::Success);
+        QString shown;
+        f.prompts.formScripts << [&](QDialog& form) {
+            f.prompts.fileNames << list;
+            EditorFixture::click(form, "cmdGetList");
+            shown = form.findChild<QLabel*>(QStringLiteral("lblLevel"))->text();
+            EditorFixture::click(form, "cmdCancel");
+        };
+        f.find<QAction>("mnuListInser")->trigger();
+        QVERIFY(shown.size() <= 160);
+        QVERIFY(shown.startsWith(QStringLiteral("lll")) && shown.endsWith(QStringLiteral("lll")));
+        for (const QString& message : f.prompts.messageTexts())
+            QVERIFY(message.size() < 400);
     }
 
     // What a list holds reaches the window's messages cut and escaped, and a

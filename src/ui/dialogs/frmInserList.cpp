@@ -1,6 +1,7 @@
 #include "ui/dialogs/frmInserList.h"
 
 #include "ui/common/BusyCursor.h"
+#include "common/ShownName.h"
 #include "level/C_LevelInfo.h"
 #include "list/C_ListInfo.h"
 #include "list/C_ListInserter.h"
@@ -51,13 +52,15 @@ void frmInserList::GetLevel(const QString& name)
     m_levelPath = path;
     m_levelLength = level.FileLength();
     m_levelChosen = true;
-    m_ui->lblLevel->setText(QDir::toNativeSeparators(path));
+    // The level may be the one a list names: shown cut and escaped.
+    const QString shown = ShownName::of(QDir::toNativeSeparators(path));
+    m_ui->lblLevel->setText(shown);
     if (m_ui->txtOutput->text() == m_offeredOutput) {
         m_offeredOutput = QDir::toNativeSeparators(C_ListInserter::DefaultOutputPath(path));
         m_ui->txtOutput->setText(m_offeredOutput);
     }
     if (!level.IsOpened())
-        Report(tr("The level %1 cannot be read.").arg(QDir::toNativeSeparators(path)));
+        Report(tr("The level %1 cannot be read.").arg(shown));
     EnableInsert();
 }
 
