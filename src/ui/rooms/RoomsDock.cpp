@@ -43,6 +43,24 @@ QString contextRefusal()
     return {};
 }
 
+QString unavailableText(const QString& why)
+{
+    return QStringLiteral("The rooms cannot be shown: %1. Everything else works as before.").arg(why);
+}
+
+// What the level's bytes could not give, in one status line.
+QString skippedText(const LevelGeometry& geometry)
+{
+    const QString first = geometry.notes.first();
+    if (geometry.notes.size() == 1)
+        return QStringLiteral("Rooms: %1").arg(first);
+    return QStringLiteral("Rooms: %1 faces and %2 static meshes skipped; %3, and %4 more")
+        .arg(geometry.skippedFaces)
+        .arg(geometry.skippedStaticMeshes)
+        .arg(first)
+        .arg(geometry.notes.size() - 1);
+}
+
 } // namespace
 
 RoomsDock::RoomsDock(frmMain& window)
@@ -63,6 +81,7 @@ RoomsDock::RoomsDock(frmMain& window)
             // A third of the window the first time, however narrow the dock was laid out.
             m_sized = true;
             m_window.resizeDocks({this}, {qMax(MinimumWidth, m_window.width() / 3)}, Qt::Horizontal);
+            createView();
         }
         if (visible)
             scheduleRefresh();
@@ -88,19 +107,6 @@ void RoomsDock::buildContent()
     m_message->setWordWrap(true);
     m_message->setAlignment(Qt::AlignCenter);
     m_pages->addWidget(m_message);
-    const QString refusal = contextRefusal();
-    m_unavailable = !refusal.isEmpty();
-    if (m_unavailable) {
-        m_message->setText(QStringLiteral("The rooms cannot be shown: %1. Everything else works as before.").arg(refusal));
-    } else {
-        m_view = new RoomsView(content);
-        m_pages->addWidget(m_view);
-        connect(m_view, &RoomsView::faceClicked, this, &RoomsDock::ChooseFace);
-        connect(m_view, &RoomsView::failed, this, [this](const QString& why) {
-            m_unavailable = true;
-            showWords(QStringLiteral("The rooms cannot be shown: %1. Everything else works as before.").arg(why));
-        });
-    }
     layout->addWidget(m_pages, 1);
     setWidget(content);
     connect(m_rooms, &QComboBox::activated, this, [this](int index) {
@@ -111,6 +117,25 @@ void RoomsDock::buildContent()
         else
             m_view->frameRoom(index - 1);
     });
+}
+
+// The context is asked for only once the rooms are first shown, so a window
+// that never shows them pays nothing for OpenGL.
+void RoomsDock::createView()
+{
+    const QString refusal = contextRefusal();
+    m_unavailable = !refusal.isEmpty();
+    if (m_unavailable) {
+        m_message->setText(unavailableText(refusal));
+    } else {
+        m_view = new RoomsView(m_pages);
+        m_pages->addWidget(m_view);
+        connect(m_view, &RoomsView::faceClicked, this, &RoomsDock::ChooseFace);
+        connect(m_view, &RoomsView::failed, this, [this](const QString& why) {
+            m_unavailable = true;
+            showWords(unavailableText(why));
+        });
+    }
 }
 
 void RoomsDock::addMenu()
@@ -214,7 +239,7 @@ void RoomsDock::loadLevelIfChanged()
     m_pages->setCurrentWidget(m_view);
     fillRoomList();
     if (!geometry->notes.isEmpty())
-        m_state.ShowStatus(QStringLiteral("Rooms: %1").arg(geometry->notes.join(QStringLiteral("; "))));
+        m_state.ShowStatus(skippedText(*geometry));
 }
 
 void RoomsDock::fillRoomList()

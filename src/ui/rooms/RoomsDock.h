@@ -42,6 +42,7 @@ public:
 
 private:
     void buildContent();
+    void createView();
     void addMenu();
     void connectDocument();
     void scheduleRefresh();
