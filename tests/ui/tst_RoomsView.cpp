@@ -1,6 +1,7 @@
 #include "list/ListDocument.h"
 #include "render/RoomScene.h"
 #include "ui/common/EditorState.h"
+#include "ui/common/ListView.h"
 #include "ui/rooms/RoomsDock.h"
 #include "ui/rooms/RoomsView.h"
 #include "uisupport/EditorFixture.h"
@@ -8,6 +9,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTest>
@@ -124,6 +126,27 @@ private slots:
         QCOMPARE(frame(), original);
         m_fixture->window->document().undoStack()->redo();
         QCOMPARE(frame(), edited);
+    }
+
+    void aFlipShowsBeforeItsAccept()
+    {
+        const auto face = visibleFace();
+        QVERIFY(face);
+        const int texture = m_view->scene()->faces()[face->first].texture;
+        const QImage plain = frame();
+        m_fixture->window->document().views().lsvTextures.setSelectedRow(texture);
+        emit m_fixture->find<ListView>("lsvTextures")->ItemClick(texture);
+        const QImage chosen = frame();
+        m_fixture->find<QPushButton>("cmdEdit")->click();
+        QCOMPARE(frame(), chosen); // editing alone changes nothing
+        m_fixture->find<QPushButton>("cmdFlipHor")->click();
+        const QImage flipped = frame();
+        QVERIFY(flipped != chosen);
+        m_fixture->find<QPushButton>("cmdCancel")->click();
+        // Cancel also lets go of the row: the rooms are as they were before it was chosen.
+        QCOMPARE(m_fixture->window->document().views().lsvTextures.selectedRow(), -1);
+        QCOMPARE(frame(), plain);
+        QVERIFY(!m_fixture->window->document().isModified());
     }
 
     void showInRoomsGoesToAFaceUsingTheTexture()

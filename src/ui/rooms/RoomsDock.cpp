@@ -5,11 +5,15 @@
 #include "render/RoomSurfaceFormat.h"
 #include "render/TextureTable.h"
 #include "ui/animation/PreviewPlayer.h"
+#include "list/TextureGeometry.h"
 #include "ui/bitmap/BitmapCache.h"
+#include "ui/bitmap/ucScrollPic.h"
+#include "ui/common/ButtonCaption.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/ListView.h"
 #include "ui/main/frmMain.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
 #include <QFileInfo>
@@ -176,6 +180,13 @@ void RoomsDock::connectDocument()
         connect(rows, &QAbstractItemModel::layoutChanged, this, refresh);
     }
     connect(&m_state.views.lsvTextures, &ListViewModel::selectedRowChanged, this, refresh);
+    if (ucScrollPic* bitmap = m_state.picture()) {
+        // A flip, a drag or a typed corner of the texture being edited shows before its Accept.
+        connect(bitmap, &ucScrollPic::EditOutlineChanged, this, [this](const QPolygon& corners) {
+            m_editOutline = corners;
+            scheduleRefresh();
+        });
+    }
     connect(&m_state, &EditorState::reloadPictureRequested, this, [this] {
         m_bitmapPath.clear(); // the file may have changed under the same name
         scheduleRefresh();
@@ -263,10 +274,43 @@ void RoomsDock::uploadBitmap()
 void RoomsDock::uploadTextures()
 {
     m_textures = ListTextures::of(m_state.document());
+    QList<ObjectTexture> textures = m_textures.textures;
+    editedRow(textures);
     QSet<int> chosen;
     if (const int row = m_state.views.lsvTextures.selectedRow(); row >= 0)
         chosen.insert(row);
-    m_view->setTextures(TextureTable::build(m_textures.textures, m_textures.shownAt(m_frame), chosen));
+    m_view->setTextures(TextureTable::build(textures, m_textures.shownAt(m_frame), chosen));
+}
+
+int RoomsDock::editedRow(QList<ObjectTexture>& textures) const
+{
+    const auto* edit = m_window.findChild<QAbstractButton*>(QStringLiteral("cmdEdit"));
+    const int row = m_state.views.lsvTextures.selectedRow();
+    if (m_editOutline.size() < 3 || !edit || !ButtonCaption::Is(*edit, u"Accept") || row < 0 || row >= textures.size())
+        return -1;
+    // The frame's corners are whole-bitmap pixels: the right- and bottom-most
+    // stand for the far side of their pixel, as a rectangle's Hi corner does.
+    const QRect bounds = m_editOutline.boundingRect();
+    ObjectTexture& record = textures[row];
+    record.setColumn(ObjectTexture::TileColumn, bounds.top() / TextureGeometry::TileSize);
+    for (int c = 0; c < 4; ++c) {
+        if (c >= m_editOutline.size()) {
+            // A triangle's fourth corner is all zeros, as the list stores it.
+            for (int column : {ObjectTexture::XColumn(c), ObjectTexture::YColumn(c), ObjectTexture::XHiColumn(c),
+                               ObjectTexture::YHiColumn(c)})
+                record.setColumn(column, 0);
+            continue;
+        }
+        const QPoint at = m_editOutline[c];
+        const bool farX = at.x() == bounds.right() && at.x() > bounds.left();
+        const bool farY = at.y() == bounds.bottom() && at.y() > bounds.top();
+        const int y = at.y() - bounds.top() / TextureGeometry::TileSize * TextureGeometry::TileSize;
+        record.setColumn(ObjectTexture::XColumn(c), qMin(at.x(), 255));
+        record.setColumn(ObjectTexture::YColumn(c), qMin(y, 255));
+        record.setColumn(ObjectTexture::XHiColumn(c), farX ? TextureGeometry::HighEdge : TextureGeometry::LowEdge);
+        record.setColumn(ObjectTexture::YHiColumn(c), farY ? TextureGeometry::HighEdge : TextureGeometry::LowEdge);
+    }
+    return row;
 }
 
 void RoomsDock::stepAnimation()
