@@ -76,6 +76,21 @@ private slots:
         QVERIFY(image.pixel(image.width() / 2, image.height() / 2) != image.pixel(0, 0));
     }
 
+    void floatedItStillDrawsTheLevel()
+    {
+        m_dock->setFloating(true);
+        m_dock->resize(400, 300);
+        QVERIFY(QTest::qWaitForWindowExposed(m_dock));
+        QSet<QRgb> colours;
+        const QImage image = frame();
+        for (int y = 0; y < image.height(); y += 4) {
+            for (int x = 0; x < image.width(); x += 4)
+                colours.insert(image.pixel(x, y));
+        }
+        // Textured rooms, not one background colour or flat grey faces.
+        QVERIFY2(colours.size() > 50, qPrintable(QString::number(colours.size())));
+    }
+
     void clickChoosesTheFacesRow()
     {
         const auto face = visibleFace();
