@@ -39,7 +39,6 @@ public:
 
     qint16 count();
     void skip(qint64 bytes);
-    qint64 position() const { return m_position; }
     // The next list, the cursor moved past every record its count claims.
     List list(int recordSize, qint64 limit = std::numeric_limits<qint64>::max());
     void skipList(int recordSize);

@@ -1,3 +1,6 @@
+#include "list/C_ListInfo.h"
+#include "list/ListViewSet.h"
+#include "support/ListFixture.h"
 #include "support/ScratchDir.h"
 #include "synthetic/SyntheticScene.h"
 
@@ -82,6 +85,7 @@ private slots:
         QTest::newRow("a room framed") << QStringList{"--room", "2"};
         QTest::newRow("a texture highlighted") << QStringList{"--highlight", QString::number(Scene::WallTexture)};
         QTest::newRow("another bitmap") << QStringList{"--bitmap", "{bitmap}"};
+        QTest::newRow("a list's textures") << QStringList{"--list", "{list}"};
     }
 
     void optionsChangeThePicture()
@@ -92,6 +96,13 @@ private slots:
         const QString bitmap = m_dir.filePath("green.png");
         QVERIFY(other.save(bitmap));
         options.replaceInStrings("{bitmap}", bitmap);
+        // The list holds the level's textures but for the walls', moved onto texture 5's square.
+        ListFixture tables;
+        tables.objectTextures = m_scene.objectTextures();
+        tables.objectTextures[Scene::WallTexture] = tables.objectTextures[5];
+        ListViewSet views;
+        QCOMPARE(tables.write(views, m_dir.filePath("moved.trt"), m_level), C_ListInfo::Success);
+        options.replaceInStrings("{list}", m_dir.filePath("moved.trt"));
         const QImage plain = render("plain.png", {"--size", "320x240"});
         const QImage changed = render("changed.png", QStringList{"--size", "320x240"} + options);
         QVERIFY(!plain.isNull() && !changed.isNull());

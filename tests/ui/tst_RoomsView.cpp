@@ -1,6 +1,7 @@
 #include "list/ListDocument.h"
 #include "render/RoomScene.h"
 #include "ui/common/EditorState.h"
+#include "ui/common/ListView.h"
 #include "ui/rooms/RoomsDock.h"
 #include "ui/rooms/RoomsView.h"
 #include "uisupport/EditorFixture.h"
@@ -8,6 +9,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTest>
@@ -74,6 +76,21 @@ private slots:
         QVERIFY(image.pixel(image.width() / 2, image.height() / 2) != image.pixel(0, 0));
     }
 
+    void floatedItStillDrawsTheLevel()
+    {
+        m_dock->setFloating(true);
+        m_dock->resize(400, 300);
+        QVERIFY(QTest::qWaitForWindowExposed(m_dock));
+        QSet<QRgb> colours;
+        const QImage image = frame();
+        for (int y = 0; y < image.height(); y += 4) {
+            for (int x = 0; x < image.width(); x += 4)
+                colours.insert(image.pixel(x, y));
+        }
+        // Textured rooms, not one background colour or flat grey faces.
+        QVERIFY2(colours.size() > 50, qPrintable(QString::number(colours.size())));
+    }
+
     void clickChoosesTheFacesRow()
     {
         const auto face = visibleFace();
@@ -124,6 +141,27 @@ private slots:
         QCOMPARE(frame(), original);
         m_fixture->window->document().undoStack()->redo();
         QCOMPARE(frame(), edited);
+    }
+
+    void aFlipShowsBeforeItsAccept()
+    {
+        const auto face = visibleFace();
+        QVERIFY(face);
+        const int texture = m_view->scene()->faces()[face->first].texture;
+        const QImage plain = frame();
+        m_fixture->window->document().views().lsvTextures.setSelectedRow(texture);
+        emit m_fixture->find<ListView>("lsvTextures")->ItemClick(texture);
+        const QImage chosen = frame();
+        m_fixture->find<QPushButton>("cmdEdit")->click();
+        QCOMPARE(frame(), chosen); // editing alone changes nothing
+        m_fixture->find<QPushButton>("cmdFlipHor")->click();
+        const QImage flipped = frame();
+        QVERIFY(flipped != chosen);
+        m_fixture->find<QPushButton>("cmdCancel")->click();
+        // Cancel also lets go of the row: the rooms are as they were before it was chosen.
+        QCOMPARE(m_fixture->window->document().views().lsvTextures.selectedRow(), -1);
+        QCOMPARE(frame(), plain);
+        QVERIFY(!m_fixture->window->document().isModified());
     }
 
     void showInRoomsGoesToAFaceUsingTheTexture()

@@ -117,11 +117,13 @@ void ucScrollPic::ClearSelection()
 void ucScrollPic::DrawEditOutline(const QPolygon& bitmapCorners, const QColor& Color)
 {
     m_canvas->setEditOutline(bitmapCorners, Color);
+    emit EditOutlineChanged(bitmapCorners);
 }
 
 void ucScrollPic::ClearEditOutline()
 {
     m_canvas->clearEditOutline();
+    emit EditOutlineChanged({});
 }
 
 void ucScrollPic::ShowArea(int X1, int Y1, int X2, int Y2)

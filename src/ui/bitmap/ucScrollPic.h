@@ -84,6 +84,9 @@ signals:
     void MouseSelect(float X1, float Y1, float X2, float Y2);
     // The left button went down and up on the same spot: the bitmap pixel.
     void Clicked(int X, int Y);
+    // The texture being entered moved (whole-bitmap corners), or its outline
+    // went (no corners).
+    void EditOutlineChanged(const QPolygon& bitmapCorners);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

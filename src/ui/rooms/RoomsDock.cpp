@@ -5,11 +5,15 @@
 #include "render/RoomSurfaceFormat.h"
 #include "render/TextureTable.h"
 #include "ui/animation/PreviewPlayer.h"
+#include "list/TextureGeometry.h"
 #include "ui/bitmap/BitmapCache.h"
+#include "ui/bitmap/ucScrollPic.h"
+#include "ui/common/ButtonCaption.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/ListView.h"
 #include "ui/main/frmMain.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
 #include <QFileInfo>
@@ -43,6 +47,24 @@ QString contextRefusal()
     return {};
 }
 
+QString unavailableText(const QString& why)
+{
+    return QStringLiteral("The rooms cannot be shown: %1. Everything else works as before.").arg(why);
+}
+
+// What the level's bytes could not give, in one status line.
+QString skippedText(const LevelGeometry& geometry)
+{
+    const QString first = geometry.notes.first();
+    if (geometry.notes.size() == 1)
+        return QStringLiteral("Rooms: %1").arg(first);
+    return QStringLiteral("Rooms: %1 faces and %2 static meshes skipped; %3, and %4 more")
+        .arg(geometry.skippedFaces)
+        .arg(geometry.skippedStaticMeshes)
+        .arg(first)
+        .arg(geometry.notes.size() - 1);
+}
+
 } // namespace
 
 RoomsDock::RoomsDock(frmMain& window)
@@ -63,6 +85,7 @@ RoomsDock::RoomsDock(frmMain& window)
             // A third of the window the first time, however narrow the dock was laid out.
             m_sized = true;
             m_window.resizeDocks({this}, {qMax(MinimumWidth, m_window.width() / 3)}, Qt::Horizontal);
+            createView();
         }
         if (visible)
             scheduleRefresh();
@@ -88,19 +111,6 @@ void RoomsDock::buildContent()
     m_message->setWordWrap(true);
     m_message->setAlignment(Qt::AlignCenter);
     m_pages->addWidget(m_message);
-    const QString refusal = contextRefusal();
-    m_unavailable = !refusal.isEmpty();
-    if (m_unavailable) {
-        m_message->setText(QStringLiteral("The rooms cannot be shown: %1. Everything else works as before.").arg(refusal));
-    } else {
-        m_view = new RoomsView(content);
-        m_pages->addWidget(m_view);
-        connect(m_view, &RoomsView::faceClicked, this, &RoomsDock::ChooseFace);
-        connect(m_view, &RoomsView::failed, this, [this](const QString& why) {
-            m_unavailable = true;
-            showWords(QStringLiteral("The rooms cannot be shown: %1. Everything else works as before.").arg(why));
-        });
-    }
     layout->addWidget(m_pages, 1);
     setWidget(content);
     connect(m_rooms, &QComboBox::activated, this, [this](int index) {
@@ -111,6 +121,25 @@ void RoomsDock::buildContent()
         else
             m_view->frameRoom(index - 1);
     });
+}
+
+// The context is asked for only once the rooms are first shown, so a window
+// that never shows them pays nothing for OpenGL.
+void RoomsDock::createView()
+{
+    const QString refusal = contextRefusal();
+    m_unavailable = !refusal.isEmpty();
+    if (m_unavailable) {
+        m_message->setText(unavailableText(refusal));
+    } else {
+        m_view = new RoomsView(m_pages);
+        m_pages->addWidget(m_view);
+        connect(m_view, &RoomsView::faceClicked, this, &RoomsDock::ChooseFace);
+        connect(m_view, &RoomsView::failed, this, [this](const QString& why) {
+            m_unavailable = true;
+            showWords(unavailableText(why));
+        });
+    }
 }
 
 void RoomsDock::addMenu()
@@ -151,6 +180,13 @@ void RoomsDock::connectDocument()
         connect(rows, &QAbstractItemModel::layoutChanged, this, refresh);
     }
     connect(&m_state.views.lsvTextures, &ListViewModel::selectedRowChanged, this, refresh);
+    if (ucScrollPic* bitmap = m_state.picture()) {
+        // A flip, a drag or a typed corner of the texture being edited shows before its Accept.
+        connect(bitmap, &ucScrollPic::EditOutlineChanged, this, [this](const QPolygon& corners) {
+            m_editOutline = corners;
+            scheduleRefresh();
+        });
+    }
     connect(&m_state, &EditorState::reloadPictureRequested, this, [this] {
         m_bitmapPath.clear(); // the file may have changed under the same name
         scheduleRefresh();
@@ -214,7 +250,7 @@ void RoomsDock::loadLevelIfChanged()
     m_pages->setCurrentWidget(m_view);
     fillRoomList();
     if (!geometry->notes.isEmpty())
-        m_state.ShowStatus(QStringLiteral("Rooms: %1").arg(geometry->notes.join(QStringLiteral("; "))));
+        m_state.ShowStatus(skippedText(*geometry));
 }
 
 void RoomsDock::fillRoomList()
@@ -238,10 +274,43 @@ void RoomsDock::uploadBitmap()
 void RoomsDock::uploadTextures()
 {
     m_textures = ListTextures::of(m_state.document());
+    QList<ObjectTexture> textures = m_textures.textures;
+    editedRow(textures);
     QSet<int> chosen;
     if (const int row = m_state.views.lsvTextures.selectedRow(); row >= 0)
         chosen.insert(row);
-    m_view->setTextures(TextureTable::build(m_textures.textures, m_textures.shownAt(m_frame), chosen));
+    m_view->setTextures(TextureTable::build(textures, m_textures.shownAt(m_frame), chosen));
+}
+
+int RoomsDock::editedRow(QList<ObjectTexture>& textures) const
+{
+    const auto* edit = m_window.findChild<QAbstractButton*>(QStringLiteral("cmdEdit"));
+    const int row = m_state.views.lsvTextures.selectedRow();
+    if (m_editOutline.size() < 3 || !edit || !ButtonCaption::Is(*edit, u"Accept") || row < 0 || row >= textures.size())
+        return -1;
+    // The frame's corners are whole-bitmap pixels: the right- and bottom-most
+    // stand for the far side of their pixel, as a rectangle's Hi corner does.
+    const QRect bounds = m_editOutline.boundingRect();
+    ObjectTexture& record = textures[row];
+    record.setColumn(ObjectTexture::TileColumn, bounds.top() / TextureGeometry::TileSize);
+    for (int c = 0; c < 4; ++c) {
+        if (c >= m_editOutline.size()) {
+            // A triangle's fourth corner is all zeros, as the list stores it.
+            for (int column : {ObjectTexture::XColumn(c), ObjectTexture::YColumn(c), ObjectTexture::XHiColumn(c),
+                               ObjectTexture::YHiColumn(c)})
+                record.setColumn(column, 0);
+            continue;
+        }
+        const QPoint at = m_editOutline[c];
+        const bool farX = at.x() == bounds.right() && at.x() > bounds.left();
+        const bool farY = at.y() == bounds.bottom() && at.y() > bounds.top();
+        const int y = at.y() - bounds.top() / TextureGeometry::TileSize * TextureGeometry::TileSize;
+        record.setColumn(ObjectTexture::XColumn(c), qMin(at.x(), 255));
+        record.setColumn(ObjectTexture::YColumn(c), qMin(y, 255));
+        record.setColumn(ObjectTexture::XHiColumn(c), farX ? TextureGeometry::HighEdge : TextureGeometry::LowEdge);
+        record.setColumn(ObjectTexture::YHiColumn(c), farY ? TextureGeometry::HighEdge : TextureGeometry::LowEdge);
+    }
+    return row;
 }
 
 void RoomsDock::stepAnimation()

@@ -3,6 +3,7 @@
 #include "render/ListTextures.h"
 
 #include <QDockWidget>
+#include <QPolygon>
 #include <QString>
 #include <QTimer>
 
@@ -18,8 +19,9 @@ class frmMain;
 
 // View, Rooms (F3): the open list's level in 3D beside the bitmap, drawn
 // with the list's object textures as they stand now. Every edit, undo and
-// redo of the list, a reload of the bitmap and the animated ranges' cycling
-// show on the next frame. The chosen texture row tints its faces; a click on
+// redo of the list, the corners of the texture being edited (a flip, a drag
+// on the bitmap) before its Accept, a reload of the bitmap and the animated
+// ranges' cycling show on the next frame. The chosen texture row tints its faces; a click on
 // a face chooses that face's texture row on the Object Textures page, and
 // "Show in Rooms" on the texture list goes to the nearest face using a
 // texture. Where no OpenGL context can be made, it says so in words.
@@ -42,6 +44,7 @@ public:
 
 private:
     void buildContent();
+    void createView();
     void addMenu();
     void connectDocument();
     void scheduleRefresh();
@@ -51,6 +54,8 @@ private:
     void showWords(const QString& text);
     void fillRoomList();
     void stepAnimation();
+    // The row being edited, with the corners its frame holds now; -1 while none is.
+    int editedRow(QList<ObjectTexture>& textures) const;
 
     frmMain& m_window;
     EditorState& m_state;
@@ -67,4 +72,5 @@ private:
     bool m_refreshPending = false;
     bool m_unavailable = false;
     bool m_sized = false;
+    QPolygon m_editOutline;
 };

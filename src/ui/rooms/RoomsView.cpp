@@ -51,7 +51,7 @@ void RoomsView::initializeGL()
     else if (!m_renderer.initialize(&why))
         why = QStringLiteral("the rooms' shaders cannot be built: %1").arg(why);
     m_ready = why.isEmpty();
-    m_sceneChanged = true;
+    m_sceneChanged = m_tableChanged = m_bitmapChanged = true;
     if (!m_ready) {
         m_failure = why;
         emit failed(why);
@@ -67,13 +67,15 @@ void RoomsView::setScene(std::shared_ptr<const RoomScene> scene)
 
 void RoomsView::setTextures(const TextureTable& table)
 {
-    m_pendingTable = std::make_unique<TextureTable>(table);
+    m_table = std::make_unique<TextureTable>(table);
+    m_tableChanged = true;
     update();
 }
 
 void RoomsView::setBitmap(const QImage& bitmap)
 {
-    m_pendingBitmap = bitmap;
+    m_bitmap = bitmap;
+    m_bitmapChanged = true;
     update();
 }
 
@@ -84,14 +86,11 @@ void RoomsView::uploadPending()
         m_renderer.setScene(m_scene ? *m_scene : RoomScene());
         m_sceneChanged = false;
     }
-    if (m_pendingTable) {
-        m_renderer.setTextures(*m_pendingTable);
-        m_pendingTable.reset();
-    }
-    if (m_pendingBitmap) {
-        m_renderer.setTiles(TileLayers(*m_pendingBitmap));
-        m_pendingBitmap.reset();
-    }
+    if (m_tableChanged && m_table)
+        m_renderer.setTextures(*m_table);
+    if (m_bitmapChanged)
+        m_renderer.setTiles(TileLayers(m_bitmap));
+    m_tableChanged = m_bitmapChanged = false;
 }
 
 void RoomsView::paintGL()

@@ -63,9 +63,13 @@ private:
     RoomRenderer m_renderer;
     RoomCamera m_camera;
     std::shared_ptr<const RoomScene> m_scene;
-    std::unique_ptr<TextureTable> m_pendingTable;
-    std::optional<QImage> m_pendingBitmap;
+    // Kept, not only passed on: a dock floated or docked again makes a new
+    // context, which is given everything anew.
+    std::unique_ptr<TextureTable> m_table;
+    QImage m_bitmap;
     bool m_sceneChanged = false;
+    bool m_tableChanged = false;
+    bool m_bitmapChanged = false;
     bool m_ready = false;
     QString m_failure;
     QPoint m_pressAt;
