@@ -23,6 +23,12 @@ public:
         ++messages;
         return SaveAnswer::Discard;
     }
+    SaveAnswer AskToSaveFirst(const QString& text, const QString&, const QString&) override
+    {
+        lastMessage = text;
+        ++messages;
+        return SaveAnswer::Cancel;
+    }
     QString GetFileName(const FileRequest&) override { return fileNames.isEmpty() ? QString() : fileNames.takeFirst(); }
     std::optional<QColor> ChooseColor(const QColor&) override { return std::nullopt; }
     void Beep() override {}
