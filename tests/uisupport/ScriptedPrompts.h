@@ -11,8 +11,7 @@
 // Prompts answered from queues and recorded, so a test drives the window's
 // dialogs without ever showing one. An empty queue answers OK, a cancelled
 // file dialog, a cancelled colour dialog, a form left as it opened, and
-// Discard to the save question
-// (Cancel where Discard is not offered).
+// Discard to the save question (Cancel where Discard is not offered).
 class ScriptedPrompts : public IPromptService
 {
 public:

@@ -30,16 +30,19 @@ void SizeForLargestPage(QWidget& host)
 }
 
 // When the window is resized, the page column gets what its page needs
-// first, as far as the bitmap's own minimum allows; the bitmap takes the
-// rest. A handle the user drags stays where it is put until the next resize.
+// first, as far as the bitmap's own minimum allows. Then, while the bitmap
+// keeps room to show a tile across at zoom 2, the column widens until the
+// complete texture list shows every column; the bitmap takes the rest. A
+// handle the user drags stays where it is put until the next resize.
 class PagesFirst : public QObject
 {
 public:
-    PagesFirst(QSplitter& splitter, QWidget& bitmapSide, QWidget& pageSide)
+    PagesFirst(QSplitter& splitter, QWidget& bitmapSide, int pageWhole, int pageWide)
         : QObject(&splitter)
         , m_splitter(splitter)
         , m_bitmapSide(bitmapSide)
-        , m_pageSide(pageSide)
+        , m_pageWhole(pageWhole)
+        , m_pageWide(pageWide)
     {
         splitter.installEventFilter(this);
     }
@@ -60,14 +63,17 @@ private:
             return;
         const int total = sizes[0] + sizes[1];
         const int bitmapLeast = m_bitmapSide.minimumSizeHint().width();
-        const int wanted = qMax(sizes[1], qMin(m_pageSide.maximumWidth(), total - bitmapLeast));
+        const int bitmapRoomy = 2 * 256 + m_bitmapSide.style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4;
+        const int wanted =
+            qMax(qMin(m_pageWhole, total - bitmapLeast), qMin(m_pageWide, total - qMax(bitmapLeast, bitmapRoomy)));
         if (wanted != sizes[1])
             m_splitter.setSizes({total - wanted, wanted});
     }
 
     QSplitter& m_splitter;
     QWidget& m_bitmapSide;
-    QWidget& m_pageSide;
+    int m_pageWhole;
+    int m_pageWide;
 };
 
 // The checklist shows this many rows however low the window, so ticking
@@ -126,13 +132,15 @@ void WindowLayout::Settle(frmMain& window)
     window.tbsStrip()->setElideMode(Qt::ElideNone);
 
     // Both sides grow with the window until the page column shows its page
-    // whole, with the complete texture list's every column; past that, all
-    // the extra room goes to the bitmap.
+    // whole; a wide window then widens it to show the complete texture
+    // list's every column (PagesFirst); past that, all the extra room goes
+    // to the bitmap.
     const int scrollBar = ui.pageScroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     auto* textures = window.findChild<QTreeView*>(QStringLiteral("lsvTextures"));
-    const int wholeTable = textures ? WidthToShowWhole(*ui.pageHost, *textures) : 0;
-    ui.pageSide->setMaximumWidth(ui.pageHost->minimumWidth() + wholeTable + scrollBar + 2);
+    const int pageWhole = ui.pageHost->minimumWidth() + scrollBar + 2;
+    const int pageWide = pageWhole + (textures ? WidthToShowWhole(*ui.pageHost, *textures) : 0);
+    ui.pageSide->setMaximumWidth(pageWide);
     ui.splitter->setStretchFactor(0, 1);
     ui.splitter->setStretchFactor(1, 1);
-    new PagesFirst(*ui.splitter, *ui.bitmapSide, *ui.pageSide);
+    new PagesFirst(*ui.splitter, *ui.bitmapSide, pageWhole, pageWide);
 }

@@ -6,8 +6,9 @@ class frmMain;
 // numbers of the bitmap's frames keep room for five digits, the page column
 // is as large as its largest page (so switching pages moves nothing) and
 // scrolls when the window is smaller; the pages get their room before the
-// bitmap does, up to what shows the complete texture list's every column,
-// and the bitmap takes all that is left. The checklist of textures to draw
+// bitmap does, then (while the bitmap keeps room for a tile at zoom 2) up to
+// what shows the complete texture list's every column, and the bitmap takes
+// all that is left. The checklist of textures to draw
 // keeps eight rows in view.
 class WindowLayout
 {
