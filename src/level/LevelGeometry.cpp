@@ -253,14 +253,7 @@ int LevelGeometry::faceCount() const
 
 std::optional<LevelGeometry> LevelGeometry::ofLevel(const QString& levelPath, FileError* error)
 {
-    WalkedLevelFile level(levelPath);
-    FileError cause;
-    if (!level.open(cause)) {
-        if (error)
-            *error = cause;
-        return std::nullopt;
-    }
-    return ofWalk(level.file(), level.walk());
+    return WalkedLevelFile::read<LevelGeometry>(levelPath, error);
 }
 
 LevelGeometry LevelGeometry::ofDevice(QIODevice& device, LevelWalk::Game game)

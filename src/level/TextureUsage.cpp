@@ -143,14 +143,7 @@ QString TextureUsage::partialNote() const
 
 std::optional<TextureUsage> TextureUsage::ofLevel(const QString& levelPath, FileError* error)
 {
-    WalkedLevelFile level(levelPath);
-    FileError cause;
-    if (!level.open(cause)) {
-        if (error)
-            *error = cause;
-        return std::nullopt;
-    }
-    return ofWalk(level.file(), level.walk());
+    return WalkedLevelFile::read<TextureUsage>(levelPath, error);
 }
 
 TextureUsage TextureUsage::ofDevice(QIODevice& device, LevelWalk::Game game)

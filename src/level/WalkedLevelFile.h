@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QString>
 
+#include <optional>
+
 // A TR2 or TR3 level the user chose, opened read-only and walked once: where
 // reading more of it than its tables begins (its tiles, its geometry). The
 // file stays open for those reads while this lives. What needs only the
@@ -18,6 +20,22 @@ public:
     // False, saying why in error, when the file cannot be read or is not a
     // TR2 or TR3 level.
     bool open(FileError& error);
+
+    // What Reading (a reader with ofWalk(QIODevice&, const LevelWalk::Result&))
+    // makes of the level at path; nothing, saying why in error, when the
+    // level cannot be read.
+    template <typename Reading>
+    static std::optional<Reading> read(const QString& path, FileError* error)
+    {
+        WalkedLevelFile level(path);
+        FileError cause;
+        if (!level.open(cause)) {
+            if (error)
+                *error = cause;
+            return std::nullopt;
+        }
+        return Reading::ofWalk(level.file(), level.walk());
+    }
 
     QFile& file() { return m_file; }
     const C_LevelInfo& info() const { return m_info; }

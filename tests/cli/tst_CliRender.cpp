@@ -1,5 +1,6 @@
 #include "list/C_ListInfo.h"
 #include "list/ListViewSet.h"
+#include "support/CliRun.h"
 #include "support/ListFixture.h"
 #include "support/ScratchDir.h"
 #include "synthetic/SyntheticScene.h"
@@ -15,36 +16,21 @@ class tst_CliRender : public QObject
 {
     Q_OBJECT
 
-    struct Run
-    {
-        int exitCode = -1;
-        QByteArray out;
-        QByteArray err;
-    };
-
     ScratchDir m_dir;
     Scene m_scene{3, 3, 20};
     QString m_level;
 
-    Run cli(const QStringList& arguments, const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) const
+    static CliRun cli(const QStringList& arguments,
+                      const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
     {
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(qEnvironmentVariable("BRINDLE_CLI"), arguments);
-        Run run;
-        if (!process.waitForFinished(60000))
-            return run;
-        run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-        run.out = process.readAllStandardOutput();
-        run.err = process.readAllStandardError();
-        return run;
+        return CliRun::of(arguments, environment);
     }
 
     // The picture written by render with arguments after the level.
     QImage render(const QString& name, const QStringList& options)
     {
         const QString out = m_dir.filePath(name);
-        const Run run = cli(QStringList{"render", m_level, "-o", out} + options);
+        const CliRun run = cli(QStringList{"render", m_level, "-o", out} + options);
         if (run.err.contains("no OpenGL context"))
             return {};
         if (run.exitCode != 0)
@@ -117,7 +103,7 @@ private slots:
         environment.remove("DISPLAY");
         environment.remove("WAYLAND_DISPLAY");
         environment.insert("QT_QPA_PLATFORM", "offscreen");
-        const Run run = cli({"render", m_level, "-o", m_dir.filePath("none.png")}, environment);
+        const CliRun run = cli({"render", m_level, "-o", m_dir.filePath("none.png")}, environment);
         QCOMPARE(run.exitCode, 2);
         QCOMPARE(run.err.count('\n'), 1);
         QVERIFY(run.err.startsWith("brindle-cli: render: no OpenGL context"));

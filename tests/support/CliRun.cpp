@@ -8,9 +8,10 @@ QJsonObject CliRun::json() const
     return QJsonDocument::fromJson(out).object();
 }
 
-CliRun CliRun::of(const QStringList& arguments)
+CliRun CliRun::of(const QStringList& arguments, const QProcessEnvironment& environment)
 {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.start(qEnvironmentVariable("BRINDLE_CLI"), arguments);
     CliRun run;
     if (!process.waitForFinished(60000))

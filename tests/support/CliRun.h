@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QJsonObject>
+#include <QProcessEnvironment>
 #include <QStringList>
 
 // One run of brindle-cli (the program BRINDLE_CLI names) to its end: the
@@ -14,5 +15,6 @@ struct CliRun
 
     QJsonObject json() const;
 
-    static CliRun of(const QStringList& arguments);
+    static CliRun of(const QStringList& arguments,
+                     const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
 };

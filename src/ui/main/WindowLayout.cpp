@@ -1,5 +1,6 @@
 #include "ui/main/WindowLayout.h"
 
+#include "ui/common/EditorSettings.h"
 #include "ui/main/frmMain.h"
 #include "ui_frmMain.h"
 
@@ -143,4 +144,21 @@ void WindowLayout::Settle(frmMain& window)
     ui.splitter->setStretchFactor(0, 1);
     ui.splitter->setStretchFactor(1, 1);
     new PagesFirst(*ui.splitter, *ui.bitmapSide, pageWhole, pageWide);
+}
+
+void WindowLayout::Restore(frmMain& window)
+{
+    // restoreGeometry and restoreState refuse what they cannot read.
+    const QByteArray geometry = window.settings().WindowGeometry();
+    if (!geometry.isEmpty())
+        window.restoreGeometry(geometry);
+    const QByteArray splitter = window.settings().SplitterState();
+    if (!splitter.isEmpty())
+        window.ui().splitter->restoreState(splitter);
+}
+
+void WindowLayout::Remember(frmMain& window)
+{
+    window.settings().SetWindowGeometry(window.saveGeometry());
+    window.settings().SetSplitterState(window.ui().splitter->saveState());
 }

@@ -14,6 +14,10 @@ class WindowLayout
 {
 public:
     static void Settle(frmMain& window);
+    // The size and splitter the window had when it was last closed; what
+    // cannot be read back is left as Settle made it.
+    static void Restore(frmMain& window);
+    static void Remember(frmMain& window);
 
     // The widest text a number label of the window must show whole.
     static constexpr const char* WidestNumber = "32768";

@@ -3,6 +3,9 @@
 #include "ui/animation/AnimationPage.h"
 #include "ui/main/AssignmentPage.h"
 #include "ui/main/BitmapPicker.h"
+#include "ui/main/BitmapStatistics.h"
+#include "ui/main/ListOpenNotes.h"
+#include "ui/main/NewListInputs.h"
 #include "ui/rooms/RoomsDock.h"
 #include "ui/main/DroppedFile.h"
 #include "ui/main/RecentListsMenu.h"
@@ -12,7 +15,6 @@
 #include "ui/common/EditorSettings.h"
 #include "ui/common/FolderMemoryPrompts.h"
 #include "common/BitmapSelection.h"
-#include "common/FileIdentity.h"
 #include "common/ShownName.h"
 #include "ui/common/BusyCursor.h"
 #include "level/C_LevelInfo.h"
@@ -48,7 +50,6 @@
 #include <QTimer>
 #include <QUndoStack>
 
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -85,9 +86,7 @@ frmMain::frmMain(IPromptService* prompts, QWidget* parent)
     connect(m_state.get(), &EditorState::dirtyChanged, this, &frmMain::UpdateSaveMenu);
     connect(m_state.get(), &EditorState::reloadPictureRequested, this, &frmMain::ReloadPicture);
     connect(m_state.get(), &EditorState::statusMessage, this, &frmMain::Status);
-    connect(m_ui->hscrlZoom, &QScrollBar::valueChanged, this, &frmMain::hscrlZoom_Change);
-    connect(m_ui->ucScrollPic1, &ucScrollPic::Change, this, &frmMain::ucScrollPic1_Change);
-    connect(m_ui->ucScrollPic1, &ucScrollPic::MousePos, this, &frmMain::ucScrollPic1_MousePos);
+    m_statistics = new BitmapStatistics(*m_ui, *m_document, *m_state, this);
     connect(m_ui->ucScrollPic1, &ucScrollPic::MouseSelect, this, &frmMain::ucScrollPic1_MouseSelect);
     Form_Load();
     SetUpHabits();
@@ -350,12 +349,9 @@ void frmMain::mnuFileNewList_Click()
         return;
     // A level or a bitmap that cannot be read is refused before anything
     // changes, so the list that is open stays as it is.
-    if (!CanReadLevel(form.GetLevelFile()) || !CanReadBitmap(form.GetBitmapFile()))
-        return;
-    const FileError sameAsInput =
-        FileIdentity::outputRefusal(form.GetListFIle(), {form.GetLevelFile(), form.GetBitmapFile()});
-    if (sameAsInput.failed()) {
-        s.prompts().MsgBox(sameAsInput.text(), IPromptService::vbCritical);
+    if (const QString refusal = NewListInputs::Refusal(form.GetListFIle(), form.GetLevelFile(), form.GetBitmapFile());
+        !refusal.isEmpty()) {
+        s.prompts().MsgBox(refusal, IPromptService::vbCritical);
         return;
     }
     if (!PromptSaveChanges(SaveQuestion::Before::MakingNew))
@@ -396,38 +392,6 @@ void frmMain::mnuFileNewList_Click()
         Status(notice);
         s.prompts().MsgBox(notice, IPromptService::vbExclamation);
     }
-}
-
-bool frmMain::CanReadLevel(const QString& level)
-{
-    if (level.isEmpty())
-        return true;
-    C_LevelInfo info;
-    info.Init(level);
-    QString cause;
-    if (!info.IsOpened())
-        cause = info.ErrorString().isEmpty() ? tr("the file cannot be opened") : info.ErrorString();
-    else if (info.Game() != LevelVersion::Game::TR2 && info.Game() != LevelVersion::Game::TR3)
-        cause = tr("it is not a TR 2 or TR 3 level (version %1)").arg(info.VersionString());
-    else if (!info.AreTablesInsideFile())
-        cause = info.TablesUnusableCause();
-    if (cause.isEmpty())
-        return true;
-    m_state->prompts().MsgBox(tr("The level %1 cannot be read: %2.").arg(Native(level), cause),
-                              IPromptService::vbCritical);
-    return false;
-}
-
-bool frmMain::CanReadBitmap(const QString& bitmap)
-{
-    if (bitmap.isEmpty())
-        return true;
-    ucScrollPic probe;
-    if (probe.LoadOnePicture(bitmap))
-        return true;
-    m_state->prompts().MsgBox(tr("The bitmap cannot be shown: %1.").arg(probe.ErrorString()),
-                              IPromptService::vbCritical);
-    return false;
 }
 
 void frmMain::mnuFileOpen_Click()
@@ -471,8 +435,7 @@ void frmMain::ShowCounters()
 {
     ListDocument& d = *m_document;
     m_objectPage->SetTextureQty(QString::number(d.views().lsvTextures.count()));
-    // Halves round to even: 640 pixels are 2 tiles, 896 are 4.
-    d.setNumberOfTiles(int(std::nearbyint(m_ui->ucScrollPic1->PictureHeight() / 256.0)));
+    d.setNumberOfTiles(BitmapStatistics::TilesOf(m_ui->ucScrollPic1->PictureHeight()));
     m_objectPage->SetTileQty(QString::number(d.NumberOfTiles()));
     m_animationPage->SetAnimTotal(QString::number(d.views().lsvAnims.count()));
 }
@@ -492,22 +455,9 @@ void frmMain::TellBitmapIsCut()
 
 void frmMain::TellWhatIsMissing()
 {
-    const ListDocument& d = *m_document;
-    QStringList missing;
-    if (!d.LevelFileName().isEmpty() && !QFileInfo::exists(d.LevelFileName()))
-        missing << tr("its level %1 does not exist").arg(Native(d.LevelFileName()));
-    if (m_listInfo && !m_listInfo->RangeBlockDamage().isEmpty())
-        missing << m_listInfo->RangeBlockDamage();
-    if (d.IsBitmapLoaded() && !m_ui->ucScrollPic1->CutNote().isEmpty())
-        missing << tr("its bitmap %1").arg(m_ui->ucScrollPic1->CutNote());
-    if (m_listInfo && m_listInfo->AreTablesAfterLoneWord())
-        missing << m_listInfo->LoneWordNotice();
-    else if (m_listInfo && !m_listInfo->CutShortNote().isEmpty())
-        missing << tr("%1, so only the rows present were read").arg(m_listInfo->CutShortNote());
-    if (!missing.isEmpty())
-        Status(tr("Opened %1, but %2.").arg(Native(d.ListFileName()), missing.join(tr("; "))));
-    else if (m_listInfo)
-        Status(tr("Opened %1.").arg(Native(d.ListFileName())));
+    if (const QString notes = ListOpenNotes::Of(*m_document, m_listInfo.get(), m_ui->ucScrollPic1->CutNote());
+        !notes.isEmpty())
+        Status(notes);
 }
 
 void frmMain::mnuFileCloseList_Click()
@@ -526,21 +476,13 @@ void frmMain::ShowNoList()
     m_ui->lblListFile->clear();
     m_ui->lblTextureFile->clear();
     m_ui->lblLevelFile->clear();
-    ShowNoBitmapStatistics();
+    m_statistics->ShowNone();
     for (EditorPage* page : m_pages)
         page->ListClosed();
     ShowDocumentInTitle();
     Status(tr("The list was closed."));
     EnableDocumentMenus(false);
     EnableZoom(false);
-}
-
-void frmMain::ShowNoBitmapStatistics()
-{
-    for (QLabel* label : {m_ui->lblHeight, m_ui->lblWidth, m_ui->lblNbTiles, m_ui->lblTileShow, m_ui->lblMousePosX,
-                          m_ui->lblMousePosY})
-        label->setText(QStringLiteral("0"));
-    m_document->setNumberOfTiles(0);
 }
 
 void frmMain::mnuFileSaveList_Click()
@@ -627,7 +569,7 @@ void frmMain::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    RememberWindow();
+    WindowLayout::Remember(*this);
     event->accept();
 }
 
@@ -675,7 +617,7 @@ void frmMain::LoadBitmap()
                                IPromptService::vbExclamation);
         }
         d.setBitmapLoaded(false);
-        ShowNoBitmapStatistics();
+        m_statistics->ShowNone();
         EnableZoom(false);
         EnableDocumentMenus(false);
         m_ui->lblTextureFile->clear();
@@ -683,14 +625,8 @@ void frmMain::LoadBitmap()
     }
     m_ui->lblTextureFile->setText(Native(d.BitmapFileName()));
     TellBitmapIsCut();
-    m_ui->lblHeight->setText(QString::number(view.PictureHeight()));
-    m_ui->lblWidth->setText(QString::number(view.PictureWidth()));
-    d.setNumberOfTiles(int(std::nearbyint(view.PictureHeight() / 256.0)));
+    m_statistics->ShowLoaded(view);
     m_objectPage->SetTileQty(QString::number(d.NumberOfTiles()));
-    m_ui->lblNbTiles->setText(QString::number(d.NumberOfTiles()));
-    // Where the mouse was over the bitmap before is no place on this one.
-    for (QLabel* label : {m_ui->lblTileShow, m_ui->lblMousePosX, m_ui->lblMousePosY})
-        label->setText(QStringLiteral("0"));
     for (EditorPage* page : m_pages)
         page->BitmapLoaded(d.BitmapFileName());
     EnableZoom(true);
@@ -718,24 +654,6 @@ void frmMain::ReloadPicture()
         const int y = i * 256 * zoom;
         view.DrawLine(0, y, width, y, Qt::white);
     }
-}
-
-void frmMain::hscrlZoom_Change(int value)
-{
-    m_ui->lblZoomFactor->setText(QStringLiteral("Zoom Factor: ") + QString::number(value));
-    m_ui->ucScrollPic1->setZoomFactor(value);
-    m_state->RedrawOutlines();
-}
-
-void frmMain::ucScrollPic1_Change(int, int Y)
-{
-    m_ui->lblTileShow->setText(QString::number(Y / 256));
-}
-
-void frmMain::ucScrollPic1_MousePos(float X, float Y)
-{
-    m_ui->lblMousePosX->setText(QString::number(int(std::floor(X))));
-    m_ui->lblMousePosY->setText(QString::number(int(std::floor(Y))));
 }
 
 void frmMain::ucScrollPic1_MouseSelect(float X1, float Y1, float X2, float Y2)
@@ -805,24 +723,7 @@ void frmMain::SetUpHabits()
     connect(m_state.get(), &EditorState::dirtyChanged, this, &frmMain::setWindowModified);
     setAcceptDrops(true);
     ShowDocumentInTitle();
-    RestoreWindow();
-}
-
-void frmMain::RestoreWindow()
-{
-    // restoreGeometry and restoreState refuse what they cannot read.
-    const QByteArray geometry = m_settings->WindowGeometry();
-    if (!geometry.isEmpty())
-        restoreGeometry(geometry);
-    const QByteArray splitter = m_settings->SplitterState();
-    if (!splitter.isEmpty())
-        m_ui->splitter->restoreState(splitter);
-}
-
-void frmMain::RememberWindow()
-{
-    m_settings->SetWindowGeometry(saveGeometry());
-    m_settings->SetSplitterState(m_ui->splitter->saveState());
+    WindowLayout::Restore(*this);
 }
 
 void frmMain::ShowDocumentInTitle()

@@ -9,6 +9,7 @@
 class AnimationPage;
 class AssignmentPage;
 class BitmapPicker;
+class BitmapStatistics;
 class EditorSettings;
 class FolderMemoryPrompts;
 class HelpWindow;
@@ -99,8 +100,6 @@ private:
     void Form_Load();
     // Settings, recent lists, shortcuts, drops and the bitmap's mouse.
     void SetUpHabits();
-    void RestoreWindow();
-    void RememberWindow();
     // The title names the open list; the modified mark follows its edits.
     void ShowDocumentInTitle();
     QString LevelFolder() const;
@@ -114,8 +113,6 @@ private:
     void TellPagesOfRewind();
     // Empties the list menus, labels and pages of a list that is set aside.
     void ShowNoList();
-    // The statistics and mouse position of no bitmap: zeros.
-    void ShowNoBitmapStatistics();
     // Header clicks on the content lists sort through the document, and the
     // texture count follows the rows.
     void FollowDocumentViews();
@@ -132,15 +129,10 @@ private:
     void EnableZoom(bool enabled);
     void FillIndexLists();
     void ShowCounters();
-    bool CanReadLevel(const QString& level);
-    bool CanReadBitmap(const QString& bitmap);
     void TellWhatIsMissing();
     void TellBitmapIsCut();
     void Status(const QString& message);
 
-    void hscrlZoom_Change(int value);
-    void ucScrollPic1_Change(int X, int Y);
-    void ucScrollPic1_MousePos(float X, float Y);
     // A rectangle picked on the bitmap goes to the object and sprite corners.
     void ucScrollPic1_MouseSelect(float X1, float Y1, float X2, float Y2);
 
@@ -161,6 +153,7 @@ private:
     QTabBar* m_tbsStrip = nullptr;
     RecentListsMenu* m_recentMenu = nullptr;
     BitmapPicker* m_picker = nullptr;
+    BitmapStatistics* m_statistics = nullptr;
     RoomsDock* m_rooms = nullptr;
     HelpWindow* m_helpWindow = nullptr;
     // A level dropped on the window, for the New List it starts.
