@@ -253,7 +253,7 @@ int LevelGeometry::faceCount() const
 
 std::optional<LevelGeometry> LevelGeometry::ofLevel(const QString& levelPath, FileError* error)
 {
-    return WalkedLevelFile::read<LevelGeometry>(levelPath, error);
+    return WalkedLevelFile::read<LevelGeometry>(levelPath, error, &LevelGeometry::ofWalk);
 }
 
 LevelGeometry LevelGeometry::ofDevice(QIODevice& device, LevelWalk::Game game)

@@ -143,7 +143,7 @@ QString TextureUsage::partialNote() const
 
 std::optional<TextureUsage> TextureUsage::ofLevel(const QString& levelPath, FileError* error)
 {
-    return WalkedLevelFile::read<TextureUsage>(levelPath, error);
+    return WalkedLevelFile::read<TextureUsage>(levelPath, error, &TextureUsage::ofWalk);
 }
 
 TextureUsage TextureUsage::ofDevice(QIODevice& device, LevelWalk::Game game)

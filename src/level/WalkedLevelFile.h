@@ -21,11 +21,12 @@ public:
     // TR2 or TR3 level.
     bool open(FileError& error);
 
-    // What Reading (a reader with ofWalk(QIODevice&, const LevelWalk::Result&))
-    // makes of the level at path; nothing, saying why in error, when the
-    // level cannot be read.
+    // What ofWalk (a reader's Reading ofWalk(QIODevice&, const
+    // LevelWalk::Result&)) makes of the level at path; nothing, saying why in
+    // error, when the level cannot be read.
     template <typename Reading>
-    static std::optional<Reading> read(const QString& path, FileError* error)
+    static std::optional<Reading> read(const QString& path, FileError* error,
+                                       Reading (*ofWalk)(QIODevice&, const LevelWalk::Result&))
     {
         WalkedLevelFile level(path);
         FileError cause;
@@ -34,7 +35,7 @@ public:
                 *error = cause;
             return std::nullopt;
         }
-        return Reading::ofWalk(level.file(), level.walk());
+        return ofWalk(level.file(), level.walk());
     }
 
     QFile& file() { return m_file; }
