@@ -33,7 +33,7 @@ void PreviewFrameList::AddObjectTexture(const ListViewModel& lsvTextures, const 
     bool isNumber = false;
     const qint64 texture = number.trimmed().toLongLong(&isNumber);
     const std::optional<ObjectTextureRow> geometry =
-        isNumber ? ObjectTextureRow::OfTexture(lsvTextures, texture) : std::nullopt;
+        isNumber ? ObjectTextureRow::AtPlace(lsvTextures, texture) : std::nullopt;
     if (!geometry) {
         AddFrame(number, {}, {}, {}, {});
         return;
@@ -73,6 +73,22 @@ bool PreviewFrameList::CheckFramesIn(ListViewModel& checklist, QChar keyPrefix) 
         return false;
     for (int frame = 0; frame < count(); ++frame) {
         const int row = checklist.findKey(keyPrefix + text(frame).trimmed());
+        if (row >= 0)
+            checklist.setCheckState(row, Qt::Checked);
+    }
+    return true;
+}
+
+bool PreviewFrameList::CheckPlacesIn(ListViewModel& checklist, const ListViewModel& rows) const
+{
+    if (count() == 0)
+        return false;
+    for (int frame = 0; frame < count(); ++frame) {
+        bool isNumber = false;
+        const qint64 place = text(frame).trimmed().toLongLong(&isNumber);
+        if (!isNumber || place < 0 || place >= rows.count())
+            continue;
+        const int row = checklist.findKey(rows.key(int(place)));
         if (row >= 0)
             checklist.setCheckState(row, Qt::Checked);
     }

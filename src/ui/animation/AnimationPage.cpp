@@ -27,11 +27,6 @@ QString OrderText(int place)
     return NumberText::padded(place, 4);
 }
 
-QString Wildcard(const QString& prefix)
-{
-    return prefix + QLatin1Char('*');
-}
-
 } // namespace
 
 AnimationPage::AnimationPage(EditorState& state, QWidget* parent)
@@ -105,7 +100,7 @@ void AnimationPage::FollowChosenRange()
         m_lsvNextAnim.clear();
         return;
     }
-    ShowAnimationTextures(anims.key(row));
+    ShowAnimationTextures(row);
     m_ui->chkTriad->setChecked(m_lsvOneAnim.IsTriad(0));
 }
 
@@ -377,7 +372,7 @@ void AnimationPage::lsvAnims_ItemClick(int row)
     if (row < 0 || row >= anims.count())
         return;
     Preview()->StopAnim();
-    ShowAnimationTextures(anims.key(row));
+    ShowAnimationTextures(row);
     if (anims.count() >= 1)
         m_ui->cmdAnim->setEnabled(true);
     m_ui->chkTriad->setChecked(m_lsvOneAnim.IsTriad(0));
@@ -390,16 +385,20 @@ void AnimationPage::lsvAnims_ItemClick(int row)
     m_ui->lblNextAnim->setText(NumberText::of(NumberText::valueOf(anims.text(row))));
 }
 
-void AnimationPage::ShowAnimationTextures(const QString& animationKey)
+void AnimationPage::ShowAnimationTextures(int range)
 {
+    // The textures the list saves for the range, so what is shown and
+    // edited is what a reopened list holds.
     const ListViewModel& details = m_state.views.lsvAnimDetails;
-    const QList<int> matching = details.rowsWithKeyLike(Wildcard(animationKey));
+    QStringList textures;
+    for (int detail : m_TextureList::RangeDetailRows(m_state.views.lsvAnims, details).value(range))
+        textures << (detail >= 0 ? details.subItem(detail, TextureColumn) : QStringLiteral("0"));
     m_lsvOneAnim.clear();
-    for (int detail : matching)
-        m_lsvOneAnim.AddObjectTexture(m_state.views.lsvTextures, details.subItem(detail, TextureColumn));
+    for (const QString& texture : textures)
+        m_lsvOneAnim.AddObjectTexture(m_state.views.lsvTextures, texture);
     m_lsvNextAnim.clear();
-    for (int detail : matching)
-        AppendNextAnimRow(details.subItem(detail, TextureColumn));
+    for (const QString& texture : textures)
+        AppendNextAnimRow(texture);
 }
 
 void AnimationPage::lsvAvailTextures_ItemClick(int row)
@@ -433,6 +432,6 @@ void AnimationPage::StepPreview()
 
 void AnimationPage::cmdDrawAnim_Click()
 {
-    if (m_lsvOneAnim.CheckFramesIn(m_state.lsvObjects, QLatin1Char('T')))
+    if (m_lsvOneAnim.CheckPlacesIn(m_state.lsvObjects, m_state.views.lsvTextures))
         m_state.DrawCheckedObjects();
 }

@@ -93,7 +93,8 @@ private:
     void RenumberNextAnim();
     // Moves the chosen row of lsvNextAnim by step places (-1 up, +1 down).
     void MoveChosenTexture(int step);
-    void ShowAnimationTextures(const QString& animationKey);
+    // Fills lsvOneAnim and lsvNextAnim with the textures of the range at row.
+    void ShowAnimationTextures(int range);
 
     std::unique_ptr<Ui::AnimationPage> m_ui;
     PreviewFrameList m_lsvOneAnim;
