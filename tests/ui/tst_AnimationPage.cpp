@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QStatusBar>
 #include <QTest>
 
 // The "...and Animations" page as a user drives it. The demo list has 30
@@ -203,6 +204,9 @@ void tst_AnimationPage::editReplacesTheDetailsAtTheEnd()
     const int row = p.anims.findKey(QLatin1Char('A') + edited);
     QCOMPARE(p.anims.row(row).subItems, summary);
     QCOMPARE(p.texturesOf(edited), textures.mid(1) + QStringList({"2", "4"}));
+    const QString status = p.f.window->statusBar()->currentMessage();
+    QCOMPARE(status.contains(QStringLiteral("saves its %1 textures from %2").arg(textures.size() + 1).arg(textures[1])),
+             !onlyOne);
     QCOMPARE(p.details.text(p.details.count() - 1), QStringLiteral("%1-%2").arg(edited).arg(textures.size()));
     QCOMPARE(p.user.button("cmdEditAnim").text(), QStringLiteral("Edit"));
     QVERIFY(!p.enabled("cmdEditAnim") && p.oneAnim.count() == 0);

@@ -241,7 +241,10 @@ void AnimationPage::cmdEditAnim_Click()
     }
     if (!HasEnoughTextures())
         return;
-    m_state.document().EditAnimation(CurrentAnimationNumber(), PlannedTextures());
+    const QString number = CurrentAnimationNumber();
+    const QStringList textures = PlannedTextures();
+    if (m_state.document().EditAnimation(number, textures))
+        TellOfKeptSummary(number, textures);
     m_lsvOneAnim.clear();
     FinishAnimationEdit(*m_ui->cmdEditAnim, QStringLiteral("Edit"));
 }
@@ -261,6 +264,20 @@ void AnimationPage::cmdDelAnim_Click()
 void AnimationPage::cmdCancelAnim_Click()
 {
     ResetAnimationEdit();
+}
+
+void AnimationPage::TellOfKeptSummary(const QString& number, const QStringList& textures)
+{
+    const ListViewModel& anims = m_state.views.lsvAnims;
+    const int row = anims.findKey(QLatin1Char('A') + number);
+    if (row < 0
+        || (anims.subItem(row, NumberColumn) == NumberText::of(textures.size())
+            && anims.subItem(row, FirstColumn) == textures.constFirst()))
+        return;
+    m_state.ShowStatus(tr("Animation %1 saves its %2 textures from %3; Number and First still show the old values.")
+                           .arg(number)
+                           .arg(textures.size())
+                           .arg(textures.constFirst()));
 }
 
 QString AnimationPage::CurrentAnimationNumber() const

@@ -88,6 +88,9 @@ private:
     void ShowAnimTotal();
     // The shown range's textures follow an edit of the ranges or textures.
     void FollowChosenRange();
+    // An edit leaves the range's "Number" and "First" as they were while
+    // other ranges exist; the status bar says what the range now saves.
+    void TellOfKeptSummary(const QString& number, const QStringList& textures);
     void FinishAnimationEdit(QPushButton& button, const QString& caption);
     void AppendNextAnimRow(const QString& texture);
     void RenumberNextAnim();
