@@ -2,6 +2,7 @@
 
 #include "common/ListViewModel.h"
 
+#include <functional>
 #include <optional>
 
 // The frames a preview plays, one row each: lsvOneAnim on the animation page,
@@ -54,4 +55,8 @@ public:
 
 private:
     static qint32 WholeNumber(const QString& cell);
+    // The cell's number; nothing when it holds none.
+    static std::optional<qint64> NumberIn(const QString& cell);
+    // Ticks the checklist row keyed keyOf(frame) for every frame ("" ticks none).
+    bool TickFrames(ListViewModel& checklist, const std::function<QString(int)>& keyOf) const;
 };
