@@ -1,7 +1,8 @@
 #include "list/DeleteTextureCommand.h"
 
+#include "list/m_TextureList.h"
+
 #include <QCoreApplication>
-#include <QHash>
 
 #include <algorithm>
 #include <vector>
@@ -25,19 +26,14 @@ DeleteTextureCommand::DeleteTextureCommand(ListViewSet& views, const QString& ke
 
 QList<DeleteTextureCommand::Range> DeleteTextureCommand::Ranges() const
 {
-    // As the list is saved: a range's textures are "Number" detail rows from
-    // the first detail row that holds its "First".
-    const ListViewModel& details = m_views.lsvAnimDetails;
-    const ListViewModel& anims = m_views.lsvAnims;
-    QHash<QString, int> firstDetailOf;
-    for (int detail = details.count() - 1; detail >= 0; --detail)
-        firstDetailOf.insert(details.subItem(detail, 1), detail);
+    // As the list is saved; a texture past the detail rows has no row to follow.
+    const QList<QList<int>> saved = m_TextureList::RangeDetailRows(m_views.lsvAnims, m_views.lsvAnimDetails);
     QList<Range> ranges;
-    ranges.reserve(anims.count());
-    for (int row = 0; row < anims.count(); ++row) {
-        const int first = firstDetailOf.value(anims.subItem(row, 2), details.count());
-        const qint64 number = qBound(qint64(0), anims.subItemNumber(row, 1), qint64(details.count() - first));
-        ranges.append({row, first, int(number)});
+    ranges.reserve(saved.size());
+    for (int row = 0; row < saved.size(); ++row) {
+        QList<int> details = saved[row];
+        details.removeAll(-1);
+        ranges.append({row, details});
     }
     return ranges;
 }
@@ -47,7 +43,7 @@ QString DeleteTextureCommand::PastTheEnd(const QList<Range>& ranges) const
     const ListViewModel& details = m_views.lsvAnimDetails;
     const qint64 textures = m_views.lsvTextures.count();
     for (const Range& range : ranges) {
-        for (int detail = range.firstDetail; detail < range.firstDetail + range.count; ++detail) {
+        for (int detail : range.details) {
             const qint64 texture = details.subItemNumber(detail, 1);
             if (texture < 0 || texture >= textures) {
                 return Tr("Nothing was deleted: range %1 names texture %2, past the list's %3 textures, so its "
@@ -85,8 +81,8 @@ void DeleteTextureCommand::FollowTexture(RowEditLog& log, const QList<Range>& ra
     ListViewModel& details = m_views.lsvAnimDetails;
     // Rows are replaced first and removed last, from the bottom up, so every
     // row number the log keeps is right when its step is replayed.
-    // Ranges that start with the same texture share their detail rows: each
-    // row follows once, from the texture it held before the deletion.
+    // Ranges found through their "First" may share detail rows: each row
+    // follows once, from the texture it held before the deletion.
     std::vector<qint64> held(size_t(details.count()));
     for (int detail = 0; detail < details.count(); ++detail)
         held[size_t(detail)] = details.subItemNumber(detail, 1);
@@ -95,14 +91,14 @@ void DeleteTextureCommand::FollowTexture(RowEditLog& log, const QList<Range>& ra
     QList<int> goneRanges;
     for (const Range& range : ranges) {
         QList<std::pair<int, qint64>> kept; // detail row, its texture after the deletion
-        for (int detail = range.firstDetail; detail < range.firstDetail + range.count; ++detail) {
+        for (int detail : range.details) {
             const qint64 texture = held[size_t(detail)];
             if (texture == deleted)
                 goneDetails.append(detail);
             else
                 kept.append({detail, texture > deleted ? texture - 1 : texture});
         }
-        const bool lostOne = kept.size() < range.count;
+        const bool lostOne = kept.size() < range.details.size();
         if (lostOne && kept.size() < 2) {
             goneRanges.append(range.row);
             for (const auto& [detail, texture] : kept)

@@ -34,8 +34,7 @@ private:
     struct Range
     {
         int row;
-        int firstDetail;
-        int count;
+        QList<int> details;
     };
     QList<Range> Ranges() const;
     QString PastTheEnd(const QList<Range>& ranges) const;

@@ -1,7 +1,6 @@
 #include "list/ObjectTextureRow.h"
 
 #include "common/ListViewModel.h"
-#include "common/NumberText.h"
 #include "list/TextureGeometry.h"
 
 #include <algorithm>
@@ -30,12 +29,11 @@ ObjectTextureRow ObjectTextureRow::Read(const ListViewModel& textures, int row)
     return read;
 }
 
-std::optional<ObjectTextureRow> ObjectTextureRow::OfTexture(const ListViewModel& textures, qint64 number)
+std::optional<ObjectTextureRow> ObjectTextureRow::AtPlace(const ListViewModel& textures, qint64 number)
 {
-    const int row = textures.findKey(QLatin1Char('T') + NumberText::of(number));
-    if (row < 0)
+    if (number < 0 || number >= textures.count())
         return std::nullopt;
-    return Read(textures, row);
+    return Read(textures, int(number));
 }
 
 bool ObjectTextureRow::IsTriangle() const

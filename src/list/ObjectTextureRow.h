@@ -20,8 +20,9 @@ class ObjectTextureRow
 {
 public:
     static ObjectTextureRow Read(const ListViewModel& textures, int row);
-    // The row keyed "T" and number; nothing when there is none.
-    static std::optional<ObjectTextureRow> OfTexture(const ListViewModel& textures, qint64 number);
+    // Texture number as the level numbers it: the row at that place, the
+    // one saving writes there, whatever its key; nothing past the list.
+    static std::optional<ObjectTextureRow> AtPlace(const ListViewModel& textures, qint64 number);
 
     int tile = 0;
     int trans = 0;

@@ -30,10 +30,9 @@ void PreviewFrameList::AddFrame(const QString& number, const QString& x, const Q
 
 void PreviewFrameList::AddObjectTexture(const ListViewModel& lsvTextures, const QString& number)
 {
-    bool isNumber = false;
-    const qint64 texture = number.trimmed().toLongLong(&isNumber);
+    const std::optional<qint64> texture = NumberIn(number);
     const std::optional<ObjectTextureRow> geometry =
-        isNumber ? ObjectTextureRow::OfTexture(lsvTextures, texture) : std::nullopt;
+        texture ? ObjectTextureRow::AtPlace(lsvTextures, *texture) : std::nullopt;
     if (!geometry) {
         AddFrame(number, {}, {}, {}, {});
         return;
@@ -69,12 +68,33 @@ std::optional<PreviewFrameList::Frame> PreviewFrameList::FrameAt(int row) const
 
 bool PreviewFrameList::CheckFramesIn(ListViewModel& checklist, QChar keyPrefix) const
 {
+    return TickFrames(checklist, [&](int frame) -> QString { return keyPrefix + text(frame).trimmed(); });
+}
+
+bool PreviewFrameList::CheckPlacesIn(ListViewModel& checklist, const ListViewModel& rows) const
+{
+    return TickFrames(checklist, [&](int frame) -> QString {
+        const std::optional<qint64> place = NumberIn(text(frame));
+        return place && *place >= 0 && *place < rows.count() ? rows.key(int(*place)) : QString();
+    });
+}
+
+bool PreviewFrameList::TickFrames(ListViewModel& checklist, const std::function<QString(int)>& keyOf) const
+{
     if (count() == 0)
         return false;
     for (int frame = 0; frame < count(); ++frame) {
-        const int row = checklist.findKey(keyPrefix + text(frame).trimmed());
+        const QString key = keyOf(frame);
+        const int row = key.isEmpty() ? -1 : checklist.findKey(key);
         if (row >= 0)
             checklist.setCheckState(row, Qt::Checked);
     }
     return true;
+}
+
+std::optional<qint64> PreviewFrameList::NumberIn(const QString& cell)
+{
+    bool isNumber = false;
+    const qint64 number = cell.trimmed().toLongLong(&isNumber);
+    return isNumber ? std::optional<qint64>(number) : std::nullopt;
 }

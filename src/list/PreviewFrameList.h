@@ -2,6 +2,7 @@
 
 #include "common/ListViewModel.h"
 
+#include <functional>
 #include <optional>
 
 // The frames a preview plays, one row each: lsvOneAnim on the animation page,
@@ -25,8 +26,8 @@ public:
     // Appends a frame with these cells, as given.
     void AddFrame(const QString& number, const QString& x, const QString& y, const QString& xwid,
                   const QString& yhi, const QString& isTriad = {});
-    // Appends the object texture numbered by the text number, found in
-    // lsvTextures by its key, with the rectangle it covers.
+    // Appends the object texture numbered by the text number, the row at
+    // that place in lsvTextures, with the rectangle it covers.
     void AddObjectTexture(const ListViewModel& lsvTextures, const QString& number);
 
     bool IsTriad(int row) const;
@@ -47,7 +48,15 @@ public:
     // Ticks, in checklist, the row keyed keyPrefix and the number of every
     // frame. False when there are no frames (nothing is ticked then).
     bool CheckFramesIn(ListViewModel& checklist, QChar keyPrefix) const;
+    // Ticks, in checklist, the row keyed as the row of rows at each frame's
+    // place, so a list whose keys no longer follow its places (a texture was
+    // deleted) ticks the rows the frames show. False when there are no frames.
+    bool CheckPlacesIn(ListViewModel& checklist, const ListViewModel& rows) const;
 
 private:
     static qint32 WholeNumber(const QString& cell);
+    // The cell's number; nothing when it holds none.
+    static std::optional<qint64> NumberIn(const QString& cell);
+    // Ticks the checklist row keyed keyOf(frame) for every frame ("" ticks none).
+    bool TickFrames(ListViewModel& checklist, const std::function<QString(int)>& keyOf) const;
 };

@@ -94,25 +94,55 @@ void FillAnimations(BinaryReader& file, const TablePosition& table, ListViewMode
     FillAnimations(AnimatedTextureBlock::fromTable(file, table), lsvAnims, lsvAnimDetails);
 }
 
+QList<QList<int>> RangeDetailRows(const ListViewModel& lsvAnims, const ListViewModel& lsvAnimDetails)
+{
+    // One pass over the details: each row filed under its range's text, and
+    // the first row holding each texture for ranges without rows of their own.
+    QHash<QStringView, QList<std::pair<qint64, int>>> placesOf; // range text: place, detail row
+    QHash<QString, int> firstDetailOf;
+    std::vector<QString> texts(size_t(lsvAnimDetails.count()));
+    for (int detail = lsvAnimDetails.count() - 1; detail >= 0; --detail) {
+        firstDetailOf.insert(lsvAnimDetails.subItem(detail, 1), detail);
+        texts[size_t(detail)] = lsvAnimDetails.text(detail);
+        const QStringView text = texts[size_t(detail)];
+        const qsizetype dash = text.lastIndexOf(u'-');
+        bool isPlace = false;
+        const qint64 place = dash > 0 ? text.mid(dash + 1).toLongLong(&isPlace) : 0;
+        if (isPlace)
+            placesOf[text.left(dash)].append({place, detail});
+    }
+
+    QList<QList<int>> ranges;
+    ranges.reserve(lsvAnims.count());
+    for (int r = 0; r < lsvAnims.count(); ++r) {
+        QList<std::pair<qint64, int>> places = placesOf.value(lsvAnims.text(r));
+        std::stable_sort(places.begin(), places.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        QList<int> rows;
+        rows.reserve(places.size());
+        for (const auto& [place, detail] : places)
+            rows.append(detail);
+        if (rows.isEmpty()) {
+            const qint64 number = qBound(qint64(1), lsvAnims.subItemNumber(r, 1), qint64(65536));
+            int detail = firstDetailOf.value(lsvAnims.subItem(r, 2), lsvAnimDetails.count());
+            for (qint64 i = 0; i < number; ++i, ++detail)
+                rows.append(detail < lsvAnimDetails.count() ? detail : -1);
+        }
+        ranges.append(rows);
+    }
+    return ranges;
+}
+
 QList<quint16> AnimatedTextureWords(const ListViewModel& lsvAnims, const ListViewModel& lsvAnimDetails)
 {
-    // The first detail row holding each texture, so every range finds its
-    // start in one look-up.
-    QHash<QString, int> firstDetailOf;
-    for (int detail = lsvAnimDetails.count() - 1; detail >= 0; --detail)
-        firstDetailOf.insert(lsvAnimDetails.subItem(detail, 1), detail);
-
     QList<quint16> words;
     words.append(quint16(lsvAnims.count()));
-    for (int r = 0; r < lsvAnims.count(); ++r) {
+    for (const QList<int>& rows : RangeDetailRows(lsvAnims, lsvAnimDetails)) {
         // A range holds 1 to 65536 textures: its length is stored less one in a word.
-        const qint64 number = qBound(qint64(1), lsvAnims.subItemNumber(r, 1), qint64(65536));
+        const qsizetype number = qMin<qsizetype>(rows.size(), 65536);
         words.append(quint16(number - 1));
-        int detail = firstDetailOf.value(lsvAnims.subItem(r, 2), lsvAnimDetails.count());
-        for (qint64 i = 0; i < number; ++i, ++detail) {
-            const bool present = detail < lsvAnimDetails.count();
-            words.append(present ? quint16(lsvAnimDetails.subItemNumber(detail, 1)) : 0);
-        }
+        for (qsizetype i = 0; i < number; ++i)
+            words.append(rows[i] >= 0 ? quint16(lsvAnimDetails.subItemNumber(rows[i], 1)) : 0);
     }
     return words;
 }

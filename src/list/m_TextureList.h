@@ -30,10 +30,18 @@ void FillAnimations(const AnimatedTextureBlock& block, ListViewModel& lsvAnims,
 
 QString AnimationNumberText(qint64 range); // "00", "07", "123"
 
+// Per row of lsvAnims, the rows of lsvAnimDetails that hold its textures,
+// in their places: the detail rows whose text is the range's text, "-" and
+// a place, whatever the "Number" and "First" cells say (an edit leaves them
+// as they were while other ranges exist). A range with no such rows takes
+// "Number" rows from the first detail row holding its "First"; a texture
+// past the last detail row is -1 there. Saving, the page's preview and the
+// renumbering after a deleted texture all read a range through this.
+QList<QList<int>> RangeDetailRows(const ListViewModel& lsvAnims, const ListViewModel& lsvAnimDetails);
+
 // The block's words from the views: the range count, then per range its
-// "Number" minus one and the "Texture #" of "Number" detail rows starting at
-// the first detail row whose texture equals the range's "First". Textures
-// the details run out of are written as 0.
+// texture count minus one and its textures (RangeDetailRows; -1 is written
+// as 0).
 QList<quint16> AnimatedTextureWords(const ListViewModel& lsvAnims, const ListViewModel& lsvAnimDetails);
 
 } // namespace m_TextureList

@@ -100,9 +100,9 @@ private slots:
         QCOMPARE(u32(bytes, h + 24), quint32(4));
     }
 
-    // The writer finds a range's textures by its "First" texture; a later
-    // range starting with a texture an earlier one holds reuses those rows.
-    void rangesStartAtTheFirstDetailHoldingTheirFirstTexture()
+    // A later range starting with a texture an earlier one holds keeps its
+    // own textures: the writer finds them by the range, not its "First".
+    void rangesSharingAFirstTextureKeepTheirOwn()
     {
         ListFixture fixture;
         fixture.animations.ranges = {{5, 6}, {5, 7}};
@@ -110,7 +110,7 @@ private slots:
         C_ListInfo info;
         QCOMPARE(reread.openList(info, written(QStringLiteral("shared-first.trt"), fixture)),
                  C_ListInfo::Success);
-        QCOMPARE(reread.lsvAnimDetails.subItem(3, 1), QStringLiteral("6"));
+        QCOMPARE(reread.lsvAnimDetails.subItem(3, 1), QStringLiteral("7"));
     }
 
     void listWithoutRanges_data()

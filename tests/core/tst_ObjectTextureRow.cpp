@@ -49,10 +49,11 @@ void tst_ObjectTextureRow::boundsCornersAndSides()
     QStringList texts;
     for (int cell : cells)
         texts << QString::number(cell);
-    // Texture 7 only: a gap before it, as deletions leave.
+    // The row keyed T7 is alone, as deletions leave it: the level and a
+    // reopened list number it 0, and there is no texture 7.
     lsvTextures.addRow(QStringLiteral("T7"), QStringLiteral("7"), texts);
-    const std::optional<ObjectTextureRow> geometry = ObjectTextureRow::OfTexture(lsvTextures, 7);
-    QVERIFY(geometry && !ObjectTextureRow::OfTexture(lsvTextures, 0));
+    const std::optional<ObjectTextureRow> geometry = ObjectTextureRow::AtPlace(lsvTextures, 0);
+    QVERIFY(geometry && !ObjectTextureRow::AtPlace(lsvTextures, 7) && !ObjectTextureRow::AtPlace(lsvTextures, -1));
     QCOMPARE(geometry->Bounds(), bounds);
     QCOMPARE(geometry->BitmapCorner(2), corner3);
     QCOMPARE(geometry->IsTriangle() ? 3 : 4, sides);

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QStatusBar>
 #include <QTest>
 
 // The "...and Animations" page as a user drives it. The demo list has 30
@@ -27,6 +28,21 @@ class tst_AnimationPage : public QObject
         ListViewModel& oneAnim = f.window->animationPage().lsvOneAnim();
 
         bool enabled(const char* name) const { return user.button(name).isEnabled(); }
+        // Range 00 chosen: each frame of lsvOneAnim, then the outlines Draw
+        // Anim. draws from the checklist, all unticked first.
+        QStringList shownAndDrawn() const
+        {
+            user.choose("lsvAnims", QStringLiteral("00"));
+            QStringList seen;
+            for (int row = 0; row < oneAnim.count(); ++row)
+                seen << oneAnim.text(row) + u' ' + oneAnim.row(row).subItems.join(u' ');
+            for (int row = 0; row < state.lsvObjects.count(); ++row)
+                state.lsvObjects.setCheckState(row, Qt::Unchecked);
+            user.press("cmdDrawAnim");
+            for (int row = 0; row < state.lsvDrawList.count(); ++row)
+                seen << state.lsvDrawList.row(row).subItems.join(u' ');
+            return seen;
+        }
         QStringList texturesOf(const QString& number) const
         {
             QStringList textures;
@@ -48,6 +64,8 @@ private slots:
     void choosingAnAnimationShowsItsFrames_data();
     void choosingAnAnimationShowsItsFrames();
     void numbersPast99MatchByPrefix();
+    void aRangeShowsWhatItSavesAfterADelete_data();
+    void aRangeShowsWhatItSavesAfterADelete();
 };
 
 void tst_AnimationPage::buildingAnAnimation()
@@ -186,6 +204,9 @@ void tst_AnimationPage::editReplacesTheDetailsAtTheEnd()
     const int row = p.anims.findKey(QLatin1Char('A') + edited);
     QCOMPARE(p.anims.row(row).subItems, summary);
     QCOMPARE(p.texturesOf(edited), textures.mid(1) + QStringList({"2", "4"}));
+    const QString status = p.f.window->statusBar()->currentMessage();
+    QCOMPARE(status.contains(QStringLiteral("saves its %1 textures from %2").arg(textures.size() + 1).arg(textures[1])),
+             !onlyOne);
     QCOMPARE(p.details.text(p.details.count() - 1), QStringLiteral("%1-%2").arg(edited).arg(textures.size()));
     QCOMPARE(p.user.button("cmdEditAnim").text(), QStringLiteral("Edit"));
     QVERIFY(!p.enabled("cmdEditAnim") && p.oneAnim.count() == 0);
@@ -254,10 +275,11 @@ void tst_AnimationPage::numbersPast99MatchByPrefix()
     QCOMPARE(p.anims.key(112), QStringLiteral("A112"));
     QCOMPARE(p.texturesOf(QStringLiteral("112")), QStringList({"4", "5"}));
 
-    // Animation 10 reaches the rows of 100 to 109 too; Delete takes the last
-    // row matching, 109, and the details of all eleven.
+    // Animation 10 shows its own two textures, the ones it saves; Delete
+    // still reaches the rows of 100 to 109 too: it takes the last row
+    // matching, 109, and the details of all eleven.
     p.user.choose("lsvAnims", QStringLiteral("10"));
-    QCOMPARE(p.oneAnim.count(), 2 * 11);
+    QCOMPARE(PageUser::column(p.oneAnim), QStringList({"10", "11"}));
     p.user.press("cmdDelAnim");
     QVERIFY(p.anims.findKey(QStringLiteral("A109")) < 0 && p.anims.findKey(QStringLiteral("A10")) >= 0);
     QVERIFY(p.details.rowsWithTextLike(u"10*").isEmpty());
@@ -268,6 +290,35 @@ void tst_AnimationPage::numbersPast99MatchByPrefix()
     p.user.press("cmdDelAnim");
     QCOMPARE(p.anims.count(), 111);
     QCOMPARE(p.texturesOf(QStringLiteral("112")), QStringList({"4", "5"}));
+}
+
+void tst_AnimationPage::aRangeShowsWhatItSavesAfterADelete_data()
+{
+    QTest::addColumn<int>("deleted");
+    QTest::addColumn<QStringList>("textures"); // of range 00 afterwards
+    QTest::newRow("before the range") << 5 << QStringList({"15", "16", "17", "18"});
+    QTest::newRow("its first texture") << 16 << QStringList({"16", "17", "18"});
+    QTest::newRow("inside it") << 17 << QStringList({"16", "17", "18"});
+    QTest::newRow("after every range") << 25 << QStringList({"16", "17", "18", "19"});
+}
+
+void tst_AnimationPage::aRangeShowsWhatItSavesAfterADelete()
+{
+    QFETCH(int, deleted);
+    QFETCH(QStringList, textures);
+    Page p;
+    ListViewModel& list = p.state.views.lsvTextures;
+    QVERIFY(p.state.document().DeleteTexture(list.key(deleted)));
+    const QStringList beforeSaving = p.shownAndDrawn();
+    QCOMPARE(PageUser::column(p.oneAnim), textures);
+    QCOMPARE(p.state.lsvDrawList.count(), textures.size());
+
+    // The list as saved and opened again is what the page showed and drew.
+    p.f.find<QAction>("mnuFileSaveList")->trigger();
+    QVERIFY(!p.state.document().isModified());
+    p.f.openList(p.f.listPath());
+    QCOMPARE(list.count(), 29);
+    QCOMPARE(p.shownAndDrawn(), beforeSaving);
 }
 
 QTEST_MAIN(tst_AnimationPage)

@@ -27,11 +27,6 @@ QString OrderText(int place)
     return NumberText::padded(place, 4);
 }
 
-QString Wildcard(const QString& prefix)
-{
-    return prefix + QLatin1Char('*');
-}
-
 } // namespace
 
 AnimationPage::AnimationPage(EditorState& state, QWidget* parent)
@@ -105,7 +100,7 @@ void AnimationPage::FollowChosenRange()
         m_lsvNextAnim.clear();
         return;
     }
-    ShowAnimationTextures(anims.key(row));
+    ShowAnimationTextures(row);
     m_ui->chkTriad->setChecked(m_lsvOneAnim.IsTriad(0));
 }
 
@@ -246,7 +241,10 @@ void AnimationPage::cmdEditAnim_Click()
     }
     if (!HasEnoughTextures())
         return;
-    m_state.document().EditAnimation(CurrentAnimationNumber(), PlannedTextures());
+    const QString number = CurrentAnimationNumber();
+    const QStringList textures = PlannedTextures();
+    if (m_state.document().EditAnimation(number, textures))
+        TellOfKeptSummary(number, textures);
     m_lsvOneAnim.clear();
     FinishAnimationEdit(*m_ui->cmdEditAnim, QStringLiteral("Edit"));
 }
@@ -266,6 +264,20 @@ void AnimationPage::cmdDelAnim_Click()
 void AnimationPage::cmdCancelAnim_Click()
 {
     ResetAnimationEdit();
+}
+
+void AnimationPage::TellOfKeptSummary(const QString& number, const QStringList& textures)
+{
+    const ListViewModel& anims = m_state.views.lsvAnims;
+    const int row = anims.findKey(QLatin1Char('A') + number);
+    if (row < 0
+        || (anims.subItem(row, NumberColumn) == NumberText::of(textures.size())
+            && anims.subItem(row, FirstColumn) == textures.constFirst()))
+        return;
+    m_state.ShowStatus(tr("Animation %1 saves its %2 textures from %3; Number and First still show the old values.")
+                           .arg(number)
+                           .arg(textures.size())
+                           .arg(textures.constFirst()));
 }
 
 QString AnimationPage::CurrentAnimationNumber() const
@@ -377,7 +389,7 @@ void AnimationPage::lsvAnims_ItemClick(int row)
     if (row < 0 || row >= anims.count())
         return;
     Preview()->StopAnim();
-    ShowAnimationTextures(anims.key(row));
+    ShowAnimationTextures(row);
     if (anims.count() >= 1)
         m_ui->cmdAnim->setEnabled(true);
     m_ui->chkTriad->setChecked(m_lsvOneAnim.IsTriad(0));
@@ -390,16 +402,20 @@ void AnimationPage::lsvAnims_ItemClick(int row)
     m_ui->lblNextAnim->setText(NumberText::of(NumberText::valueOf(anims.text(row))));
 }
 
-void AnimationPage::ShowAnimationTextures(const QString& animationKey)
+void AnimationPage::ShowAnimationTextures(int range)
 {
+    // The textures the list saves for the range, so what is shown and
+    // edited is what a reopened list holds.
     const ListViewModel& details = m_state.views.lsvAnimDetails;
-    const QList<int> matching = details.rowsWithKeyLike(Wildcard(animationKey));
+    QStringList textures;
+    for (int detail : m_TextureList::RangeDetailRows(m_state.views.lsvAnims, details).value(range))
+        textures << (detail >= 0 ? details.subItem(detail, TextureColumn) : QStringLiteral("0"));
     m_lsvOneAnim.clear();
-    for (int detail : matching)
-        m_lsvOneAnim.AddObjectTexture(m_state.views.lsvTextures, details.subItem(detail, TextureColumn));
+    for (const QString& texture : textures)
+        m_lsvOneAnim.AddObjectTexture(m_state.views.lsvTextures, texture);
     m_lsvNextAnim.clear();
-    for (int detail : matching)
-        AppendNextAnimRow(details.subItem(detail, TextureColumn));
+    for (const QString& texture : textures)
+        AppendNextAnimRow(texture);
 }
 
 void AnimationPage::lsvAvailTextures_ItemClick(int row)
@@ -433,6 +449,6 @@ void AnimationPage::StepPreview()
 
 void AnimationPage::cmdDrawAnim_Click()
 {
-    if (m_lsvOneAnim.CheckFramesIn(m_state.lsvObjects, QLatin1Char('T')))
+    if (m_lsvOneAnim.CheckPlacesIn(m_state.lsvObjects, m_state.views.lsvTextures))
         m_state.DrawCheckedObjects();
 }

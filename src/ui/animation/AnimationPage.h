@@ -88,12 +88,16 @@ private:
     void ShowAnimTotal();
     // The shown range's textures follow an edit of the ranges or textures.
     void FollowChosenRange();
+    // An edit leaves the range's "Number" and "First" as they were while
+    // other ranges exist; the status bar says what the range now saves.
+    void TellOfKeptSummary(const QString& number, const QStringList& textures);
     void FinishAnimationEdit(QPushButton& button, const QString& caption);
     void AppendNextAnimRow(const QString& texture);
     void RenumberNextAnim();
     // Moves the chosen row of lsvNextAnim by step places (-1 up, +1 down).
     void MoveChosenTexture(int step);
-    void ShowAnimationTextures(const QString& animationKey);
+    // Fills lsvOneAnim and lsvNextAnim with the textures of the range at row.
+    void ShowAnimationTextures(int range);
 
     std::unique_ptr<Ui::AnimationPage> m_ui;
     PreviewFrameList m_lsvOneAnim;
