@@ -162,3 +162,11 @@ void WindowLayout::Remember(frmMain& window)
     window.settings().SetWindowGeometry(window.saveGeometry());
     window.settings().SetSplitterState(window.ui().splitter->saveState());
 }
+
+int WindowLayout::LeastCentralWidth(frmMain& window)
+{
+    Ui::frmMain& ui = window.ui();
+    const int scrollBar = ui.pageScroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return ui.bitmapSide->minimumSizeHint().width() + ui.splitter->handleWidth() + ui.pageHost->minimumWidth()
+           + scrollBar + 2;
+}

@@ -18,6 +18,9 @@ public:
     // cannot be read back is left as Settle made it.
     static void Restore(frmMain& window);
     static void Remember(frmMain& window);
+    // The least width beside the docks that shows the bitmap's frames and the
+    // page column's page whole, without a sideways scroll.
+    static int LeastCentralWidth(frmMain& window);
 
     // The widest text a number label of the window must show whole.
     static constexpr const char* WidestNumber = "32768";

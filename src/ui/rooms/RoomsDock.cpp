@@ -11,6 +11,7 @@
 #include "ui/common/ButtonCaption.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/ListView.h"
+#include "ui/main/WindowLayout.h"
 #include "ui/main/frmMain.h"
 
 #include <QAbstractButton>
@@ -21,6 +22,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QOpenGLContext>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QUndoStack>
 #include <QVBoxLayout>
@@ -82,9 +84,8 @@ RoomsDock::RoomsDock(frmMain& window)
     connect(&m_animation, &QTimer::timeout, this, &RoomsDock::stepAnimation);
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool visible) {
         if (visible && !m_sized) {
-            // A third of the window the first time, however narrow the dock was laid out.
             m_sized = true;
-            m_window.resizeDocks({this}, {qMax(MinimumWidth, m_window.width() / 3)}, Qt::Horizontal);
+            TakeRoomBesideThePages();
             createView();
         }
         if (visible)
@@ -95,6 +96,23 @@ RoomsDock::RoomsDock(frmMain& window)
 }
 
 RoomsDock::~RoomsDock() = default;
+
+// A third of the window the first time, however narrow the dock was laid
+// out, but never the room the bitmap and the page need: the window grows by
+// what the rooms take while the screen has room, and the rooms are narrower
+// where it has not.
+void RoomsDock::TakeRoomBesideThePages()
+{
+    const int wanted = qMax(MinimumWidth, m_window.width() / 3);
+    const int pages = WindowLayout::LeastCentralWidth(m_window);
+    const int shortfall = pages + wanted - m_window.width();
+    if (shortfall > 0 && !m_window.isMaximized() && !m_window.isFullScreen() && m_window.screen()) {
+        const int screenWidth = m_window.screen()->availableGeometry().width();
+        const int frame = m_window.frameGeometry().width() - m_window.width();
+        m_window.resize(qMin(m_window.width() + shortfall, screenWidth - frame), m_window.height());
+    }
+    m_window.resizeDocks({this}, {qMax(MinimumWidth, qMin(wanted, m_window.width() - pages))}, Qt::Horizontal);
+}
 
 void RoomsDock::buildContent()
 {

@@ -44,6 +44,7 @@ public:
 
 private:
     void buildContent();
+    void TakeRoomBesideThePages();
     void createView();
     void addMenu();
     void connectDocument();
