@@ -1,6 +1,7 @@
 #include "list/C_ListInfo.h"
 #include "list/ListViewSet.h"
 #include "support/CliRun.h"
+#include "support/FileAlias.h"
 #include "support/ListFixture.h"
 #include "support/ScratchDir.h"
 #include "synthetic/SyntheticLevel.h"
@@ -13,10 +14,6 @@
 #include <QJsonObject>
 #include <QTest>
 #include <QtEndian>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 // What brindle-cli refuses, and how: an output that is one of the inputs
 // however it is spelt, files that are no level, damaged lists, bitmaps that
@@ -104,17 +101,8 @@ class tst_CliRefusals : public QObject
     // or "dotdot" (through a folder and back); the name the output takes.
     QString alias(const QString& target, const QString& spelling, const QString& name) const
     {
-        const QString alias = path(QStringLiteral("alias/") + name);
         QDir().mkpath(path(QStringLiteral("alias")));
-        QFile::remove(alias);
-        if (spelling == QLatin1String("symlink"))
-            return QFile::link(target, alias) ? alias : QString();
-#ifdef Q_OS_UNIX
-        if (spelling == QLatin1String("hardlink"))
-            return ::link(QFile::encodeName(target).constData(), QFile::encodeName(alias).constData()) == 0 ? alias
-                                                                                                           : QString();
-#endif
-        return path(QStringLiteral("alias/../")) + QFileInfo(target).fileName();
+        return FileAlias::make(target, spelling, path(QStringLiteral("alias/") + name), path(QStringLiteral("alias")));
     }
 
     // The list of 1,200 textures, one range of three, and two sprites.

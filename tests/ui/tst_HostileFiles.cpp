@@ -1,5 +1,6 @@
 #include "list/C_ListInfo.h"
 #include "list/ListViewSet.h"
+#include "support/FileAlias.h"
 #include "support/ListFixture.h"
 #include "ui/common/EditorState.h"
 #include "uisupport/EditorFixture.h"
@@ -16,10 +17,6 @@
 #include <QTest>
 #include <QtEndian>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
-
 // The editor over files that are not what they seem: an output that is an
 // input under another name, bitmaps cut short, lists whose names or ranges
 // hold what no list should.
@@ -31,16 +28,8 @@ class tst_HostileFiles : public QObject
     // "hardlink" or "dotdot".
     static QString alias(const EditorFixture& f, const QString& target, const QString& spelling)
     {
-        const QString alias = f.dir.filePath(QStringLiteral("alias-") + QFileInfo(target).fileName());
-        if (spelling == QLatin1String("symlink"))
-            return QFile::link(target, alias) ? alias : QString();
-#ifdef Q_OS_UNIX
-        if (spelling == QLatin1String("hardlink"))
-            return ::link(QFile::encodeName(target).constData(), QFile::encodeName(alias).constData()) == 0 ? alias
-                                                                                                           : QString();
-#endif
-        QDir().mkpath(f.dir.filePath(QStringLiteral("sub")));
-        return f.dir.filePath(QStringLiteral("sub/../")) + QFileInfo(target).fileName();
+        return FileAlias::make(target, spelling, f.dir.filePath(QStringLiteral("alias-") + QFileInfo(target).fileName()),
+                               f.dir.filePath(QStringLiteral("sub")));
     }
 
     static QString statusText(const EditorFixture& f) { return f.window->statusBar()->currentMessage(); }
