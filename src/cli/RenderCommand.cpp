@@ -7,6 +7,7 @@
 #include "level/LevelGeometry.h"
 #include "level/LevelTileBitmap.h"
 #include "level/ReadTableRecords.h"
+#include "level/TileBitmapReader.h"
 #include "level/WalkedLevelFile.h"
 #include "list/C_ListInfo.h"
 #include "list/ListDocument.h"
@@ -16,6 +17,7 @@
 #include "render/TextureTable.h"
 #include "render/TileLayers.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QRegularExpression>
@@ -82,7 +84,14 @@ int RenderCommand::readBitmap(const QString& levelPath, const QString& bitmapPat
     }
     if (!QFileInfo(bitmapPath).isFile())
         return m_cli.fail(CommandLine::InputUnreadable, FileError::reading(bitmapPath, QStringLiteral("no such file")));
-    QImageReader reader(bitmapPath);
+    // A picture no level could address is refused before it is decoded.
+    QFile file(bitmapPath);
+    if (!file.open(QIODevice::ReadOnly))
+        return m_cli.fail(CommandLine::InputUnreadable, FileError::reading(bitmapPath, file.errorString()));
+    if (const QString refusal = TileBitmapReader::decodeRefusal(file); !refusal.isEmpty())
+        return m_cli.fail(CommandLine::InputUnreadable, FileError::reading(bitmapPath, refusal));
+    file.seek(0);
+    QImageReader reader(&file);
     bitmap = reader.read();
     if (bitmap.isNull())
         return m_cli.fail(CommandLine::InputUnreadable, FileError::reading(bitmapPath, reader.errorString()));

@@ -14,6 +14,10 @@
 
 namespace {
 
+// A message is said once however many rows repeat it, and a few are enough
+// to tell why.
+constexpr qsizetype KeptMessages = 3;
+
 struct Caught
 {
     QMutex mutex;
@@ -34,17 +38,16 @@ ImageMessageCatcher::ImageMessageCatcher()
     Caught& state = caught();
     QMutexLocker lock(&state.mutex);
     state.messages.clear();
-    m_previous = qInstallMessageHandler(&ImageMessageCatcher::handle);
-    state.previous = m_previous;
+    state.previous = qInstallMessageHandler(&ImageMessageCatcher::handle);
     captureStandardError();
 }
 
 ImageMessageCatcher::~ImageMessageCatcher()
 {
     releaseStandardError();
-    qInstallMessageHandler(m_previous);
     Caught& state = caught();
     QMutexLocker lock(&state.mutex);
+    qInstallMessageHandler(state.previous);
     state.previous = nullptr;
 }
 
@@ -127,8 +130,7 @@ QStringList ImageMessageCatcher::messages() const
         if (!said.contains(message))
             said.append(message);
     }
-    constexpr qsizetype Kept = 3;
-    return said.mid(0, Kept);
+    return said.mid(0, KeptMessages);
 }
 
 QString ImageMessageCatcher::withMessages(const QString& why) const
@@ -151,10 +153,7 @@ void ImageMessageCatcher::handle(QtMsgType type, const QMessageLogContext& conte
     Caught& state = caught();
     if (isFromImageReading(context, message)) {
         QMutexLocker lock(&state.mutex);
-        // A message is said once however many rows repeat it, and a few
-        // are enough to tell why.
-        constexpr qsizetype Kept = 3;
-        if (state.messages.size() < Kept && !state.messages.contains(message.trimmed()))
+        if (state.messages.size() < KeptMessages && !state.messages.contains(message.trimmed()))
             state.messages.append(message.trimmed());
         return;
     }

@@ -34,7 +34,6 @@ private:
     static void handle(QtMsgType type, const QMessageLogContext& context, const QString& message);
     static bool isFromImageReading(const QMessageLogContext& context, const QString& message);
 
-    QtMessageHandler m_previous = nullptr;
     int m_savedStandardError = -1;
     int m_capture = -1;
 };

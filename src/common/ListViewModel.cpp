@@ -356,13 +356,6 @@ void ListViewModel::setSorted(bool sorted)
         sortRows();
 }
 
-void ListViewModel::setSortState(const SortState& state)
-{
-    m_sortKey = state.key;
-    m_sortOrder = state.order;
-    m_sorted = state.sorted;
-}
-
 std::vector<int> ListViewModel::sortedOrder() const
 {
     std::vector<int> order(static_cast<size_t>(count()));

@@ -108,16 +108,6 @@ public:
     // Turning sorting on (again) orders the rows by the sort key column.
     void setSorted(bool sorted);
 
-    // The sort settings together, to be put back as they were.
-    struct SortState
-    {
-        int key = 0;
-        Qt::SortOrder order = Qt::AscendingOrder;
-        bool sorted = false;
-    };
-    SortState sortState() const { return {m_sortKey, m_sortOrder, m_sorted}; }
-    // Sets the settings without reordering a row.
-    void setSortState(const SortState& state);
     // The order sorting by the current settings gives: row i of it is the
     // row now at order[i].
     std::vector<int> sortedOrder() const;

@@ -17,16 +17,11 @@
 
 namespace {
 
-QByteArray blockBytes(BinaryReader& reader, const TablePosition& block)
-{
-    return GeometryBlocks::blockBytes(reader, block);
-}
-
 void readRooms(BinaryReader& reader, const QList<TablePosition>& rooms, TextureIndexSet& polygons,
                TextureIndexSet& sprites, TextureUsage& usage)
 {
     for (const TablePosition& room : rooms) {
-        const QByteArray data = blockBytes(reader, room);
+        const QByteArray data = GeometryBlocks::blockBytes(reader, room);
         GeometryCursor cursor(data);
         cursor.skipList(GeometryCursor::RoomVertexSize);
         cursor.readTextures(GeometryCursor::RectangleSize, GeometryCursor::FaceTextureMask, polygons,
@@ -73,11 +68,11 @@ qint64 readMesh(const QByteArray& meshData, quint32 offset, TextureIndexSet& obj
 void readMeshes(BinaryReader& reader, const LevelWalk::Result& walk, TextureIndexSet& objects,
                 TextureUseCounts& counts)
 {
-    const QByteArray meshData = blockBytes(reader, walk.meshData);
+    const QByteArray meshData = GeometryBlocks::blockBytes(reader, walk.meshData);
     if (meshData.isEmpty())
         return;
     qint64 faceBudget = GeometryBlocks::meshFaceBudget(meshData);
-    for (quint32 offset : meshOffsets(blockBytes(reader, walk.meshPointers), meshData.size())) {
+    for (quint32 offset : meshOffsets(GeometryBlocks::blockBytes(reader, walk.meshPointers), meshData.size())) {
         faceBudget -= readMesh(meshData, offset, objects, counts, faceBudget);
         if (faceBudget <= 0)
             return;

@@ -17,7 +17,6 @@ public:
     qint64 at(qint64 index) const;
     // The counts of index and of every index after it.
     qint64 from(qint64 index) const;
-    qint64 total() const { return m_total; }
 
     friend bool operator==(const TextureUseCounts&, const TextureUseCounts&) = default;
 

@@ -58,12 +58,12 @@ QImage TileBitmapReader::read(QIODevice& device, QString* error, qint64 levelTil
             *error = cause;
         return QImage();
     };
-    if (const QString refusal = decodeRefusal(device, levelTiles); !refusal.isEmpty())
-        return fail(refusal);
     const Claim claim = claimOf(device);
+    if (const QString refusal = decodeRefusal(claim, device.size(), levelTiles); !refusal.isEmpty())
+        return fail(refusal);
     if (const QString wrongSize = sizeError(claim); !wrongSize.isEmpty())
         return fail(wrongSize);
-    if (const QString cut = cutCause(device); !cut.isEmpty())
+    if (const QString cut = cutCause(device, claim); !cut.isEmpty())
         return fail(cut);
 
     const ImageMessageCatcher said;
@@ -93,7 +93,11 @@ TileBitmapReader::Claim TileBitmapReader::claimOf(QIODevice& device)
 
 QString TileBitmapReader::decodeRefusal(QIODevice& device, qint64 levelTiles)
 {
-    const Claim claim = claimOf(device);
+    return decodeRefusal(claimOf(device), device.size(), levelTiles);
+}
+
+QString TileBitmapReader::decodeRefusal(const Claim& claim, qint64 fileSize, qint64 levelTiles)
+{
     if (!claim.error.isEmpty())
         return claim.error;
     const qint64 tiles = (claim.height + Side - 1) / Side;
@@ -106,20 +110,24 @@ QString TileBitmapReader::decodeRefusal(QIODevice& device, qint64 levelTiles)
     constexpr qint64 PixelBytes = 4;
     const qint64 decoded = claim.width * claim.height * PixelBytes;
     const qint64 freeBytes = qMax(FreeTiles, levelTiles) * Side * Side * PixelBytes;
-    if (decoded > freeBytes && decoded > device.size() * ExpansionFactor) {
+    if (decoded > freeBytes && decoded > fileSize * ExpansionFactor) {
         return QStringLiteral("would decode its %1 x %2 pixels to %3 MB, more than %4 times its %5 bytes")
             .arg(claim.width)
             .arg(claim.height)
             .arg(decoded >> 20)
             .arg(ExpansionFactor)
-            .arg(device.size());
+            .arg(fileSize);
     }
     return {};
 }
 
 QString TileBitmapReader::cutCause(QIODevice& device)
 {
-    const Claim claim = claimOf(device);
+    return cutCause(device, claimOf(device));
+}
+
+QString TileBitmapReader::cutCause(QIODevice& device, const Claim& claim)
+{
     if (!claim.error.isEmpty())
         return {};
     if (claim.leastBytes > device.size()) {

@@ -65,6 +65,8 @@ private:
     };
 
     static Claim claimOf(QIODevice& device);
+    static QString decodeRefusal(const Claim& claim, qint64 fileSize, qint64 levelTiles);
+    static QString cutCause(QIODevice& device, const Claim& claim);
     static Claim bmpClaim(const QByteArray& head);
     static Claim pngClaim(const QByteArray& head);
     static QString sizeError(const Claim& claim);

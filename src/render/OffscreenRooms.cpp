@@ -59,10 +59,7 @@ void OffscreenRooms::makeCurrent()
 
 QImage OffscreenRooms::render(const RoomCamera& camera)
 {
-    makeCurrent();
-    m_target->bind();
-    m_renderer.draw(camera, m_size);
-    m_target->release();
+    draw(camera);
     return m_target->toImage().convertToFormat(QImage::Format_RGB32);
 }
 

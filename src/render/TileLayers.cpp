@@ -1,5 +1,7 @@
 #include "render/TileLayers.h"
 
+#include "level/TilePixelEncoder.h"
+
 TileLayers::TileLayers(const QImage& bitmap)
 {
     m_count = (bitmap.height() + TileSize - 1) / TileSize;
@@ -16,8 +18,8 @@ TileLayers::TileLayers(const QImage& bitmap)
 
 quint16 TileLayers::texel(QRgb pixel)
 {
-    const bool seeThrough = qAlpha(pixel) < 128 || (pixel & 0xFFFFFF) == 0xFF00FF;
-    if (seeThrough)
+    // The same see-through rule as the level's own tiles take.
+    if (TilePixelEncoder::shownColour(pixel, true) == TilePixelEncoder::SeeThrough)
         return 0;
     return quint16(0x8000 | (qRed(pixel) >> 3) << 10 | (qGreen(pixel) >> 3) << 5 | (qBlue(pixel) >> 3));
 }

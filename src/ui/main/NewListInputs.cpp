@@ -4,7 +4,7 @@
 #include "common/ShownName.h"
 #include "level/C_LevelInfo.h"
 #include "level/LevelVersion.h"
-#include "ui/bitmap/ucScrollPic.h"
+#include "ui/bitmap/BitmapCache.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -38,9 +38,9 @@ QString NewListInputs::LevelRefusal(const QString& level)
     QString cause;
     if (!info.IsOpened())
         cause = info.ErrorString().isEmpty() ? tr("the file cannot be opened") : info.ErrorString();
-    else if (info.Game() != LevelVersion::Game::TR2 && info.Game() != LevelVersion::Game::TR3)
+    else if (!LevelVersion::hasTextureTables(info.Game()))
         cause = tr("it is not a TR 2 or TR 3 level (version %1)").arg(info.VersionString());
-    else if (!info.AreTablesInsideFile())
+    else
         cause = info.TablesUnusableCause();
     if (cause.isEmpty())
         return {};
@@ -51,8 +51,8 @@ QString NewListInputs::BitmapRefusal(const QString& bitmap)
 {
     if (bitmap.isEmpty())
         return {};
-    ucScrollPic probe;
-    if (probe.LoadOnePicture(bitmap))
+    QString why;
+    if (!BitmapCache::Load(bitmap, &why).isNull())
         return {};
-    return tr("The bitmap cannot be shown: %1.").arg(probe.ErrorString());
+    return tr("The bitmap cannot be shown: %1.").arg(why);
 }

@@ -113,8 +113,8 @@ private:
     void TellPagesOfRewind();
     // Empties the list menus, labels and pages of a list that is set aside.
     void ShowNoList();
-    // Header clicks on the content lists sort through the document, and the
-    // texture count follows the rows.
+    // A header click on a content list sorts only what it shows, and the
+    // status bar says so; the texture count follows the rows.
     void FollowDocumentViews();
     void CreatePages();
     bool LoadList(bool IsNew);

@@ -24,7 +24,6 @@
 #include <QOpenGLContext>
 #include <QScreen>
 #include <QStackedWidget>
-#include <QUndoStack>
 #include <QVBoxLayout>
 
 #include "ui/rooms/RoomsView.h"
@@ -75,6 +74,7 @@ RoomsDock::RoomsDock(frmMain& window)
     , m_state(window.state())
 {
     setObjectName(QStringLiteral("dckRooms"));
+    m_edit = window.findChild<QAbstractButton*>(QStringLiteral("cmdEdit"));
     buildContent();
     addMenu();
     connectDocument();
@@ -188,16 +188,21 @@ void RoomsDock::addMenu()
 
 void RoomsDock::connectDocument()
 {
-    const auto refresh = [this] { scheduleRefresh(); };
-    connect(m_state.document().undoStack(), &QUndoStack::indexChanged, this, refresh);
+    // Only an edit of the lists (an Accept, an undo, a redo, a reload) makes
+    // the textures be read from them again; a chosen row, a drag or an
+    // animation frame redraws from what was read.
+    const auto listChanged = [this] {
+        m_listChanged = true;
+        scheduleRefresh();
+    };
     for (ListViewModel* rows : {&m_state.views.lsvTextures, &m_state.views.lsvAnims, &m_state.views.lsvAnimDetails}) {
-        connect(rows, &QAbstractItemModel::modelReset, this, refresh);
-        connect(rows, &QAbstractItemModel::rowsInserted, this, refresh);
-        connect(rows, &QAbstractItemModel::rowsRemoved, this, refresh);
-        connect(rows, &QAbstractItemModel::dataChanged, this, refresh);
-        connect(rows, &QAbstractItemModel::layoutChanged, this, refresh);
+        connect(rows, &QAbstractItemModel::modelReset, this, listChanged);
+        connect(rows, &QAbstractItemModel::rowsInserted, this, listChanged);
+        connect(rows, &QAbstractItemModel::rowsRemoved, this, listChanged);
+        connect(rows, &QAbstractItemModel::dataChanged, this, listChanged);
+        connect(rows, &QAbstractItemModel::layoutChanged, this, listChanged);
     }
-    connect(&m_state.views.lsvTextures, &ListViewModel::selectedRowChanged, this, refresh);
+    connect(&m_state.views.lsvTextures, &ListViewModel::selectedRowChanged, this, [this] { scheduleRefresh(); });
     if (ucScrollPic* bitmap = m_state.picture()) {
         // A flip, a drag or a typed corner of the texture being edited shows before its Accept.
         connect(bitmap, &ucScrollPic::EditOutlineChanged, this, [this](const QPolygon& corners) {
@@ -291,7 +296,10 @@ void RoomsDock::uploadBitmap()
 
 void RoomsDock::uploadTextures()
 {
-    m_textures = ListTextures::of(m_state.document());
+    if (m_listChanged) {
+        m_textures = ListTextures::of(m_state.document());
+        m_listChanged = false;
+    }
     QList<ObjectTexture> textures = m_textures.textures;
     editedRow(textures);
     QSet<int> chosen;
@@ -300,12 +308,12 @@ void RoomsDock::uploadTextures()
     m_view->setTextures(TextureTable::build(textures, m_textures.shownAt(m_frame), chosen));
 }
 
-int RoomsDock::editedRow(QList<ObjectTexture>& textures) const
+void RoomsDock::editedRow(QList<ObjectTexture>& textures) const
 {
-    const auto* edit = m_window.findChild<QAbstractButton*>(QStringLiteral("cmdEdit"));
     const int row = m_state.views.lsvTextures.selectedRow();
-    if (m_editOutline.size() < 3 || !edit || !ButtonCaption::Is(*edit, u"Accept") || row < 0 || row >= textures.size())
-        return -1;
+    if (m_editOutline.size() < 3 || !m_edit || !ButtonCaption::Is(*m_edit, u"Accept") || row < 0
+        || row >= textures.size())
+        return;
     // The frame's corners are whole-bitmap pixels: the right- and bottom-most
     // stand for the far side of their pixel, as a rectangle's Hi corner does.
     const QRect bounds = m_editOutline.boundingRect();
@@ -323,12 +331,11 @@ int RoomsDock::editedRow(QList<ObjectTexture>& textures) const
         const bool farX = at.x() == bounds.right() && at.x() > bounds.left();
         const bool farY = at.y() == bounds.bottom() && at.y() > bounds.top();
         const int y = at.y() - bounds.top() / TextureGeometry::TileSize * TextureGeometry::TileSize;
-        record.setColumn(ObjectTexture::XColumn(c), qMin(at.x(), 255));
-        record.setColumn(ObjectTexture::YColumn(c), qMin(y, 255));
+        record.setColumn(ObjectTexture::XColumn(c), qMin(at.x(), TextureGeometry::TileSize - 1));
+        record.setColumn(ObjectTexture::YColumn(c), qMin(y, TextureGeometry::TileSize - 1));
         record.setColumn(ObjectTexture::XHiColumn(c), farX ? TextureGeometry::HighEdge : TextureGeometry::LowEdge);
         record.setColumn(ObjectTexture::YHiColumn(c), farY ? TextureGeometry::HighEdge : TextureGeometry::LowEdge);
     }
-    return row;
 }
 
 void RoomsDock::stepAnimation()

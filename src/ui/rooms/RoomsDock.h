@@ -10,6 +10,7 @@
 #include <memory>
 
 class EditorState;
+class QAbstractButton;
 class QComboBox;
 class QLabel;
 class QStackedWidget;
@@ -55,8 +56,8 @@ private:
     void showWords(const QString& text);
     void fillRoomList();
     void stepAnimation();
-    // The row being edited, with the corners its frame holds now; -1 while none is.
-    int editedRow(QList<ObjectTexture>& textures) const;
+    // The texture being edited as its frame stands, in place of its row.
+    void editedRow(QList<ObjectTexture>& textures) const;
 
     frmMain& m_window;
     EditorState& m_state;
@@ -74,4 +75,7 @@ private:
     bool m_unavailable = false;
     bool m_sized = false;
     QPolygon m_editOutline;
+    const QAbstractButton* m_edit = nullptr;
+    // The lists were edited since their textures were last read.
+    bool m_listChanged = true;
 };
