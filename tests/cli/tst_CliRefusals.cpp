@@ -306,16 +306,19 @@ private slots:
     {
         QTest::addColumn<QByteArray>("bitmap");
         QTest::addColumn<QString>("why");
+        // Refused from its header alone, so render, which decodes any
+        // picture, refuses it the same way before decoding.
+        QTest::addColumn<bool>("bounded");
         const QByteArray png = encoded(QImage(256, 512, QImage::Format_RGB32), "png");
         QImage bomb(256, 131072, QImage::Format_Mono);
         bomb.fill(0);
-        QTest::newRow("empty") << QByteArray() << "is empty, not a BMP or PNG image";
-        QTest::newRow("text") << QByteArray("plain text") << "is not a BMP or PNG image";
-        QTest::newRow("PNG cut short") << png.chopped(40) << "is cut short";
-        QTest::newRow("PNG without its palette") << pngWithoutPalette() << "PLTE";
-        QTest::newRow("1-bit PNG of 512 tiles") << encoded(bomb, "png") << "would decode";
+        QTest::newRow("empty") << QByteArray() << "is empty, not a BMP or PNG image" << false;
+        QTest::newRow("text") << QByteArray("plain text") << "is not a BMP or PNG image" << false;
+        QTest::newRow("PNG cut short") << png.chopped(40) << "is cut short" << false;
+        QTest::newRow("PNG without its palette") << pngWithoutPalette() << "PLTE" << false;
+        QTest::newRow("1-bit PNG of 512 tiles") << encoded(bomb, "png") << "would decode" << true;
         QTest::newRow("BMP of more tiles than a level addresses")
-            << bmpHeader(256, 256 * 65537) << "more than the 65536 a level can address";
+            << bmpHeader(256, 256 * 65537) << "more than the 65536 a level can address" << true;
     }
 
     void bitmapRefusalsAreOneLine()
@@ -332,6 +335,16 @@ private slots:
                  run.err.constData());
         QVERIFY2(run.err.contains(why.toUtf8()), run.err.constData());
         QVERIFY(!QFile::exists(out));
+
+        QFETCH(bool, bounded);
+        if (!bounded)
+            return;
+        const QString picture = path(QStringLiteral("bitmaps/out.png"));
+        const CliRun render = cli({"render", path(QStringLiteral("level.tr2")), "--bitmap", file, "-o", picture});
+        QCOMPARE(render.exitCode, 2);
+        QCOMPARE(render.err.count('\n'), 1);
+        QVERIFY2(render.err.contains(why.toUtf8()), render.err.constData());
+        QVERIFY(!QFile::exists(picture));
     }
 
     // demo checks all three files before it writes one, and says why a
