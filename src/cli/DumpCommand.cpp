@@ -28,7 +28,7 @@ QList<QPair<QString, qint64>> numbers(const C_ListInfo& list)
     return fields;
 }
 
-QList<QPair<QString, ListViewModel*>> namedViews(ListViewSet& views)
+QList<QPair<QString, ListRows*>> namedViews(ListViewSet& views)
 {
     return {
         {QStringLiteral("lsvTextures"), &views.lsvTextures},
@@ -40,11 +40,11 @@ QList<QPair<QString, ListViewModel*>> namedViews(ListViewSet& views)
     };
 }
 
-QJsonArray rowsAsJson(const ListViewModel& view)
+QJsonArray rowsAsJson(const ListRows& view)
 {
     QJsonArray rows;
     for (int i = 0; i < view.count(); ++i) {
-        const ListViewModel::Row& row = view.row(i);
+        const ListRows::Row& row = view.row(i);
         rows.append(QJsonObject{{QStringLiteral("key"), row.key},
                                 {QStringLiteral("text"), row.text},
                                 {QStringLiteral("subItems"), QJsonArray::fromStringList(row.subItems)}});
@@ -95,7 +95,7 @@ void writeText(QTextStream& out, const C_ListInfo& list, ListViewSet& views)
         out << '\n' << name << " (" << view->count() << " rows)\n";
         out << "  key\t" << view->columns().join(QLatin1Char('\t')) << '\n';
         for (int i = 0; i < view->count(); ++i) {
-            const ListViewModel::Row& row = view->row(i);
+            const ListRows::Row& row = view->row(i);
             out << "  " << row.key << '\t' << row.text;
             for (const QString& cell : row.subItems)
                 out << '\t' << cell;

@@ -1,6 +1,5 @@
 #include "common/m_Code.h"
 
-#include "common/ListViewModel.h"
 
 namespace m_Code {
 
@@ -21,13 +20,6 @@ int DigitKeyFilter(int keyAscii)
     if (keyAscii == Enter || keyAscii == Backspace || (keyAscii >= '0' && keyAscii <= '9'))
         return keyAscii;
     return 0;
-}
-
-void SortListView(ListViewModel& listView, int columnHeaderIndex, bool ascending)
-{
-    listView.setSortOrder(ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
-    listView.setSortKey(columnHeaderIndex - 1);
-    listView.setSorted(true);
 }
 
 } // namespace m_Code

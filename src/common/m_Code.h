@@ -2,8 +2,6 @@
 
 #include <QString>
 
-class ListViewModel;
-
 // Small stateless routines the pages share, those that need no widget.
 namespace m_Code {
 
@@ -15,9 +13,5 @@ QString PadLeft(const QString& text, const QString& pad, int width);
 // The key code for Enter, Backspace and the digits 0-9; 0 (discard) for any
 // other key, so numeric boxes take no sign and no decimal point.
 int DigitKeyFilter(int keyAscii);
-
-// Sorts by the clicked header (headers count from 1, sort keys from 0) in the
-// order the caller's flag asks; callers invert their flag on every click.
-void SortListView(ListViewModel& listView, int columnHeaderIndex, bool ascending);
 
 } // namespace m_Code

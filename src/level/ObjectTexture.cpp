@@ -76,6 +76,13 @@ void ObjectTexture::setColumn(int listColumn, int value)
         bytes[field.offset] = static_cast<quint8>(value);
 }
 
+std::pair<int, int> ObjectTexture::columnRange(int listColumn)
+{
+    if (listColumn < 1 || listColumn > ColumnCount)
+        return {0, 0};
+    return {0, Fields[listColumn].width == 2 ? 0xFFFF : 0xFF};
+}
+
 const QStringList& ObjectTexture::headers()
 {
     static const QStringList names{

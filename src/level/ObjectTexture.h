@@ -4,6 +4,7 @@
 #include <QtGlobal>
 
 #include <array>
+#include <utility>
 
 // One object texture record: 20 bytes, copied byte for byte between a level,
 // a list file and a rebuilt level.
@@ -37,6 +38,9 @@ struct ObjectTexture
     // Value of list column 1 ("Tile#") to 18 ("Y4Hi").
     int column(int listColumn) const;
     void setColumn(int listColumn, int value);
+    // The values a column's field can hold: 0 to 65535 for the two words,
+    // 0 to 255 for the corner bytes.
+    static std::pair<int, int> columnRange(int listColumn);
 
     // "No", "Tile#", "Trans", "X1", "Y1", ... "Y4", "X1Hi", ... "Y4Hi".
     static const QStringList& headers();

@@ -62,6 +62,26 @@ void SpriteTexture::setColumn(int listColumn, int value)
     }
 }
 
+std::pair<int, int> SpriteTexture::columnRange(int listColumn)
+{
+    switch (listColumn) {
+    case 2:
+    case 3:
+        return {0, 0xFF};
+    case 1:
+    case 4:
+    case 5:
+        return {0, 0xFFFF};
+    case 6:
+    case 7:
+    case 8:
+    case 9:
+        return {-0x8000, 0x7FFF};
+    default:
+        return {0, 0};
+    }
+}
+
 const QStringList& SpriteTexture::headers()
 {
     static const QStringList names{

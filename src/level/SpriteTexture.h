@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <QtGlobal>
 
+#include <utility>
+
 // One sprite texture record, 16 bytes:
 //   0 Tile (u16)  2 X (u8)  3 Y (u8)  4 Width (u16)  6 Height (u16)
 //   8 Left  10 Top  12 Right  14 Bottom (all s16)
@@ -28,6 +30,8 @@ struct SpriteTexture
     // Value of list column 1 ("Tile#") to 9 ("Bottom").
     int column(int listColumn) const;
     void setColumn(int listColumn, int value);
+    // The values a column's field can hold.
+    static std::pair<int, int> columnRange(int listColumn);
 
     // "No", "Tile#", "X", "Y", "Width", "Height", "Left", "Top", "Right", "Bottom".
     static const QStringList& headers();

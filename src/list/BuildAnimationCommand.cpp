@@ -1,94 +1,78 @@
 #include "list/BuildAnimationCommand.h"
 
-#include "common/NumberText.h"
+#include "list/tables/RangeRowFormat.h"
+#include "list/tables/RangeTextureFormat.h"
 
 #include <QCoreApplication>
 
-#include <algorithm>
-
 namespace {
 
-enum AnimColumn { NumberColumn = 1, FirstColumn = 2 };
-
-QString Wildcard(const QString& prefix)
+QString TextOf(BuildAnimationCommand::Build build, qint32 number)
 {
-    return prefix + QLatin1Char('*');
-}
-
-QString TextOf(BuildAnimationCommand::Build build, const QString& number)
-{
+    const QString shown = RangeRowFormat::NumberText(number);
     return build == BuildAnimationCommand::Build::New
-        ? QCoreApplication::translate("ListDocument", "Add Animation %1").arg(number)
-        : QCoreApplication::translate("ListDocument", "Edit Animation %1").arg(number);
+        ? QCoreApplication::translate("ListDocument", "Add Animation %1").arg(shown)
+        : QCoreApplication::translate("ListDocument", "Edit Animation %1").arg(shown);
 }
 
 } // namespace
 
-BuildAnimationCommand::BuildAnimationCommand(ListViewSet& views, Build build, const QString& number,
-                                             const QStringList& textures)
-    : RowEditCommand(TextOf(build, number))
-    , m_views(views)
+BuildAnimationCommand::BuildAnimationCommand(ListTables& tables, Build build, qint32 number,
+                                             const QList<quint16>& textures)
+    : TableEditCommand(TextOf(build, number))
+    , m_tables(tables)
     , m_build(build)
     , m_number(number)
     , m_textures(textures)
 {
 }
 
-QList<int> BuildAnimationCommand::DetailRowsOf(const ListViewModel& details, const QString& number)
+bool BuildAnimationCommand::perform(TableEditLog& log)
 {
-    QList<int> rows = details.rowsWithTextLike(Wildcard(number));
-    std::reverse(rows.begin(), rows.end());
-    return rows;
-}
-
-bool BuildAnimationCommand::perform(RowEditLog& log)
-{
-    if (m_number.isEmpty() || m_textures.isEmpty())
+    if (m_number < 0 || m_textures.isEmpty())
         return false;
     if (m_build == Build::New) {
         if (!AppendRange(log))
             return false;
     } else {
         RefreshSingleRange(log);
-        for (int row : DetailRowsOf(m_views.lsvAnimDetails, m_number))
-            log.remove(m_views.lsvAnimDetails, row);
+        RemoveReachedTextures(log);
     }
-    AppendDetails(log);
+    AppendTextures(log);
     return true;
 }
 
-bool BuildAnimationCommand::AppendRange(RowEditLog& log)
+bool BuildAnimationCommand::AppendRange(TableEditLog& log)
 {
-    return log.add(m_views.lsvAnims, {QLatin1Char('A') + m_number, m_number,
-                                      {NumberText::of(m_textures.size()), m_textures.constFirst()}});
+    return m_tables.ranges.rowOfNumber(m_number) < 0
+        && log.append(m_tables.ranges, RangeEntry{m_number, qint32(m_textures.size()), m_textures.constFirst(), true});
 }
 
-void BuildAnimationCommand::RefreshSingleRange(RowEditLog& log)
+void BuildAnimationCommand::RefreshSingleRange(TableEditLog& log)
 {
-    // The summary row is brought up to date only while the list holds one
-    // range; with more, its "Number" and "First" keep their old values
-    // although its detail rows are replaced.
-    ListViewModel& anims = m_views.lsvAnims;
-    if (anims.count() != 1 || !ListViewModel::matchesPattern(anims.text(0), Wildcard(m_number)))
+    if (m_tables.ranges.count() != 1 || !RangeRowFormat::Reaches(m_number, m_tables.ranges.at(0).number))
         return;
-    QStringList subItems = anims.row(0).subItems;
-    while (subItems.size() < FirstColumn)
-        subItems.append(QString());
-    subItems[NumberColumn - 1] = NumberText::of(m_textures.size());
-    subItems[FirstColumn - 1] = m_textures.constFirst();
-    log.replace(anims, 0, anims.text(0), subItems);
+    RangeEntry refreshed = m_tables.ranges.at(0);
+    refreshed.shownCount = qint32(m_textures.size());
+    refreshed.shownFirst = m_textures.constFirst();
+    refreshed.showsFirst = true;
+    log.replace(m_tables.ranges, 0, refreshed);
 }
 
-void BuildAnimationCommand::AppendDetails(RowEditLog& log)
+void BuildAnimationCommand::RemoveReachedTextures(TableEditLog& log)
 {
-    ListViewModel& details = m_views.lsvAnimDetails;
+    for (int row = m_tables.rangeTextures.count() - 1; row >= 0; --row) {
+        if (RangeRowFormat::Reaches(m_number, m_tables.rangeTextures.at(row).range))
+            log.remove(m_tables.rangeTextures, row);
+    }
+}
+
+void BuildAnimationCommand::AppendTextures(TableEditLog& log)
+{
     for (int place = 0; place < m_textures.size(); ++place) {
-        const QString key = QLatin1Char('A') + m_number + NumberText::of(place);
-        const QString text = m_number + QLatin1Char('-') + NumberText::of(place);
-        // Past range 99 a detail key can repeat another range's (A10 + 12
-        // and A101 + 2); the row is then kept without a key, so the range
-        // still writes all its textures.
-        const QString freeKey = details.findKey(key) >= 0 ? QString() : key;
-        log.add(details, {freeKey, text, {m_textures[place]}});
+        // Past range 99 a texture's key can repeat another range's (A10 + 12
+        // and A101 + 2); the row then goes without one and still saves.
+        const bool keyed = RangeTextureFormat::Find(m_tables.rangeTextures, RangeTextureFormat::Key(m_number, place)) < 0;
+        log.append(m_tables.rangeTextures, RangeTextureEntry{m_number, place, m_textures[place], keyed});
     }
 }

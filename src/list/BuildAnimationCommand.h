@@ -1,36 +1,36 @@
 #pragma once
 
-#include "list/ListViewSet.h"
-#include "list/RowEditCommand.h"
+#include "list/TableEditCommand.h"
+#include "list/tables/ListTables.h"
 
-// A whole animated texture range built at once: a new range (its lsvAnims
-// row and one lsvAnimDetails row per texture), or an existing range's
-// textures replaced. "Add Animation 05", "Edit Animation 05".
+#include <QList>
+
+// A whole animated texture range built at once: a new range (its summary row
+// and one row per texture), or an existing range's textures replaced.
+// "Add Animation 05", "Edit Animation 05".
 //
-// A range numbered NN owns the lsvAnims row with text NN and key "A"NN and
-// the detail rows with texts "NN-i" and keys "A"NNi; its rows are found by
-// prefix, so range 10 also reaches the rows of ranges 100 to 109.
-class BuildAnimationCommand : public RowEditCommand
+// Replacing takes out the texture rows of every range the number reaches
+// (RangeRowFormat::Reaches) and puts the new ones at the end. The summary row
+// is brought up to date only while the list holds that one range; with more,
+// its "Number" and "First" keep their old values.
+class BuildAnimationCommand : public TableEditCommand
 {
 public:
     enum class Build { New, Replace };
 
-    BuildAnimationCommand(ListViewSet& views, Build build, const QString& number, const QStringList& textures);
-
-    // The rows of lsvAnimDetails whose texts start with the number, from
-    // the last up; the ones a range NN owns or reaches.
-    static QList<int> DetailRowsOf(const ListViewModel& details, const QString& number);
+    BuildAnimationCommand(ListTables& tables, Build build, qint32 number, const QList<quint16>& textures);
 
 protected:
-    bool perform(RowEditLog& log) override;
+    bool perform(TableEditLog& log) override;
 
 private:
-    bool AppendRange(RowEditLog& log);
-    void RefreshSingleRange(RowEditLog& log);
-    void AppendDetails(RowEditLog& log);
+    bool AppendRange(TableEditLog& log);
+    void RefreshSingleRange(TableEditLog& log);
+    void RemoveReachedTextures(TableEditLog& log);
+    void AppendTextures(TableEditLog& log);
 
-    ListViewSet& m_views;
+    ListTables& m_tables;
     Build m_build;
-    QString m_number;
-    QStringList m_textures;
+    qint32 m_number;
+    QList<quint16> m_textures;
 };

@@ -2,7 +2,7 @@
 
 #include "level/AnimatedTextureBlock.h"
 #include "level/BinaryReader.h"
-#include "common/ListViewModel.h"
+#include "list/tables/ListTables.h"
 #include "level/ObjectTexture.h"
 #include "level/ReadOnlyFile.h"
 #include "level/SpriteSequence.h"
@@ -67,16 +67,17 @@ public:
     }
     void reserve(qint64 size) { m_bytes.reserve(size); }
 
-    // A table at p: the row count of view as 32 bits, then one record per
-    // row. Returns the position after it.
-    template <class Record, class RecordOfRow>
-    qint64 putTable(qint64 p, const ListViewModel& view, RecordOfRow recordOfRow)
+    // A table at p: its entry count as 32 bits, then each entry's record.
+    // Returns the position after it.
+    template <class Entry>
+    qint64 putTable(qint64 p, const RecordTable<Entry>& table)
     {
-        const int n = view.count();
+        using Record = decltype(Entry::record);
+        const int n = table.count();
         put32(p, quint32(n));
         char record[Record::Size];
         for (int row = 0; row < n; ++row) {
-            recordOfRow(view, row).toBytes(record);
+            table.at(row).record.toBytes(record);
             put(p + 4 + qint64(Record::Size) * row, record, Record::Size);
         }
         return p + 4 + qint64(Record::Size) * n;
@@ -88,18 +89,10 @@ private:
 };
 
 qint16 C_ListInfo::Init(const QString& sFileName, const QString& sLevelName, const QString& sBitMap,
-                        ListViewModel* lsvTexture, ListViewModel* lsvAnims, ListViewModel* lsvAnimDetails,
-                        ListViewModel* lsvSprites, ListViewModel* lsvSequences,
-                        ListViewModel* lsvSequenceDetails, quint32 /*lngVersion*/)
+                        ListTables* tables, quint32 /*lngVersion*/)
 {
     m_fileName = sFileName;
-    m_lsvTexture = lsvTexture;
-    m_lsvAnims = lsvAnims;
-    m_lsvAnimDetails = lsvAnimDetails;
-    m_lsvSprites = lsvSprites;
-    m_lsvSequences = lsvSequences;
-    m_lsvSequenceDetails = lsvSequenceDetails;
-    m_ready = lsvTexture && lsvAnims && lsvAnimDetails && lsvSprites && lsvSequences && lsvSequenceDetails;
+    m_tables = tables;
 
     if (!sLevelName.isEmpty()) {
         SetNames(sBitMap, sLevelName);
@@ -110,24 +103,16 @@ qint16 C_ListInfo::Init(const QString& sFileName, const QString& sLevelName, con
     return ReadListStructure(sFileName);
 }
 
-qint16 C_ListInfo::InitStandAlone(const QString& sFileName, const QString& sBitMap,
-                                  const QList<ListViewModel*>& views, quint32 lngVersion)
+qint16 C_ListInfo::InitStandAlone(const QString& sFileName, const QString& sBitMap, ListTables* tables,
+                                  quint32 lngVersion)
 {
-    if (views.size() != 6)
-        return Failure;
     m_fileName = sFileName;
-    m_lsvTexture = views[0];
-    m_lsvAnims = views[1];
-    m_lsvAnimDetails = views[2];
-    m_lsvSprites = views[3];
-    m_lsvSequences = views[4];
-    m_lsvSequenceDetails = views[5];
-    m_ready = !views.contains(nullptr);
+    m_tables = tables;
     SetNames(sBitMap, QString());
     m_version = lngVersion;
     m_typeLevel = 0;
     m_error = {};
-    return m_ready ? Success : Failure;
+    return m_tables ? Success : Failure;
 }
 
 qint16 C_ListInfo::InitForInsert(const QString& strFileName)
@@ -273,26 +258,25 @@ QString C_ListInfo::LoneWordNotice() const
 
 qint16 C_ListInfo::GetAllListContents()
 {
-    if (!m_ready)
+    if (!m_tables)
         return Failure;
     QFile file(m_fileName);
     if (!ReadOnlyFile::open(file, m_error) || !ReadTablePositions(file))
         return Failure;
     BinaryReader reader(file, 1 << 16);
-    m_TextureList::FillObjectTextures(reader, m_objectTexture, *m_lsvTexture);
-    m_TextureList::FillAnimations(reader, m_animatedTexture, *m_lsvAnims, *m_lsvAnimDetails);
-    // Where the sprite table is not where the counts place it, the views get
-    // no rows made of other fields' bytes.
+    m_TextureList::FillObjectTextures(reader, m_objectTexture, m_tables->textures);
+    m_TextureList::FillAnimations(reader, m_animatedTexture, *m_tables);
+    // Where the sprite table is not where the counts place it, the list gets
+    // no records made of other fields' bytes.
     const TablePosition none;
-    m_SpriteList::FillSprites(reader, m_tablesFollowLoneWord ? none : m_spriteTexture, *m_lsvSprites);
-    m_SpriteList::FillSequences(reader, m_tablesFollowLoneWord ? none : m_spriteSequence, *m_lsvSequences,
-                                *m_lsvSequenceDetails);
+    m_SpriteList::FillSprites(reader, m_tablesFollowLoneWord ? none : m_spriteTexture, m_tables->sprites);
+    m_SpriteList::FillSequences(reader, m_tablesFollowLoneWord ? none : m_spriteSequence, m_tables->sequences);
     return Success;
 }
 
 qint16 C_ListInfo::PutAllListContents()
 {
-    if (!m_ready)
+    if (!m_tables)
         return Failure;
     // The list never takes the place of the level or the bitmap it names.
     m_error = FileIdentity::outputRefusal(
@@ -318,14 +302,14 @@ QString C_ListInfo::NamedPath(const QString& name, const QString& listPath)
 
 QByteArray C_ListInfo::ListFileImage() const
 {
-    if (!m_ready)
+    if (!m_tables)
         return {};
     Image image;
     image.reserve(64 + m_bitMapNameLength + m_levelFileNameLength
-                  + qint64(m_lsvTexture->count()) * ObjectTexture::Size
-                  + qint64(m_lsvSprites->count()) * SpriteTexture::Size
-                  + qint64(m_lsvSequences->count()) * SpriteSequence::Size
-                  + qint64(m_lsvAnimDetails->count() + m_lsvAnims->count()) * 2);
+                  + qint64(m_tables->textures.count()) * ObjectTexture::Size
+                  + qint64(m_tables->sprites.count()) * SpriteTexture::Size
+                  + qint64(m_tables->sequences.count()) * SpriteSequence::Size
+                  + qint64(m_tables->rangeTextures.count() + m_tables->ranges.count()) * 2);
     qint64 p = WriteListHeader(image);
     p = WriteObjectTextures(image, p);
     p = WriteAnimatedTextures(image, p);
@@ -350,7 +334,7 @@ qint64 C_ListInfo::WriteListHeader(Image& image) const
 
 qint64 C_ListInfo::WriteObjectTextures(Image& image, qint64 p) const
 {
-    return image.putTable<ObjectTexture>(p, *m_lsvTexture, m_TextureList::ObjectTextureOfRow);
+    return image.putTable(p, m_tables->textures);
 }
 
 qint64 C_ListInfo::WriteAnimatedTextures(Image& image, qint64 p) const
@@ -358,8 +342,8 @@ qint64 C_ListInfo::WriteAnimatedTextures(Image& image, qint64 p) const
     // The range count goes out as a 32-bit value at p + 4 whose upper half the
     // first range's word then overwrites, so the block holds it as one word.
     // A list without ranges therefore keeps a lone 0 word behind a count of 0.
-    const QList<quint16> words = m_TextureList::AnimatedTextureWords(*m_lsvAnims, *m_lsvAnimDetails);
-    const quint32 ranges = quint32(m_lsvAnims->count());
+    const QList<quint16> words = m_tables->AnimatedTextureWords();
+    const quint32 ranges = quint32(m_tables->ranges.count());
     image.put32(p + 4, ranges);
     qint64 counter = 1;
     for (qsizetype i = 1; i < words.size(); ++i, ++counter)
@@ -370,10 +354,10 @@ qint64 C_ListInfo::WriteAnimatedTextures(Image& image, qint64 p) const
 
 qint64 C_ListInfo::WriteSpriteTextures(Image& image, qint64 p) const
 {
-    return image.putTable<SpriteTexture>(p, *m_lsvSprites, m_SpriteList::SpriteOfRow);
+    return image.putTable(p, m_tables->sprites);
 }
 
 qint64 C_ListInfo::WriteSpriteSequences(Image& image, qint64 p) const
 {
-    return image.putTable<SpriteSequence>(p, *m_lsvSequences, m_SpriteList::SequenceOfRow);
+    return image.putTable(p, m_tables->sequences);
 }

@@ -8,13 +8,13 @@
 #include <QString>
 
 class BinaryReader;
-class ListViewModel;
+class ListTables;
 class QFile;
 
 // The open texture list: its file, the level and bitmap it belongs to, its
-// game version and where each table lies in the list file. The six list
-// views are the list's contents in memory; this class fills them from the
-// file and writes them back.
+// game version and where each table lies in the list file. The list's
+// records (ListTables) are its contents in memory; this class fills them
+// from the file and writes them back.
 //
 // The list file, little-endian, positions from 0:
 //   0 Version (4)   4 TypeLevel (2)
@@ -28,30 +28,27 @@ public:
     static constexpr qint16 Success = 0;
     static constexpr qint16 Failure = -99;
 
-    // Remembers the list path and the six views. With a level name the list
+    // Remembers the list path and the records. With a level name the list
     // is new: names and version come from the arguments and the level, and
     // nothing is written yet. Without one the list file is read. lngVersion
     // is accepted and never used: a list made without a level gets its
     // version from its own file.
-    qint16 Init(const QString& sFileName, const QString& sLevelName, const QString& sBitMap,
-                ListViewModel* lsvTexture, ListViewModel* lsvAnims, ListViewModel* lsvAnimDetails,
-                ListViewModel* lsvSprites, ListViewModel* lsvSequences, ListViewModel* lsvSequenceDetails,
+    qint16 Init(const QString& sFileName, const QString& sLevelName, const QString& sBitMap, ListTables* tables,
                 quint32 lngVersion = 0);
 
     // A new list with no level: names and version from the arguments, the
-    // views as they are. Nothing is read or written yet.
-    qint16 InitStandAlone(const QString& sFileName, const QString& sBitMap, const QList<ListViewModel*>& views,
-                          quint32 lngVersion);
+    // records as they are. Nothing is read or written yet.
+    qint16 InitStandAlone(const QString& sFileName, const QString& sBitMap, ListTables* tables, quint32 lngVersion);
 
     // Reads only the header and the table positions of a list file.
     qint16 InitForInsert(const QString& strFileName);
 
-    // Reads the list file into the six views; Failure when a view is
-    // missing or the file cannot be read (the views are then untouched).
+    // Reads the list file into the records; Failure when there are none to
+    // fill or the file cannot be read (the records are then untouched).
     qint16 GetAllListContents();
 
-    // Writes the six views to the list file; Failure when a view is missing
-    // or the file cannot be written (the old file is then untouched).
+    // Writes the records to the list file; Failure when there are none or
+    // the file cannot be written (the old file is then untouched).
     qint16 PutAllListContents();
 
     // The bytes PutAllListContents writes from position 0.
@@ -125,13 +122,7 @@ private:
     qint64 WriteSpriteSequences(Image& image, qint64 p) const;
 
     QString m_fileName;
-    ListViewModel* m_lsvTexture = nullptr;
-    ListViewModel* m_lsvAnims = nullptr;
-    ListViewModel* m_lsvAnimDetails = nullptr;
-    ListViewModel* m_lsvSprites = nullptr;
-    ListViewModel* m_lsvSequences = nullptr;
-    ListViewModel* m_lsvSequenceDetails = nullptr;
-    bool m_ready = false;
+    ListTables* m_tables = nullptr;
 
     quint32 m_version = 0;
     qint16 m_typeLevel = 0;

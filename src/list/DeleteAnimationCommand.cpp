@@ -1,26 +1,30 @@
 #include "list/DeleteAnimationCommand.h"
 
-#include "list/BuildAnimationCommand.h"
+#include "list/tables/RangeRowFormat.h"
 
 #include <QCoreApplication>
 
-DeleteAnimationCommand::DeleteAnimationCommand(ListViewSet& views, const QString& number)
-    : RowEditCommand(QCoreApplication::translate("ListDocument", "Delete Animation %1").arg(number))
-    , m_views(views)
+DeleteAnimationCommand::DeleteAnimationCommand(ListTables& tables, qint32 number)
+    : TableEditCommand(
+        QCoreApplication::translate("ListDocument", "Delete Animation %1").arg(RangeRowFormat::NumberText(number)))
+    , m_tables(tables)
     , m_number(number)
 {
 }
 
-bool DeleteAnimationCommand::perform(RowEditLog& log)
+bool DeleteAnimationCommand::perform(TableEditLog& log)
 {
-    if (m_number.isEmpty())
+    if (m_number < 0)
         return false;
-    // From the last row up, the first match goes: with ranges past 99, the
-    // number 10 may name the row of range 109 instead.
-    const QList<int> matching = m_views.lsvAnims.rowsWithTextLike(QString(m_number + QLatin1Char('*')));
-    if (!matching.isEmpty())
-        log.remove(m_views.lsvAnims, matching.last());
-    for (int row : BuildAnimationCommand::DetailRowsOf(m_views.lsvAnimDetails, m_number))
-        log.remove(m_views.lsvAnimDetails, row);
+    for (int row = m_tables.ranges.count() - 1; row >= 0; --row) {
+        if (RangeRowFormat::Reaches(m_number, m_tables.ranges.at(row).number)) {
+            log.remove(m_tables.ranges, row);
+            break;
+        }
+    }
+    for (int row = m_tables.rangeTextures.count() - 1; row >= 0; --row) {
+        if (RangeRowFormat::Reaches(m_number, m_tables.rangeTextures.at(row).range))
+            log.remove(m_tables.rangeTextures, row);
+    }
     return true;
 }

@@ -1,6 +1,7 @@
 #include "list/DeleteTextureCommand.h"
 
-#include "list/m_TextureList.h"
+#include "list/tables/RangeRowFormat.h"
+#include "list/tables/TextureRowFormat.h"
 
 #include <QCoreApplication>
 
@@ -14,12 +15,18 @@ QString Tr(const char* text)
     return QCoreApplication::translate("ListDocument", text);
 }
 
+QString RowText(const ListTables& tables, qint32 number)
+{
+    const int row = tables.textures.rowOfNumber(number);
+    return row < 0 ? QString() : TextureRowFormat::Cell(tables.textures.at(row), 0);
+}
+
 } // namespace
 
-DeleteTextureCommand::DeleteTextureCommand(ListViewSet& views, const QString& key, Outcome* outcome)
-    : RowEditCommand(Tr("Delete %1 %2").arg(Tr("Texture"), views.lsvTextures.text(views.lsvTextures.findKey(key))))
-    , m_views(views)
-    , m_key(key)
+DeleteTextureCommand::DeleteTextureCommand(ListTables& tables, qint32 number, Outcome* outcome)
+    : TableEditCommand(Tr("Delete %1 %2").arg(Tr("Texture"), RowText(tables, number)))
+    , m_tables(tables)
+    , m_number(number)
     , m_outcome(outcome)
 {
 }
@@ -27,7 +34,7 @@ DeleteTextureCommand::DeleteTextureCommand(ListViewSet& views, const QString& ke
 QList<DeleteTextureCommand::Range> DeleteTextureCommand::Ranges() const
 {
     // As the list is saved; a texture past the detail rows has no row to follow.
-    const QList<QList<int>> saved = m_TextureList::RangeDetailRows(m_views.lsvAnims, m_views.lsvAnimDetails);
+    const QList<QList<int>> saved = m_tables.RangeTextureRows();
     QList<Range> ranges;
     ranges.reserve(saved.size());
     for (int row = 0; row < saved.size(); ++row) {
@@ -40,15 +47,14 @@ QList<DeleteTextureCommand::Range> DeleteTextureCommand::Ranges() const
 
 QString DeleteTextureCommand::PastTheEnd(const QList<Range>& ranges) const
 {
-    const ListViewModel& details = m_views.lsvAnimDetails;
-    const qint64 textures = m_views.lsvTextures.count();
+    const qint64 textures = m_tables.textures.count();
     for (const Range& range : ranges) {
         for (int detail : range.details) {
-            const qint64 texture = details.subItemNumber(detail, 1);
+            const qint64 texture = m_tables.rangeTextures.at(detail).texture;
             if (texture < 0 || texture >= textures) {
                 return Tr("Nothing was deleted: range %1 names texture %2, past the list's %3 textures, so its "
                           "textures cannot follow. Mend the range first.")
-                    .arg(m_views.lsvAnims.text(range.row))
+                    .arg(RangeRowFormat::Cell(m_tables.ranges.at(range.row), 0))
                     .arg(texture)
                     .arg(textures);
             }
@@ -57,10 +63,9 @@ QString DeleteTextureCommand::PastTheEnd(const QList<Range>& ranges) const
     return {};
 }
 
-bool DeleteTextureCommand::perform(RowEditLog& log)
+bool DeleteTextureCommand::perform(TableEditLog& log)
 {
-    ListViewModel& textures = m_views.lsvTextures;
-    const int deleted = textures.findKey(m_key);
+    const int deleted = m_tables.textures.rowOfNumber(m_number);
     if (deleted < 0)
         return false;
     const QList<Range> ranges = Ranges();
@@ -69,23 +74,23 @@ bool DeleteTextureCommand::perform(RowEditLog& log)
         *m_outcome = {{}, {}, refusal};
     if (!refusal.isEmpty())
         return false;
-    if (!log.remove(textures, deleted))
+    if (!log.remove(m_tables.textures, deleted))
         return false;
     FollowTexture(log, ranges, deleted);
     return true;
 }
 
-void DeleteTextureCommand::FollowTexture(RowEditLog& log, const QList<Range>& ranges, int deleted)
+void DeleteTextureCommand::FollowTexture(TableEditLog& log, const QList<Range>& ranges, int deleted)
 {
-    ListViewModel& anims = m_views.lsvAnims;
-    ListViewModel& details = m_views.lsvAnimDetails;
+    RecordTable<RangeEntry>& anims = m_tables.ranges;
+    RecordTable<RangeTextureEntry>& details = m_tables.rangeTextures;
     // Rows are replaced first and removed last, from the bottom up, so every
     // row number the log keeps is right when its step is replayed.
     // Ranges found through their "First" may share detail rows: each row
     // follows once, from the texture it held before the deletion.
     std::vector<qint64> held(size_t(details.count()));
     for (int detail = 0; detail < details.count(); ++detail)
-        held[size_t(detail)] = details.subItemNumber(detail, 1);
+        held[size_t(detail)] = details.at(detail).texture;
     std::vector<bool> followed(held.size());
     QList<int> goneDetails;
     QList<int> goneRanges;
@@ -104,19 +109,26 @@ void DeleteTextureCommand::FollowTexture(RowEditLog& log, const QList<Range>& ra
             for (const auto& [detail, texture] : kept)
                 goneDetails.append(detail);
             if (m_outcome)
-                m_outcome->removed.append(anims.text(range.row));
+                m_outcome->removed.append(RangeRowFormat::Cell(anims.at(range.row), 0));
             continue;
         }
         for (const auto& [detail, texture] : kept) {
-            if (texture != held[size_t(detail)] && !followed[size_t(detail)])
-                log.replace(details, detail, details.text(detail), {QString::number(texture)});
+            if (texture != held[size_t(detail)] && !followed[size_t(detail)]) {
+                RangeTextureEntry lowered = details.at(detail);
+                lowered.texture = quint16(texture);
+                log.replace(details, detail, lowered);
+            }
             followed[size_t(detail)] = true;
         }
-        if (!kept.isEmpty())
-            log.replace(anims, range.row, anims.text(range.row),
-                        {QString::number(kept.size()), QString::number(kept.first().second)});
+        if (!kept.isEmpty()) {
+            RangeEntry summary = anims.at(range.row);
+            summary.shownCount = qint32(kept.size());
+            summary.shownFirst = qint32(kept.first().second);
+            summary.showsFirst = true;
+            log.replace(anims, range.row, summary);
+        }
         if (lostOne && m_outcome)
-            m_outcome->shortened.append(anims.text(range.row));
+            m_outcome->shortened.append(RangeRowFormat::Cell(anims.at(range.row), 0));
     }
     std::sort(goneDetails.begin(), goneDetails.end(), std::greater<int>());
     goneDetails.erase(std::unique(goneDetails.begin(), goneDetails.end()), goneDetails.end());

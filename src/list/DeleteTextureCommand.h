@@ -1,7 +1,7 @@
 #pragma once
 
-#include "list/ListViewSet.h"
-#include "list/RowEditCommand.h"
+#include "list/TableEditCommand.h"
+#include "list/tables/ListTables.h"
 
 #include <QStringList>
 
@@ -10,11 +10,11 @@
 // animation ranges follow: an entry naming a later texture is lowered by
 // one, an entry naming the deleted texture is dropped, and a range left with
 // fewer than two textures is removed with it. The rows of the list keep
-// their numbers and keys. Undo puts rows and ranges back as they were.
+// their numbers. Undo puts rows and ranges back as they were.
 //
 // A list whose ranges name textures past its end cannot be renumbered
 // safely: nothing is deleted then, and the outcome says why.
-class DeleteTextureCommand : public RowEditCommand
+class DeleteTextureCommand : public TableEditCommand
 {
 public:
     struct Outcome
@@ -24,13 +24,13 @@ public:
         QString refusal;       // why nothing was deleted; "" when it was
     };
 
-    DeleteTextureCommand(ListViewSet& views, const QString& key, Outcome* outcome = nullptr);
+    DeleteTextureCommand(ListTables& tables, qint32 number, Outcome* outcome = nullptr);
 
 protected:
-    bool perform(RowEditLog& log) override;
+    bool perform(TableEditLog& log) override;
 
 private:
-    // A range row with the detail rows the list saves for it.
+    // A range's row with the texture rows the list saves for it.
     struct Range
     {
         int row;
@@ -38,9 +38,9 @@ private:
     };
     QList<Range> Ranges() const;
     QString PastTheEnd(const QList<Range>& ranges) const;
-    void FollowTexture(RowEditLog& log, const QList<Range>& ranges, int deleted);
+    void FollowTexture(TableEditLog& log, const QList<Range>& ranges, int deleted);
 
-    ListViewSet& m_views;
-    QString m_key;
+    ListTables& m_tables;
+    qint32 m_number;
     Outcome* m_outcome;
 };

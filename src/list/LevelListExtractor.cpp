@@ -3,7 +3,7 @@
 #include "level/C_LevelInfo.h"
 #include "list/C_ListInfo.h"
 #include "list/LevelTableReader.h"
-#include "list/ListViewSet.h"
+#include "list/tables/ListTables.h"
 
 #include <QDir>
 
@@ -34,24 +34,22 @@ LevelListExtractor::Result LevelListExtractor::Extract(const QString& levelPath,
     if (const QString cause = level.TablesUnusableCause(); !cause.isEmpty())
         return unreadable(Status::LevelUnusable, levelPath, cause);
 
-    ListViewSet views;
+    ListTables tables;
     FileError error;
-    if (!LevelTableReader::ReadIntoViews(level, views.lsvTextures, views.lsvAnims, views.lsvAnimDetails,
-                                         views.lsvSprites, views.lsvSequences, views.lsvSequenceDetails, &error)) {
+    if (!LevelTableReader::ReadIntoTables(level, tables, &error))
         return failure(Status::LevelUnreadable, error);
-    }
     C_ListInfo list;
-    views.initList(list, listPath, levelPath, bitmapPath);
+    list.Init(listPath, levelPath, bitmapPath, &tables);
     if (list.PutAllListContents() != C_ListInfo::Success)
         return failure(Status::WriteFailed, list.Error());
     Result done;
-    done.notice = RangelessNotice(views, levelPath);
+    done.notice = RangelessNotice(tables, levelPath);
     return done;
 }
 
-QString LevelListExtractor::RangelessNotice(const ListViewSet& views, const QString& levelPath)
+QString LevelListExtractor::RangelessNotice(const ListTables& tables, const QString& levelPath)
 {
-    if (views.lsvAnims.count() > 0 || (views.lsvSprites.count() == 0 && views.lsvSequences.count() == 0))
+    if (tables.ranges.count() > 0 || (tables.sprites.count() == 0 && tables.sequences.count() == 0))
         return {};
     return QStringLiteral("%1 has no animation ranges, so its list cannot carry its sprite tables back into the "
                           "level: a list saved without ranges keeps them 2 bytes past where its counts say. Add an "

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-class ListViewSet;
+class ListTables;
 
 // Makes a new list from a level, as New List does: the level's tables are read
 // into the six views, and the list is written with the given names, the
@@ -35,5 +35,5 @@ public:
     // bytes past where its counts say: it cannot carry them back into the
     // level. Says so, and what to do, when the views have sprites or
     // sequences and no range; empty otherwise.
-    static QString RangelessNotice(const ListViewSet& views, const QString& levelPath);
+    static QString RangelessNotice(const ListTables& tables, const QString& levelPath);
 };

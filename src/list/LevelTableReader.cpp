@@ -8,10 +8,7 @@
 
 #include <QFile>
 
-bool LevelTableReader::ReadIntoViews(const C_LevelInfo& level, ListViewModel& lsvTextures,
-                                     ListViewModel& lsvAnims, ListViewModel& lsvAnimDetails,
-                                     ListViewModel& lsvSprites, ListViewModel& lsvSequences,
-                                     ListViewModel& lsvSequenceDetails, FileError* error)
+bool LevelTableReader::ReadIntoTables(const C_LevelInfo& level, ListTables& tables, FileError* error)
 {
     FileError failure;
     QFile file(level.FileName());
@@ -27,10 +24,10 @@ bool LevelTableReader::ReadIntoViews(const C_LevelInfo& level, ListViewModel& ls
         return false;
     }
     BinaryReader reader(file, 1 << 16);
-    const LevelWalk::Result& tables = level.Walk();
-    m_TextureList::FillObjectTextures(reader, tables.objectTexture, lsvTextures);
-    m_SpriteList::FillSprites(reader, tables.spriteTexture, lsvSprites);
-    m_TextureList::FillAnimations(reader, tables.animatedTexture, lsvAnims, lsvAnimDetails);
-    m_SpriteList::FillSequences(reader, tables.spriteSequence, lsvSequences, lsvSequenceDetails);
+    const LevelWalk::Result& walked = level.Walk();
+    m_TextureList::FillObjectTextures(reader, walked.objectTexture, tables.textures);
+    m_SpriteList::FillSprites(reader, walked.spriteTexture, tables.sprites);
+    m_TextureList::FillAnimations(reader, walked.animatedTexture, tables);
+    m_SpriteList::FillSequences(reader, walked.spriteSequence, tables.sequences);
     return true;
 }

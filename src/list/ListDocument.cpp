@@ -1,21 +1,18 @@
 #include "list/ListDocument.h"
 
-#include "list/AddSequenceCommand.h"
-#include "list/AddSpriteCommand.h"
-#include "list/AddTextureCommand.h"
+#include "list/AddEntryCommand.h"
 #include "list/BuildAnimationCommand.h"
 #include "list/DeleteAnimationCommand.h"
-#include "list/DeleteSequenceCommand.h"
-#include "list/DeleteSpriteCommand.h"
+#include "list/DeleteEntryCommand.h"
 #include "list/DeleteTextureCommand.h"
-#include "list/EditSequenceCommand.h"
-#include "list/EditSpriteCommand.h"
-#include "list/EditTextureCommand.h"
+#include "list/EditEntryCommand.h"
 
+#include <QCoreApplication>
 #include <QUndoStack>
 
 ListDocument::ListDocument(QObject* parent)
     : QObject(parent)
+    , m_views(m_tables)
     , m_undoStack(std::make_unique<QUndoStack>())
 {
     connect(m_undoStack.get(), &QUndoStack::cleanChanged, this, [this](bool clean) { emit modifiedChanged(!clean); });
@@ -52,7 +49,7 @@ void ListDocument::close()
     m_numberOfTiles = 0;
 }
 
-bool ListDocument::Push(std::unique_ptr<RowEditCommand> command)
+bool ListDocument::Push(std::unique_ptr<TableEditCommand> command)
 {
     if (!command->apply())
         return false;
@@ -60,65 +57,78 @@ bool ListDocument::Push(std::unique_ptr<RowEditCommand> command)
     return true;
 }
 
-bool ListDocument::AddTexture(const ListViewModel::Row& row)
+namespace {
+
+QString Noun(const char* noun)
 {
-    return Push(std::make_unique<AddTextureCommand>(m_views, row));
+    return QCoreApplication::translate("ListDocument", noun);
 }
 
-bool ListDocument::EditTexture(const QString& key, const QStringList& subItems)
+} // namespace
+
+bool ListDocument::AddTexture(const TextureEntry& entry)
 {
-    return Push(std::make_unique<EditTextureCommand>(m_views, key, subItems));
+    return Push(std::make_unique<AddEntryCommand<TextureRowFormat>>(m_tables.textures, Noun("Texture"), entry));
 }
 
-bool ListDocument::DeleteTexture(const QString& key, DeleteTextureCommand::Outcome* outcome)
+bool ListDocument::EditTexture(qint32 number, const ObjectTexture& record)
 {
-    return Push(std::make_unique<DeleteTextureCommand>(m_views, key, outcome));
+    return Push(std::make_unique<EditEntryCommand<TextureRowFormat, ObjectTexture>>(m_tables.textures,
+                                                                                    Noun("Texture"), number, record));
 }
 
-bool ListDocument::AddSprite(const ListViewModel::Row& row)
+bool ListDocument::DeleteTexture(qint32 number, DeleteTextureCommand::Outcome* outcome)
 {
-    return Push(std::make_unique<AddSpriteCommand>(m_views, row));
+    return Push(std::make_unique<DeleteTextureCommand>(m_tables, number, outcome));
 }
 
-bool ListDocument::EditSprite(const QString& key, const QStringList& subItems)
+bool ListDocument::AddSprite(const SpriteTextureEntry& entry)
 {
-    return Push(std::make_unique<EditSpriteCommand>(m_views, key, subItems));
+    return Push(std::make_unique<AddEntryCommand<SpriteRowFormat>>(m_tables.sprites, Noun("Sprite"), entry));
 }
 
-bool ListDocument::DeleteSprite(const QString& key)
+bool ListDocument::EditSprite(qint32 number, const SpriteTexture& record)
 {
-    return Push(std::make_unique<DeleteSpriteCommand>(m_views, key));
+    return Push(std::make_unique<EditEntryCommand<SpriteRowFormat, SpriteTexture>>(m_tables.sprites, Noun("Sprite"),
+                                                                                   number, record));
 }
 
-bool ListDocument::AddSequence(const ListViewModel::Row& row)
+bool ListDocument::DeleteSprite(qint32 number)
 {
-    return Push(std::make_unique<AddSequenceCommand>(m_views, row));
+    return Push(std::make_unique<DeleteEntryCommand<SpriteRowFormat>>(m_tables.sprites, Noun("Sprite"), number));
 }
 
-bool ListDocument::EditSequence(const QString& key, const QStringList& subItems)
+bool ListDocument::AddSequence(const SequenceEntry& entry)
 {
-    return Push(std::make_unique<EditSequenceCommand>(m_views, key, subItems));
+    return Push(std::make_unique<AddEntryCommand<SequenceRowFormat>>(m_tables.sequences, Noun("Sequence"), entry));
 }
 
-bool ListDocument::DeleteSequence(const QString& key)
+bool ListDocument::EditSequence(qint32 number, const SpriteSequence& record)
 {
-    return Push(std::make_unique<DeleteSequenceCommand>(m_views, key));
+    return Push(std::make_unique<EditEntryCommand<SequenceRowFormat, SpriteSequence>>(
+        m_tables.sequences, Noun("Sequence"), number, record));
 }
 
-bool ListDocument::AddAnimation(const QString& number, const QStringList& textures)
-{
-    return Push(std::make_unique<BuildAnimationCommand>(m_views, BuildAnimationCommand::Build::New, number, textures));
-}
-
-bool ListDocument::EditAnimation(const QString& number, const QStringList& textures)
+bool ListDocument::DeleteSequence(qint32 number)
 {
     return Push(
-        std::make_unique<BuildAnimationCommand>(m_views, BuildAnimationCommand::Build::Replace, number, textures));
+        std::make_unique<DeleteEntryCommand<SequenceRowFormat>>(m_tables.sequences, Noun("Sequence"), number));
 }
 
-bool ListDocument::DeleteAnimation(const QString& number)
+bool ListDocument::AddAnimation(qint32 number, const QList<quint16>& textures)
 {
-    return Push(std::make_unique<DeleteAnimationCommand>(m_views, number));
+    return Push(std::make_unique<BuildAnimationCommand>(m_tables, BuildAnimationCommand::Build::New, number, textures));
+}
+
+bool ListDocument::EditAnimation(qint32 number, const QList<quint16>& textures)
+{
+    return Push(
+        std::make_unique<BuildAnimationCommand>(m_tables, BuildAnimationCommand::Build::Replace, number, textures));
+}
+
+bool ListDocument::DeleteAnimation(qint32 number)
+{
+    return Push(std::make_unique<DeleteAnimationCommand>(m_tables, number));
 }
 
 const TextureUsage* ListDocument::LevelUsage(FileError* error)
@@ -131,9 +141,9 @@ const TextureUsage* ListDocument::LevelUsage(FileError* error)
     return m_levelUsage.usageOf(m_levelFileName, error);
 }
 
-QString ListDocument::TableName(const ListViewModel& view) const
+QString ListDocument::TableName(const ListRows& view) const
 {
-    const std::pair<const ListViewModel*, const char*> names[] = {
+    const std::pair<const ListRows*, const char*> names[] = {
         {&m_views.lsvTextures, "Textures"},     {&m_views.lsvAnims, "Animations"},
         {&m_views.lsvAnimDetails, "Animation Textures"}, {&m_views.lsvSprites, "Sprites"},
         {&m_views.lsvSequences, "Sequences"},   {&m_views.lsvSequenceDetails, "Sequence Details"}};

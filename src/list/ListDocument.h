@@ -10,10 +10,10 @@
 #include <memory>
 
 class QUndoStack;
-class RowEditCommand;
+class TableEditCommand;
 
-// The open texture list: its six content views (the working copy of its
-// tables), the files it belongs to, its game version, and the undo stack of
+// The open texture list: its records (ListTables), the six content views
+// that show them, the files it belongs to, its game version, and the undo stack of
 // the edits made to it. Every change to the rows goes through one of the
 // edit functions below, each one entry of the undo stack; "modified" is
 // "not at the stack's clean state", and a save marks that state.
@@ -28,6 +28,8 @@ public:
     explicit ListDocument(QObject* parent = nullptr);
     ~ListDocument() override;
 
+    ListTables& tables() { return m_tables; }
+    const ListTables& tables() const { return m_tables; }
     ListViewSet& views() { return m_views; }
     const ListViewSet& views() const { return m_views; }
     QUndoStack* undoStack() const { return m_undoStack.get(); }
@@ -58,25 +60,25 @@ public:
     void setDataFromLevel(bool fromLevel) { m_isDataFromLevel = fromLevel; }
     void setNumberOfTiles(int tiles) { m_numberOfTiles = tiles; }
 
-    // Edits of the object textures, sprite textures and sprite sequences:
-    // a row added (its key and text given), a row's sub-items replaced, a
-    // row deleted, each by key.
-    bool AddTexture(const ListViewModel::Row& row);
-    bool EditTexture(const QString& key, const QStringList& subItems);
-    // The texture with the key deleted, the animation ranges following the
-    // textures after it; what became of the ranges goes into outcome.
-    bool DeleteTexture(const QString& key, DeleteTextureCommand::Outcome* outcome = nullptr);
-    bool AddSprite(const ListViewModel::Row& row);
-    bool EditSprite(const QString& key, const QStringList& subItems);
-    bool DeleteSprite(const QString& key);
-    bool AddSequence(const ListViewModel::Row& row);
-    bool EditSequence(const QString& key, const QStringList& subItems);
-    bool DeleteSequence(const QString& key);
+    // Edits of the object textures, sprite textures and sprite sequences: an
+    // entry added at the end (refused when its number is taken), a row's
+    // record replaced, a row deleted, each row named by its number.
+    bool AddTexture(const TextureEntry& entry);
+    bool EditTexture(qint32 number, const ObjectTexture& record);
+    // The texture deleted, the animation ranges following the textures
+    // after it; what became of the ranges goes into outcome.
+    bool DeleteTexture(qint32 number, DeleteTextureCommand::Outcome* outcome = nullptr);
+    bool AddSprite(const SpriteTextureEntry& entry);
+    bool EditSprite(qint32 number, const SpriteTexture& record);
+    bool DeleteSprite(qint32 number);
+    bool AddSequence(const SequenceEntry& entry);
+    bool EditSequence(qint32 number, const SpriteSequence& record);
+    bool DeleteSequence(qint32 number);
     // An animated texture range built whole from its textures: a new range
     // numbered number, or the textures of range number replaced.
-    bool AddAnimation(const QString& number, const QStringList& textures);
-    bool EditAnimation(const QString& number, const QStringList& textures);
-    bool DeleteAnimation(const QString& number);
+    bool AddAnimation(qint32 number, const QList<quint16>& textures);
+    bool EditAnimation(qint32 number, const QList<quint16>& textures);
+    bool DeleteAnimation(qint32 number);
 
     // What the geometry of the list's level uses, read once while the level
     // stays as it was; nothing, with the cause in error, for a list without
@@ -85,15 +87,16 @@ public:
 
     // The name of a content view in command texts ("Textures"); empty for
     // a model that is not one of them.
-    QString TableName(const ListViewModel& view) const;
+    QString TableName(const ListRows& view) const;
 
 signals:
     // The list came to differ from its file, or to match it again.
     void modifiedChanged(bool modified);
 
 private:
-    bool Push(std::unique_ptr<RowEditCommand> command);
+    bool Push(std::unique_ptr<TableEditCommand> command);
 
+    ListTables m_tables;
     ListViewSet m_views;
     std::unique_ptr<QUndoStack> m_undoStack;
     LevelUsageCache m_levelUsage;

@@ -7,26 +7,40 @@
 
 ListViewSet::ListViewSet(QObject* parent)
     : QObject(parent)
-    , lsvTextures(ObjectTexture::headers())
-    , lsvAnims(animColumns())
-    , lsvAnimDetails(animDetailColumns())
-    , lsvSprites(SpriteTexture::headers())
-    , lsvSequences(SpriteSequence::headers())
-    , lsvSequenceDetails(SpriteSequence::headers())
+    , m_ownTables(std::make_unique<ListTables>())
+    , m_tables(*m_ownTables)
+    , lsvTextures(m_tables.textures, ObjectTexture::headers())
+    , lsvAnims(m_tables.ranges, animColumns())
+    , lsvAnimDetails(m_tables.rangeTextures, animDetailColumns())
+    , lsvSprites(m_tables.sprites, SpriteTexture::headers())
+    , lsvSequences(m_tables.sequences, SpriteSequence::headers())
+    , lsvSequenceDetails(m_tables.sequences, SpriteSequence::headers())
 {
 }
 
+ListViewSet::ListViewSet(ListTables& tables, QObject* parent)
+    : QObject(parent)
+    , m_tables(tables)
+    , lsvTextures(m_tables.textures, ObjectTexture::headers())
+    , lsvAnims(m_tables.ranges, animColumns())
+    , lsvAnimDetails(m_tables.rangeTextures, animDetailColumns())
+    , lsvSprites(m_tables.sprites, SpriteTexture::headers())
+    , lsvSequences(m_tables.sequences, SpriteSequence::headers())
+    , lsvSequenceDetails(m_tables.sequences, SpriteSequence::headers())
+{
+}
+
+ListViewSet::~ListViewSet() = default;
+
 void ListViewSet::clear()
 {
-    for (ListViewModel* view : all())
-        view->clear();
+    m_tables.clear();
 }
 
 qint16 ListViewSet::initList(C_ListInfo& list, const QString& listPath, const QString& levelPath,
                              const QString& bitmapPath)
 {
-    return list.Init(listPath, levelPath, bitmapPath, &lsvTextures, &lsvAnims, &lsvAnimDetails, &lsvSprites,
-                     &lsvSequences, &lsvSequenceDetails);
+    return list.Init(listPath, levelPath, bitmapPath, &m_tables);
 }
 
 qint16 ListViewSet::openList(C_ListInfo& list, const QString& listPath)
@@ -35,7 +49,7 @@ qint16 ListViewSet::openList(C_ListInfo& list, const QString& listPath)
     return status == C_ListInfo::Success ? list.GetAllListContents() : status;
 }
 
-QList<ListViewModel*> ListViewSet::all()
+QList<ListRows*> ListViewSet::all()
 {
     return {&lsvTextures, &lsvAnims, &lsvAnimDetails, &lsvSprites, &lsvSequences, &lsvSequenceDetails};
 }

@@ -1,6 +1,6 @@
 #include "list/ObjectTextureRow.h"
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListRows.h"
 #include "list/TextureGeometry.h"
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace {
 
-int Cell(const ListViewModel& textures, int row, int column)
+int Cell(const ListRows& textures, int row, int column)
 {
     // Cells hold what a level gave: read as a bounded int, never beyond.
     return int(qBound<qint64>(-(qint64(1) << 30), textures.subItemNumber(row, column), qint64(1) << 30));
@@ -16,7 +16,7 @@ int Cell(const ListViewModel& textures, int row, int column)
 
 } // namespace
 
-ObjectTextureRow ObjectTextureRow::Read(const ListViewModel& textures, int row)
+ObjectTextureRow ObjectTextureRow::Read(const ListRows& textures, int row)
 {
     ObjectTextureRow read;
     read.tile = qBound(0, Cell(textures, row, TileColumn), 0xFFFF);
@@ -29,7 +29,20 @@ ObjectTextureRow ObjectTextureRow::Read(const ListViewModel& textures, int row)
     return read;
 }
 
-std::optional<ObjectTextureRow> ObjectTextureRow::AtPlace(const ListViewModel& textures, qint64 number)
+ObjectTextureRow ObjectTextureRow::Of(const ObjectTexture& record)
+{
+    ObjectTextureRow read;
+    read.tile = record.column(TileColumn);
+    read.trans = record.column(TransColumn);
+    read.firstX = record.column(XColumn(0));
+    for (int i = 0; i < 4; ++i) {
+        read.corners[size_t(i)] = QPoint(record.column(XColumn(i)), record.column(YColumn(i)));
+        read.subPixels[size_t(i)] = QPoint(record.column(XHiColumn(i)), record.column(YHiColumn(i)));
+    }
+    return read;
+}
+
+std::optional<ObjectTextureRow> ObjectTextureRow::AtPlace(const ListRows& textures, qint64 number)
 {
     if (number < 0 || number >= textures.count())
         return std::nullopt;

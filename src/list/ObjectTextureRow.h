@@ -10,7 +10,7 @@
 #include <array>
 #include <optional>
 
-class ListViewModel;
+class ListRows;
 
 // One row of the complete texture list read as numbers: "Tile#", "Trans",
 // the four corners (pixel within the tile) and their sub-pixel bytes. Any
@@ -19,10 +19,11 @@ class ListViewModel;
 class ObjectTextureRow
 {
 public:
-    static ObjectTextureRow Read(const ListViewModel& textures, int row);
+    static ObjectTextureRow Read(const ListRows& textures, int row);
+    static ObjectTextureRow Of(const ObjectTexture& record);
     // Texture number as the level numbers it: the row at that place, the
     // one saving writes there, whatever its key; nothing past the list.
-    static std::optional<ObjectTextureRow> AtPlace(const ListViewModel& textures, qint64 number);
+    static std::optional<ObjectTextureRow> AtPlace(const ListRows& textures, qint64 number);
 
     int tile = 0;
     int trans = 0;

@@ -28,7 +28,7 @@ void PreviewFrameList::AddFrame(const QString& number, const QString& x, const Q
     addRow(QString(), number, {x, y, xwid, yhi, isTriad});
 }
 
-void PreviewFrameList::AddObjectTexture(const ListViewModel& lsvTextures, const QString& number)
+void PreviewFrameList::AddObjectTexture(const ListRows& lsvTextures, const QString& number)
 {
     const std::optional<qint64> texture = NumberIn(number);
     const std::optional<ObjectTextureRow> geometry =
@@ -40,6 +40,19 @@ void PreviewFrameList::AddObjectTexture(const ListViewModel& lsvTextures, const 
     const QRect area = geometry->Bounds();
     AddFrame(number, NumberText::of(area.x()), NumberText::of(area.y()), NumberText::of(area.width()),
              NumberText::of(area.height()), geometry->IsTriangle() ? TriadMark : QString());
+}
+
+void PreviewFrameList::AddObjectTexture(const RecordTable<TextureEntry>& textures, qint64 texture)
+{
+    const QString number = NumberText::of(texture);
+    if (texture < 0 || texture >= textures.count()) {
+        AddFrame(number, {}, {}, {}, {});
+        return;
+    }
+    const ObjectTextureRow geometry = ObjectTextureRow::Of(textures.at(int(texture)).record);
+    const QRect area = geometry.Bounds();
+    AddFrame(number, NumberText::of(area.x()), NumberText::of(area.y()), NumberText::of(area.width()),
+             NumberText::of(area.height()), geometry.IsTriangle() ? TriadMark : QString());
 }
 
 bool PreviewFrameList::IsTriad(int row) const
@@ -71,7 +84,7 @@ bool PreviewFrameList::CheckFramesIn(ListViewModel& checklist, QChar keyPrefix) 
     return TickFrames(checklist, [&](int frame) -> QString { return keyPrefix + text(frame).trimmed(); });
 }
 
-bool PreviewFrameList::CheckPlacesIn(ListViewModel& checklist, const ListViewModel& rows) const
+bool PreviewFrameList::CheckPlacesIn(ListViewModel& checklist, const ListRows& rows) const
 {
     return TickFrames(checklist, [&](int frame) -> QString {
         const std::optional<qint64> place = NumberIn(text(frame));

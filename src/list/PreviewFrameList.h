@@ -1,6 +1,8 @@
 #pragma once
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
+#include "list/tables/RecordTable.h"
+#include "list/tables/TextureEntry.h"
 
 #include <functional>
 #include <optional>
@@ -28,7 +30,9 @@ public:
                   const QString& yhi, const QString& isTriad = {});
     // Appends the object texture numbered by the text number, the row at
     // that place in lsvTextures, with the rectangle it covers.
-    void AddObjectTexture(const ListViewModel& lsvTextures, const QString& number);
+    void AddObjectTexture(const ListRows& lsvTextures, const QString& number);
+    // The same for the texture at place texture of the list's textures.
+    void AddObjectTexture(const RecordTable<TextureEntry>& textures, qint64 texture);
 
     bool IsTriad(int row) const;
 
@@ -51,7 +55,7 @@ public:
     // Ticks, in checklist, the row keyed as the row of rows at each frame's
     // place, so a list whose keys no longer follow its places (a texture was
     // deleted) ticks the rows the frames show. False when there are no frames.
-    bool CheckPlacesIn(ListViewModel& checklist, const ListViewModel& rows) const;
+    bool CheckPlacesIn(ListViewModel& checklist, const ListRows& rows) const;
 
 private:
     static qint32 WholeNumber(const QString& cell);

@@ -1,23 +1,13 @@
 #include "list/RowKeyNumber.h"
 
-#include "common/ListViewModel.h"
-#include "common/m_Code.h"
+#include "common/NumberText.h"
 
-qint64 RowKeyNumber::FirstFree(const ListViewModel& rows, QChar prefix, qint64 from)
+qint16 RowKeyNumber::Width(qint64 number, qint64 count)
 {
-    qint64 number = qMax<qint64>(0, from);
-    while (rows.findKey(Key(prefix, number)) >= 0)
-        ++number;
-    return number;
-}
-
-QString RowKeyNumber::Key(QChar prefix, qint64 number)
-{
-    return prefix + QString::number(number);
+    return qint16(qMax(NumberText::of(number).size(), NumberText::of(count).size()));
 }
 
 QString RowKeyNumber::RowText(qint64 number, qint64 count)
 {
-    const QString digits = QString::number(number);
-    return m_Code::PadLeft(digits, QStringLiteral("0"), qMax(digits.size(), QString::number(count).size()));
+    return NumberText::padded(number, Width(number, count));
 }

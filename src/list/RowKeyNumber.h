@@ -1,19 +1,26 @@
 #pragma once
 
+#include "list/tables/RecordTable.h"
+
 #include <QString>
 
-class ListViewModel;
-
-// Numbers for the keys of new rows (a letter and a number: T7, S12). Rows
-// are deleted without renumbering, so the row count a new row is numbered
-// by can belong to a row still in the list; a keyed list would refuse the
-// new row. The new row takes the first number from there on that is free.
+// Numbers for new rows. Rows are deleted without renumbering, so the row
+// count a new row is numbered by can belong to a row still in the list; the
+// new row takes the first number from there on that is free.
 class RowKeyNumber
 {
 public:
-    static qint64 FirstFree(const ListViewModel& rows, QChar prefix, qint64 from);
-    static QString Key(QChar prefix, qint64 number);
-    // number padded with zeros to as many digits as count has, as the rows
-    // read from a file are numbered.
+    template <class Entry>
+    static qint64 FirstFree(const RecordTable<Entry>& table, qint64 from)
+    {
+        qint64 number = qMax<qint64>(0, from);
+        while (number <= std::numeric_limits<qint32>::max() && table.rowOfNumber(qint32(number)) >= 0)
+            ++number;
+        return number;
+    }
+    // The digits a new row's text is padded to: as many as count has, as
+    // the rows read from a file are numbered, or the number's own.
+    static qint16 Width(qint64 number, qint64 count);
+    // number padded with zeros to Width(number, count) digits.
     static QString RowText(qint64 number, qint64 count);
 };

@@ -1,18 +1,33 @@
 #include "list/SpriteTextureRow.h"
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListRows.h"
 #include "list/TextureGeometry.h"
 
 namespace {
 
-int Cell(const ListViewModel& sprites, int row, int column, int lowest, int highest)
+int Cell(const ListRows& sprites, int row, int column, int lowest, int highest)
 {
     return int(qBound(qint64(lowest), sprites.subItemNumber(row, column), qint64(highest)));
 }
 
 } // namespace
 
-SpriteTextureRow SpriteTextureRow::Read(const ListViewModel& sprites, int row)
+SpriteTextureRow SpriteTextureRow::Of(const SpriteTexture& record)
+{
+    SpriteTextureRow read;
+    read.tile = record.tile;
+    read.x = record.x;
+    read.y = record.y;
+    read.width = record.width;
+    read.height = record.height;
+    read.left = record.left;
+    read.top = record.top;
+    read.right = record.right;
+    read.bottom = record.bottom;
+    return read;
+}
+
+SpriteTextureRow SpriteTextureRow::Read(const ListRows& sprites, int row)
 {
     // The bounds are those of the record's fields, so any cell text reads
     // as something a level could hold.

@@ -2,10 +2,12 @@
 
 #include "list/OutlineColumns.h"
 
+#include "level/SpriteTexture.h"
+
 #include <QRect>
 #include <QStringList>
 
-class ListViewModel;
+class ListRows;
 
 // One row of the complete sprite list read as numbers, and the sprite's
 // rectangle in whole-bitmap pixels. "Width" and "Height" hold the corner to
@@ -14,7 +16,8 @@ class ListViewModel;
 class SpriteTextureRow
 {
 public:
-    static SpriteTextureRow Read(const ListViewModel& sprites, int row);
+    static SpriteTextureRow Read(const ListRows& sprites, int row);
+    static SpriteTextureRow Of(const SpriteTexture& record);
 
     int tile = 0;
     int x = 0;

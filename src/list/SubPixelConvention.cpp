@@ -1,6 +1,6 @@
 #include "list/SubPixelConvention.h"
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListRows.h"
 #include "list/ObjectTextureRow.h"
 
 #include <algorithm>
@@ -35,7 +35,7 @@ std::optional<SubPixelConvention> SubPixelConvention::Of(const ObjectTextureRow&
                               row.subPixels[size_t(top)].y(), row.subPixels[size_t(bottom)].y()};
 }
 
-SubPixelConvention SubPixelConvention::MostUsed(const ListViewModel& textures)
+SubPixelConvention SubPixelConvention::MostUsed(const ListRows& textures)
 {
     // A level uses a handful of conventions at most: a short list is enough.
     std::vector<std::pair<SubPixelConvention, int>> counts;

@@ -1,6 +1,6 @@
 #include "list/TextureHitTest.h"
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListRows.h"
 #include "list/ObjectTextureRow.h"
 #include "list/SpriteTextureRow.h"
 
@@ -31,7 +31,7 @@ bool Covers(const ObjectTextureRow& texture, QPoint pixel)
 
 } // namespace
 
-QList<int> TextureHitTest::TexturesAt(const ListViewModel& textures, QPoint pixel)
+QList<int> TextureHitTest::TexturesAt(const ListRows& textures, QPoint pixel)
 {
     QList<int> rows;
     for (int row = 0; row < textures.count(); ++row) {
@@ -41,7 +41,7 @@ QList<int> TextureHitTest::TexturesAt(const ListViewModel& textures, QPoint pixe
     return rows;
 }
 
-QList<int> TextureHitTest::SpritesAt(const ListViewModel& sprites, QPoint pixel)
+QList<int> TextureHitTest::SpritesAt(const ListRows& sprites, QPoint pixel)
 {
     QList<int> rows;
     for (int row = 0; row < sprites.count(); ++row) {
@@ -62,7 +62,7 @@ int TextureHitTest::Choose(const QList<int>& covering, int chosen)
     return covering.at(at == 0 ? covering.size() - 1 : at - 1);
 }
 
-QPolygon TextureHitTest::TextureOutline(const ListViewModel& textures, int row)
+QPolygon TextureHitTest::TextureOutline(const ListRows& textures, int row)
 {
     const ObjectTextureRow texture = ObjectTextureRow::Read(textures, row);
     if (texture.IsTriangle())
@@ -70,7 +70,7 @@ QPolygon TextureHitTest::TextureOutline(const ListViewModel& textures, int row)
     return QPolygon({texture.BitmapCorner(0), texture.BitmapCorner(2)});
 }
 
-QPolygon TextureHitTest::SpriteOutline(const ListViewModel& sprites, int row)
+QPolygon TextureHitTest::SpriteOutline(const ListRows& sprites, int row)
 {
     const SpriteTextureRow sprite = SpriteTextureRow::Read(sprites, row);
     return QPolygon({sprite.FirstCorner(), sprite.SecondCorner()});

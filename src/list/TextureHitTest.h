@@ -4,7 +4,7 @@
 #include <QPoint>
 #include <QPolygon>
 
-class ListViewModel;
+class ListRows;
 
 // Which textures and sprites of the complete lists cover a bitmap pixel,
 // and which of them a click chooses. Rows later in a list are drawn over the
@@ -15,8 +15,8 @@ public:
     // Rows of the object texture (sprite) list covering pixel, in row order.
     // A quad covers the pixels of its bounds; a triangle those inside its
     // three corners, sides included.
-    static QList<int> TexturesAt(const ListViewModel& textures, QPoint pixel);
-    static QList<int> SpritesAt(const ListViewModel& sprites, QPoint pixel);
+    static QList<int> TexturesAt(const ListRows& textures, QPoint pixel);
+    static QList<int> SpritesAt(const ListRows& sprites, QPoint pixel);
 
     // The row a click chooses among the covering rows: the topmost, or,
     // when the row already chosen is one of them, the next one under it, so
@@ -26,6 +26,6 @@ public:
 
     // A row's outline in whole-bitmap pixels: a quad's or sprite's two
     // opposite corners, a triangle's three corners.
-    static QPolygon TextureOutline(const ListViewModel& textures, int row);
-    static QPolygon SpriteOutline(const ListViewModel& sprites, int row);
+    static QPolygon TextureOutline(const ListRows& textures, int row);
+    static QPolygon SpriteOutline(const ListRows& sprites, int row);
 };

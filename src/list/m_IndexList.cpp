@@ -1,6 +1,6 @@
 #include "list/m_IndexList.h"
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "common/NumberText.h"
 
 #include <vector>

@@ -1,17 +1,17 @@
 #include "render/ListTextures.h"
 
 #include "list/ListDocument.h"
-#include "list/m_TextureList.h"
 
 ListTextures ListTextures::of(const ListDocument& document)
 {
-    const ListViewSet& views = document.views();
+    const ListTables& tables = document.tables();
     ListTextures read;
-    read.textures.reserve(views.lsvTextures.count());
-    for (int row = 0; row < views.lsvTextures.count(); ++row)
-        read.textures.append(m_TextureList::ObjectTextureOfRow(views.lsvTextures, row));
-    const QList<quint16> words = m_TextureList::AnimatedTextureWords(views.lsvAnims, views.lsvAnimDetails);
-    read.ranges = AnimatedTextureBlock::fromWords(words.constData(), words.size()).ranges;
+    read.textures.reserve(tables.textures.count());
+    for (const TextureEntry& entry : tables.textures.rows())
+        read.textures.append(entry.record);
+    read.ranges.reserve(tables.ranges.count());
+    for (int range = 0; range < tables.ranges.count(); ++range)
+        read.ranges.append(tables.TexturesOfRange(range));
     return read;
 }
 

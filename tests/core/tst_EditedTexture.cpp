@@ -1,4 +1,4 @@
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "list/EditedTexture.h"
 #include "list/TextureGeometry.h"
 #include "synthetic/SyntheticTextures.h"

@@ -1,4 +1,4 @@
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "list/m_IndexList.h"
 
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "common/NumberText.h"
 #include "common/m_Code.h"
 
@@ -85,7 +85,7 @@ private slots:
         model->setSelectedRow(2);
         model->removeAt(0);
         QCOMPARE(model->text(model->selectedRow()), QStringLiteral("b"));
-        m_Code::SortListView(*model, 1, true);
+        model->sort(0, Qt::AscendingOrder);
         QCOMPARE(model->text(model->selectedRow()), QStringLiteral("b"));
         model->removeAt(model->selectedRow());
         QCOMPARE(model->selectedRow(), -1);
@@ -111,7 +111,7 @@ private slots:
         QFETCH(QStringList, expected);
         ListViewModel* model = filled(this, {QStringLiteral("c"), QStringLiteral("a"), QStringLiteral("B")});
         QPersistentModelIndex tracked(model->index(0, 0)); // "c"
-        m_Code::SortListView(*model, header, ascending);
+        model->sort(header - 1, ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
         QCOMPARE(model->sortKey(), header - 1);
         QVERIFY(model->isSorted());
         QCOMPARE(texts(*model), expected);
@@ -122,7 +122,7 @@ private slots:
     void rowsAddedWhileSortedTakeTheirPlace()
     {
         ListViewModel* model = filled(this, {QStringLiteral("0003"), QStringLiteral("0001")});
-        m_Code::SortListView(*model, 1, true);
+        model->sort(0, Qt::AscendingOrder);
         model->addRow(QStringLiteral("K2"), QStringLiteral("0002"));
         QCOMPARE(texts(*model), (QStringList{"0001", "0002", "0003"}));
         // Resorting after an edit moves the edited row.

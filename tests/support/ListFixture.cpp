@@ -49,29 +49,31 @@ ListFixture ListFixture::random(int textures, int ranges, int rangeLength, int s
     return fixture;
 }
 
+namespace {
+
+template <class Entry, class Record>
+std::vector<Entry> NumberedEntries(const QList<Record>& records)
+{
+    const auto width = qint16(QString::number(records.size()).size());
+    std::vector<Entry> entries;
+    for (qsizetype i = 0; i < records.size(); ++i)
+        entries.push_back(Entry{records[i], qint32(i), width});
+    return entries;
+}
+
+} // namespace
+
 void ListFixture::fill(ListViewSet& views) const
 {
-    views.clear();
-    const int textureWidth = int(QString::number(objectTextures.size()).size());
-    std::vector<ListViewModel::Row> rows;
-    for (qsizetype i = 0; i < objectTextures.size(); ++i)
-        rows.push_back(m_TextureList::RowOfObjectTexture(objectTextures[i], i, textureWidth));
-    views.lsvTextures.appendRows(std::move(rows));
-
-    m_TextureList::FillAnimations(animations, views.lsvAnims, views.lsvAnimDetails);
-
-    const int spriteWidth = int(QString::number(sprites.size()).size());
-    rows.clear();
-    for (qsizetype i = 0; i < sprites.size(); ++i)
-        rows.push_back(m_SpriteList::RowOfSprite(sprites[i], i, spriteWidth));
-    views.lsvSprites.appendRows(std::move(rows));
-
-    rows.clear();
+    ListTables& tables = views.tables();
+    tables.clear();
+    tables.textures.assign(NumberedEntries<TextureEntry>(objectTextures));
+    m_TextureList::FillAnimations(animations, tables);
+    tables.sprites.assign(NumberedEntries<SpriteTextureEntry>(sprites));
+    std::vector<SequenceEntry> numbered;
     for (qsizetype i = 0; i < sequences.size(); ++i)
-        rows.push_back(m_SpriteList::RowOfSequence(sequences[i], i));
-    std::vector<ListViewModel::Row> details = rows;
-    views.lsvSequences.appendRows(std::move(rows));
-    views.lsvSequenceDetails.appendRows(std::move(details));
+        numbered.push_back({sequences[i], qint32(i)});
+    tables.sequences.assign(std::move(numbered));
 }
 
 qint16 ListFixture::write(ListViewSet& views, const QString& path, const QString& level, const QString& bitmap) const
@@ -85,7 +87,7 @@ qint16 ListFixture::write(ListViewSet& views, const QString& path, const QString
 QList<QStringList> ListFixture::viewRows(ListViewSet& views)
 {
     QList<QStringList> all;
-    for (const ListViewModel* view : views.all()) {
+    for (const ListRows* view : views.all()) {
         all.append({QStringLiteral("%1 rows").arg(view->count())});
         for (int i = 0; i < view->count(); ++i)
             all.append(QStringList{view->key(i), view->text(i)} + view->row(i).subItems);

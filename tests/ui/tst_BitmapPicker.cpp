@@ -1,4 +1,4 @@
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "list/ListDocument.h"
 #include "list/ObjectTextureRow.h"
 #include "list/SpriteTextureRow.h"

@@ -1,4 +1,4 @@
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/ListView.h"
 #include "ui/main/frmMain.h"

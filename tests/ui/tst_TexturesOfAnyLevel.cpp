@@ -1,5 +1,5 @@
 #include "uisupport/TexturePageUser.h"
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "level/LevelVersion.h"
 #include "list/TextureGeometry.h"
 #include "synthetic/SyntheticLevel.h"

@@ -2,7 +2,7 @@
 
 #include "uisupport/EditorFixture.h"
 #include "ui/common/ListView.h"
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 
 #include <QAbstractButton>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "uisupport/UserActions.h"
 
 #include "ui/common/ListView.h"
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -10,7 +10,8 @@
 #include "common/NumberText.h"
 #include "ui/animation/PreviewPlayer.h"
 #include "common/m_Code.h"
-#include "list/m_TextureList.h"
+#include "list/RowKeyNumber.h"
+#include "list/tables/RangeRowFormat.h"
 #include "ui/animation/ucAnimTexture.h"
 #include "ui_AnimationPage.h"
 
@@ -19,8 +20,6 @@
 namespace {
 
 enum NextAnimColumn { OrderColumn = 1 };
-enum AnimColumn { NumberColumn = 1, FirstColumn = 2 };
-enum DetailColumn { TextureColumn = 1 };
 
 QString OrderText(int place)
 {
@@ -78,7 +77,7 @@ void AnimationPage::ConnectControls()
     connect(ui.lsvAvailTextures, &ListView::ItemClick, this, &AnimationPage::lsvAvailTextures_ItemClick);
     connect(ui.lsvNextAnim, &ListView::ItemClick, this, &AnimationPage::lsvNextAnim_ItemClick);
     // The total always tells how many ranges the list holds.
-    ListViewModel& anims = m_state.views.lsvAnims;
+    const ListRows& anims = m_state.views.lsvAnims;
     connect(&anims, &QAbstractItemModel::rowsInserted, this, &AnimationPage::ShowAnimTotal);
     connect(&anims, &QAbstractItemModel::rowsRemoved, this, &AnimationPage::ShowAnimTotal);
     new ListEditFollower({&anims, &m_state.views.lsvAnimDetails, &m_state.views.lsvTextures},
@@ -89,7 +88,7 @@ void AnimationPage::FollowChosenRange()
 {
     // The textures of the shown range as the lists now hold them; a range
     // being built keeps what the user put in it.
-    const ListViewModel& anims = m_state.views.lsvAnims;
+    const ListRows& anims = m_state.views.lsvAnims;
     const int row = anims.selectedRow();
     if (m_lsvOneAnim.count() == 0 || ButtonCaption::Is(*m_ui->cmdAddAnim, u"Accept")
         || ButtonCaption::Is(*m_ui->cmdEditAnim, u"Accept"))
@@ -122,8 +121,8 @@ void AnimationPage::ClearPage()
     m_player->Stop();
     m_state.lsvAvailTextures.clear();
     m_lsvNextAnim.clear();
-    m_state.views.lsvAnimDetails.clear();
-    m_state.views.lsvAnims.clear();
+    m_state.document().tables().ranges.clear();
+    m_state.document().tables().rangeTextures.clear();
     m_lsvOneAnim.clear();
     ResetEditor();
 }
@@ -211,7 +210,7 @@ void AnimationPage::ResetAnimationEdit()
     m_ui->cmdEditAnim->setEnabled(false);
     m_ui->cmdEditAnim->setText(QStringLiteral("Edit"));
     m_ui->cmdDelAnim->setEnabled(false);
-    m_ui->lblNextAnim->clear();
+    ShowRangeNumber(std::nullopt);
 }
 
 // --- Add, Edit, Delete, Cancel ---
@@ -222,13 +221,14 @@ void AnimationPage::cmdAddAnim_Click()
         EnableAnimationEdit(true);
         m_lsvNextAnim.clear();
         m_ui->cmdAddAnim->setText(QStringLiteral("Accept"));
-        m_ui->lblNextAnim->setText(NumberText::of(NextFreeAnimationNumber()));
+        ShowRangeNumber(NextFreeAnimationNumber());
         return;
     }
     if (!HasEnoughTextures())
         return;
     if (!m_state.document().AddAnimation(CurrentAnimationNumber(), PlannedTextures()))
-        m_state.ShowStatus(tr("Nothing was added: the animation number %1 is taken.").arg(CurrentAnimationNumber()));
+        m_state.ShowStatus(tr("Nothing was added: the animation number %1 is taken.")
+                               .arg(RangeRowFormat::NumberText(CurrentAnimationNumber())));
     FinishAnimationEdit(*m_ui->cmdAddAnim, QStringLiteral("Add"));
 }
 
@@ -241,8 +241,8 @@ void AnimationPage::cmdEditAnim_Click()
     }
     if (!HasEnoughTextures())
         return;
-    const QString number = CurrentAnimationNumber();
-    const QStringList textures = PlannedTextures();
+    const qint32 number = CurrentAnimationNumber();
+    const QList<quint16> textures = PlannedTextures();
     if (m_state.document().EditAnimation(number, textures))
         TellOfKeptSummary(number, textures);
     m_lsvOneAnim.clear();
@@ -251,7 +251,7 @@ void AnimationPage::cmdEditAnim_Click()
 
 void AnimationPage::cmdDelAnim_Click()
 {
-    if (m_ui->lblNextAnim->text().isEmpty())
+    if (!m_shownRange)
         return;
     m_state.document().DeleteAnimation(CurrentAnimationNumber());
     m_ui->cmdEditAnim->setText(QStringLiteral("Edit"));
@@ -266,32 +266,36 @@ void AnimationPage::cmdCancelAnim_Click()
     ResetAnimationEdit();
 }
 
-void AnimationPage::TellOfKeptSummary(const QString& number, const QStringList& textures)
+void AnimationPage::TellOfKeptSummary(qint32 number, const QList<quint16>& textures)
 {
-    const ListViewModel& anims = m_state.views.lsvAnims;
-    const int row = anims.findKey(QLatin1Char('A') + number);
-    if (row < 0
-        || (anims.subItem(row, NumberColumn) == NumberText::of(textures.size())
-            && anims.subItem(row, FirstColumn) == textures.constFirst()))
+    const RecordTable<RangeEntry>& ranges = m_state.document().tables().ranges;
+    const int row = ranges.rowOfNumber(number);
+    if (row < 0)
+        return;
+    const RangeEntry& range = ranges.at(row);
+    if (range.shownCount == textures.size() && range.showsFirst && range.shownFirst == textures.constFirst())
         return;
     m_state.ShowStatus(tr("Animation %1 saves its %2 textures from %3; Number and First still show the old values.")
-                           .arg(number)
+                           .arg(RangeRowFormat::NumberText(number))
                            .arg(textures.size())
                            .arg(textures.constFirst()));
 }
 
-QString AnimationPage::CurrentAnimationNumber() const
+qint32 AnimationPage::CurrentAnimationNumber() const
 {
-    return m_TextureList::AnimationNumberText(NumberText::valueOf(m_ui->lblNextAnim->text()));
+    return m_shownRange.value_or(-1);
 }
 
-int AnimationPage::NextFreeAnimationNumber() const
+void AnimationPage::ShowRangeNumber(std::optional<qint32> number)
 {
-    const ListViewModel& anims = m_state.views.lsvAnims;
-    int number = anims.count();
-    while (anims.findKey(QLatin1Char('A') + m_TextureList::AnimationNumberText(number)) >= 0)
-        ++number;
-    return number;
+    m_shownRange = number;
+    m_ui->lblNextAnim->setText(number ? NumberText::of(*number) : QString());
+}
+
+qint32 AnimationPage::NextFreeAnimationNumber() const
+{
+    const RecordTable<RangeEntry>& ranges = m_state.document().tables().ranges;
+    return qint32(RowKeyNumber::FirstFree(ranges, ranges.count()));
 }
 
 bool AnimationPage::HasEnoughTextures()
@@ -303,18 +307,18 @@ bool AnimationPage::HasEnoughTextures()
     return false;
 }
 
-QStringList AnimationPage::PlannedTextures() const
+QList<quint16> AnimationPage::PlannedTextures() const
 {
-    QStringList textures;
+    QList<quint16> textures;
     for (int place = 0; place < m_lsvNextAnim.count(); ++place)
-        textures << m_lsvNextAnim.text(place);
+        textures << quint16(qBound(qint64(0), NumberText::valueOf(m_lsvNextAnim.text(place)), qint64(0xFFFF)));
     return textures;
 }
 
 void AnimationPage::FinishAnimationEdit(QPushButton& button, const QString& caption)
 {
     m_lsvNextAnim.clear();
-    m_ui->lblNextAnim->clear();
+    ShowRangeNumber(std::nullopt);
     SetAnimTotal(NumberText::of(m_state.views.lsvAnims.count()));
     EnableAnimationEdit(false);
     button.setText(caption);
@@ -385,7 +389,7 @@ void AnimationPage::MoveChosenTexture(int step)
 
 void AnimationPage::lsvAnims_ItemClick(int row)
 {
-    const ListViewModel& anims = m_state.views.lsvAnims;
+    const auto& anims = m_state.views.lsvAnims;
     if (row < 0 || row >= anims.count())
         return;
     Preview()->StopAnim();
@@ -399,23 +403,21 @@ void AnimationPage::lsvAnims_ItemClick(int row)
     m_ui->cmdEditAnim->setText(QStringLiteral("Edit"));
     m_ui->cmdEditAnim->setEnabled(true);
     m_ui->cmdDelAnim->setEnabled(true);
-    m_ui->lblNextAnim->setText(NumberText::of(NumberText::valueOf(anims.text(row))));
+    ShowRangeNumber(anims.entry(row).number);
 }
 
 void AnimationPage::ShowAnimationTextures(int range)
 {
     // The textures the list saves for the range, so what is shown and
     // edited is what a reopened list holds.
-    const ListViewModel& details = m_state.views.lsvAnimDetails;
-    QStringList textures;
-    for (int detail : m_TextureList::RangeDetailRows(m_state.views.lsvAnims, details).value(range))
-        textures << (detail >= 0 ? details.subItem(detail, TextureColumn) : QStringLiteral("0"));
+    const ListTables& tables = m_state.document().tables();
+    const QList<quint16> textures = tables.TexturesOfRange(range);
     m_lsvOneAnim.clear();
-    for (const QString& texture : textures)
-        m_lsvOneAnim.AddObjectTexture(m_state.views.lsvTextures, texture);
+    for (quint16 texture : textures)
+        m_lsvOneAnim.AddObjectTexture(tables.textures, texture);
     m_lsvNextAnim.clear();
-    for (const QString& texture : textures)
-        AppendNextAnimRow(texture);
+    for (quint16 texture : textures)
+        AppendNextAnimRow(NumberText::of(texture));
 }
 
 void AnimationPage::lsvAvailTextures_ItemClick(int row)

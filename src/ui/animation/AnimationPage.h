@@ -1,10 +1,11 @@
 #pragma once
 
 #include "ui/common/EditorPage.h"
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "list/PreviewFrameList.h"
 
 #include <memory>
+#include <optional>
 
 class PreviewPlayer;
 class QPushButton;
@@ -76,21 +77,23 @@ private:
     void ResetEditor();
     // The number the animation being built, edited or chosen has: the
     // caption of lblNextAnim, at least two digits.
-    QString CurrentAnimationNumber() const;
+    // The number lblNextAnim shows: the range chosen or being added; -1 for none.
+    qint32 CurrentAnimationNumber() const;
+    void ShowRangeNumber(std::optional<qint32> number);
     // The row count, or the next number after it that no animation holds
     // (deletions leave gaps, so the count may be taken).
-    int NextFreeAnimationNumber() const;
+    qint32 NextFreeAnimationNumber() const;
     // Warns when lsvNextAnim holds fewer than two textures.
     bool HasEnoughTextures();
     // The textures of lsvNextAnim in their order: the range to build.
-    QStringList PlannedTextures() const;
+    QList<quint16> PlannedTextures() const;
     // lblAnimTotal follows the ranges while a list is open.
     void ShowAnimTotal();
     // The shown range's textures follow an edit of the ranges or textures.
     void FollowChosenRange();
     // An edit leaves the range's "Number" and "First" as they were while
     // other ranges exist; the status bar says what the range now saves.
-    void TellOfKeptSummary(const QString& number, const QStringList& textures);
+    void TellOfKeptSummary(qint32 number, const QList<quint16>& textures);
     void FinishAnimationEdit(QPushButton& button, const QString& caption);
     void AppendNextAnimRow(const QString& texture);
     void RenumberNextAnim();
@@ -104,6 +107,7 @@ private:
     ListViewModel m_lsvNextAnim;
     ListViewModel m_lsvAnimsDel;
     ListViewModel m_lsvAnimDetailsDel;
+    std::optional<qint32> m_shownRange;
     QTimer* m_timer1 = nullptr;
     PreviewPlayer* m_player = nullptr;
 };

@@ -8,7 +8,8 @@
 #include "ui/common/IPromptService.h"
 #include "common/NumberText.h"
 #include "ui/animation/PreviewPlayer.h"
-#include "list/m_SpriteList.h"
+#include "list/RowKeyNumber.h"
+#include "list/tables/SequenceRowFormat.h"
 #include "ui/animation/ucAnimTexture.h"
 #include "ui_SequencePage.h"
 
@@ -16,8 +17,6 @@
 
 namespace {
 
-enum SequenceColumn { NumberColumn = 1, FirstColumn = 2, ObjectColumn = 3 };
-enum SpriteColumn { TileColumn = 1, XColumn, YColumn, WidthColumn, HeightColumn };
 
 constexpr qint64 TileHeight = 256;
 // A sequence's length is a 16-bit record field.
@@ -73,7 +72,7 @@ void SequencePage::ConnectControls()
     connect(ui.lsvSequences, &ListView::ItemClick, this, &SequencePage::lsvSequences_ItemClick);
     // The label always tells how many sprite textures there are: adding or
     // deleting one on the sprite page shows here at once.
-    ListViewModel& sprites = m_state.views.lsvSprites;
+    const ListRows& sprites = m_state.views.lsvSprites;
     connect(&sprites, &QAbstractItemModel::rowsInserted, this, &SequencePage::ShowAvailableSprites);
     connect(&sprites, &QAbstractItemModel::rowsRemoved, this, &SequencePage::ShowAvailableSprites);
     new ListEditFollower({&m_state.views.lsvSequences, &sprites}, [this] { FollowChosenSequence(); }, this);
@@ -90,8 +89,7 @@ void SequencePage::ResetPage()
 void SequencePage::ClearPage()
 {
     m_player->Stop();
-    m_state.views.lsvSequenceDetails.clear();
-    m_state.views.lsvSequences.clear();
+    m_state.document().tables().sequences.clear();
     m_lsvOneSequence.clear();
     m_ui->cmdSequnce->setEnabled(false);
 }
@@ -114,11 +112,13 @@ void SequencePage::ListClosed()
 {
     CancelSequenceEdition();
     m_ui->lblAvailSTextures->clear();
+    m_availableSprites = 0;
 }
 
 void SequencePage::ShowAvailableSprites()
 {
-    m_ui->lblAvailSTextures->setText(NumberText::of(m_state.views.lsvSprites.count()));
+    m_availableSprites = m_state.views.lsvSprites.count();
+    m_ui->lblAvailSTextures->setText(NumberText::of(m_availableSprites));
 }
 
 void SequencePage::BitmapLoaded(const QString& fileName)
@@ -163,6 +163,7 @@ void SequencePage::ClearSequenceBoxes()
     m_ui->txtSeqStop->clear();
     m_ui->txtSeqObject->clear();
     m_ui->lblSeqKey->clear();
+    m_shownNumber.reset();
 }
 
 void SequencePage::EnableSequenceBoxes(bool enable)
@@ -225,20 +226,19 @@ void SequencePage::cmdSeqCancel_Click()
 
 void SequencePage::cmdSeqDelete_Click()
 {
-    const QString key = m_ui->lblSeqKey->text();
-    if (key.isEmpty()) {
+    if (!m_shownNumber) {
         m_state.prompts().MsgBox(QStringLiteral("A new sequence not yet added tot he list cannot be deleted"),
                                  IPromptService::vbOKOnly, QStringLiteral("Delete Error"));
         return;
     }
-    ListViewModel& sequences = m_state.views.lsvSequences;
-    const int row = sequences.findKey(key);
+    const RecordTable<SequenceEntry>& sequences = m_state.document().tables().sequences;
+    const int row = sequences.rowOfNumber(*m_shownNumber);
     if (row >= 0) {
         const bool isLast = row == sequences.count() - 1;
         if (!isLast && !ConfirmMiddleDeletion())
             return;
         // The others keep their texts, keys and numbers.
-        m_state.document().DeleteSequence(key);
+        m_state.document().DeleteSequence(*m_shownNumber);
     }
     m_lsvOneSequence.clear();
     ResetSequenceEdit();
@@ -255,21 +255,21 @@ bool SequencePage::ConfirmMiddleDeletion()
 
 qint64 SequencePage::AvailableSprites() const
 {
-    return NumberText::valueOf(m_ui->lblAvailSTextures->text());
+    return m_availableSprites;
 }
 
 std::optional<SequenceCheck::Run> SequencePage::RunOfRow(int row) const
 {
-    const ListViewModel& sequences = m_state.views.lsvSequences;
-    if (row < 0 || row >= sequences.count())
+    const RecordTable<SequenceEntry>& sequences = m_state.document().tables().sequences;
+    if (!sequences.contains(row))
         return std::nullopt;
-    return SequenceCheck::Run{NumberText::valueOf(sequences.subItem(row, FirstColumn)),
-                              NumberText::valueOf(sequences.subItem(row, NumberColumn))};
+    const SpriteSequence& sequence = sequences.at(row).record;
+    return SequenceCheck::Run{sequence.first, sequence.number()};
 }
 
 bool SequencePage::ValidateSequence(bool isNew)
 {
-    const ListViewModel& sequences = m_state.views.lsvSequences;
+    const RecordTable<SequenceEntry>& sequences = m_state.document().tables().sequences;
     SequenceCheck::Input input{m_ui->txtSeqStart->text(), m_ui->txtSeqStop->text(), m_ui->txtSeqObject->text(),
                                AvailableSprites(), std::nullopt, std::nullopt};
     if (isNew) {
@@ -278,7 +278,7 @@ bool SequencePage::ValidateSequence(bool isNew)
         if (sequences.count() >= 2)
             input.previous = RunOfRow(sequences.count() - 1);
     } else {
-        const int row = sequences.findKey(m_ui->lblSeqKey->text());
+        const int row = m_shownNumber ? sequences.rowOfNumber(*m_shownNumber) : -1;
         if (row >= 0) {
             input.previous = RunOfRow(row - 1);
             input.following = RunOfRow(row + 1);
@@ -310,58 +310,56 @@ QLineEdit* SequencePage::BoxOf(SequenceCheck::Box box) const
 
 void SequencePage::StoreSequence(bool isNew)
 {
+    // The checks let through only runs and objects a record holds.
     const qint64 first = SequenceCheck::WholeNumber(m_ui->txtSeqStart->text()).value_or(0);
     const qint64 last = SequenceCheck::WholeNumber(m_ui->txtSeqStop->text()).value_or(0);
-    QStringList subItems(ObjectColumn);
-    subItems[NumberColumn - 1] = NumberText::of(last - first + 1);
-    subItems[FirstColumn - 1] = NumberText::of(first);
-    subItems[ObjectColumn - 1] = m_ui->txtSeqObject->text();
+    SpriteSequence record;
+    record.setNumber(int(last - first + 1));
+    record.first = qint16(first);
+    record.objectId = qint32(NumberText::valueOf(m_ui->txtSeqObject->text()));
     ListDocument& document = m_state.document();
-    if (isNew) {
-        const QString text = NextFreeSequenceText();
-        document.AddSequence({QLatin1Char('S') + text, text, subItems, Qt::Unchecked});
-    } else {
-        document.EditSequence(m_ui->lblSeqKey->text(), subItems);
-    }
+    if (isNew)
+        document.AddSequence({record, NextFreeSequenceNumber()});
+    else if (m_shownNumber)
+        document.EditSequence(*m_shownNumber, record);
 }
 
-QString SequencePage::NextFreeSequenceText() const
+qint32 SequencePage::NextFreeSequenceNumber() const
 {
-    const ListViewModel& sequences = m_state.views.lsvSequences;
-    qint64 number = sequences.count();
-    while (sequences.findKey(QLatin1Char('S') + m_SpriteList::SequenceNumberText(number)) >= 0)
-        ++number;
-    return m_SpriteList::SequenceNumberText(number);
+    const RecordTable<SequenceEntry>& sequences = m_state.document().tables().sequences;
+    return qint32(RowKeyNumber::FirstFree(sequences, sequences.count()));
 }
 
 // --- Choosing a sequence ---
 
 void SequencePage::lsvSequences_ItemClick(int row)
 {
-    const ListViewModel& sequences = m_state.views.lsvSequences;
+    const auto& sequences = m_state.views.lsvSequences;
     if (row < 0 || row >= sequences.count())
         return;
     Preview()->StopAnim();
     FillOneSequence(row);
-    const qint64 first = NumberText::valueOf(sequences.subItem(row, FirstColumn));
-    const qint64 number = qBound<qint64>(0, NumberText::valueOf(sequences.subItem(row, NumberColumn)), LongestSequence);
+    const SequenceEntry& chosen = sequences.entry(row);
+    const qint64 first = chosen.record.first;
+    const qint64 number = qBound(qint64(0), qint64(chosen.record.number()), qint64(LongestSequence));
     // The preview button follows the animation page's list, not this one:
     // with no animations it stays disabled.
     if (m_state.views.lsvAnims.count() >= 1)
         m_ui->cmdSequnce->setEnabled(true);
     SetSequenceButtons(true);
     m_ui->txtSeqStart->setText(NumberText::of(first));
-    m_ui->lblSeqKey->setText(sequences.key(row));
+    m_shownNumber = chosen.number;
+    m_ui->lblSeqKey->setText(SequenceRowFormat::Key(chosen));
     m_ui->txtSeqStop->setText(NumberText::of(first + number - 1));
-    m_ui->txtSeqObject->setText(sequences.subItem(row, ObjectColumn));
+    m_ui->txtSeqObject->setText(NumberText::of(chosen.record.objectId));
 }
 
 void SequencePage::FillOneSequence(int row)
 {
-    const ListViewModel& sequences = m_state.views.lsvSequences;
+    const SpriteSequence& sequence = m_state.document().tables().sequences.at(row).record;
     m_lsvOneSequence.clear();
-    const qint64 first = NumberText::valueOf(sequences.subItem(row, FirstColumn));
-    const qint64 number = qBound<qint64>(0, NumberText::valueOf(sequences.subItem(row, NumberColumn)), LongestSequence);
+    const qint64 first = sequence.first;
+    const qint64 number = qBound(qint64(0), qint64(sequence.number()), qint64(LongestSequence));
     for (qint64 sprite = first; sprite < first + number; ++sprite)
         AddSequenceTextureRow(sprite);
 }
@@ -370,7 +368,7 @@ void SequencePage::FollowChosenSequence()
 {
     // The sprites of the chosen sequence as the lists now hold them; nothing
     // when no sequence is shown or the chosen one is gone.
-    const ListViewModel& sequences = m_state.views.lsvSequences;
+    const ListRows& sequences = m_state.views.lsvSequences;
     const int row = sequences.selectedRow();
     if (m_lsvOneSequence.count() == 0)
         return;
@@ -383,19 +381,19 @@ void SequencePage::FollowChosenSequence()
 
 void SequencePage::AddSequenceTextureRow(qint64 sprite)
 {
-    const ListViewModel& sprites = m_state.views.lsvSprites;
+    const RecordTable<SpriteTextureEntry>& sprites = m_state.document().tables().sprites;
     const QString number = NumberText::of(sprite);
-    const int row = sprites.findKey(QLatin1Char('S') + number);
+    const int row = sprite < 0 || sprite > std::numeric_limits<qint32>::max() ? -1 : sprites.rowOfNumber(qint32(sprite));
     if (row < 0) {
         m_lsvOneSequence.AddFrame(number, {}, {}, {}, {});
         return;
     }
     // Tiles are stacked downwards on the bitmap; the stored width and height
     // are copied as they are, so the frame reaches the preview's edges.
-    const qint64 y = NumberText::valueOf(sprites.subItem(row, TileColumn)) * TileHeight
-        + NumberText::valueOf(sprites.subItem(row, YColumn));
-    m_lsvOneSequence.AddFrame(number, sprites.subItem(row, XColumn), NumberText::of(y),
-                              sprites.subItem(row, WidthColumn), sprites.subItem(row, HeightColumn));
+    const SpriteTexture& record = sprites.at(row).record;
+    const qint64 y = qint64(record.tile) * TileHeight + record.y;
+    m_lsvOneSequence.AddFrame(number, NumberText::of(record.x), NumberText::of(y), NumberText::of(record.width),
+                              NumberText::of(record.height));
 }
 
 // --- Preview and drawing ---

@@ -5,6 +5,7 @@
 #include "list/SequenceCheck.h"
 
 #include <memory>
+#include <optional>
 
 class PreviewPlayer;
 class QLineEdit;
@@ -79,11 +80,15 @@ private:
     QLineEdit* BoxOf(SequenceCheck::Box box) const;
     // Five digits of the row count, or of the next number after it that no
     // row holds (a deleted middle row leaves the count taken).
-    QString NextFreeSequenceText() const;
+    qint32 NextFreeSequenceNumber() const;
     bool ConfirmMiddleDeletion();
 
     std::unique_ptr<Ui::SequencePage> m_ui;
     PreviewFrameList m_lsvOneSequence;
+    // The sequence shown for editing (its key in lblSeqKey), and the sprite
+    // count lblAvailSTextures shows, which new runs are checked against.
+    std::optional<qint32> m_shownNumber;
+    qint64 m_availableSprites = 0;
     QTimer* m_timer2 = nullptr;
     PreviewPlayer* m_player = nullptr;
 };

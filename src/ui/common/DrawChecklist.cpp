@@ -1,7 +1,7 @@
 #include "ui/common/DrawChecklist.h"
 
 #include "ui/common/ListView.h"
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 
 #include <QMenu>
 #include <QSet>

@@ -35,8 +35,9 @@ EditorState::EditorState(IPromptService& prompts, ListDocument& document, QObjec
     lsvSpriteIndex.setCheckable(true);
     connect(&document, &ListDocument::modifiedChanged, this, &EditorState::dirtyChanged);
     connect(document.undoStack(), &QUndoStack::indexChanged, this, &EditorState::RedrawChangedOutlines);
-    for (const auto& [model, follow] : {std::pair{&views.lsvTextures, &EditorState::FollowTextureCount},
-                                        std::pair{&views.lsvSprites, &EditorState::FollowSpriteCount}}) {
+    for (const auto& [model, follow] :
+         {std::pair<ListRows*, void (EditorState::*)()>{&views.lsvTextures, &EditorState::FollowTextureCount},
+          std::pair<ListRows*, void (EditorState::*)()>{&views.lsvSprites, &EditorState::FollowSpriteCount}}) {
         connect(model, &QAbstractItemModel::rowsInserted, this, follow);
         connect(model, &QAbstractItemModel::rowsRemoved, this, follow);
     }
@@ -146,8 +147,8 @@ namespace {
 
 // Draw lists hold a row's number, then what its reader gives to outline.
 // Tens of thousands of rows go in as cells, with no row made of strings.
-template <typename RowReader>
-void AppendOutlines(const ListViewModel& source, const QStringList& keys, ListViewModel& drawList)
+template <typename RowReader, typename Format>
+void AppendOutlines(const RecordRowsModel<Format>& source, const QStringList& keys, ListViewModel& drawList)
 {
     std::vector<ListCell> cells;
     std::vector<int> sizes;
@@ -157,9 +158,10 @@ void AppendOutlines(const ListViewModel& source, const QStringList& keys, ListVi
         const int row = source.findKey(key);
         if (row < 0)
             continue;
-        const OutlineColumns columns = RowReader::Read(source, row).DrawColumns();
+        const auto& entry = source.entry(row);
+        const OutlineColumns columns = RowReader::Of(entry.record).DrawColumns();
         cells.emplace_back(); // no key
-        cells.push_back(source.cell(row, 0));
+        cells.push_back(ListCell::number(entry.number, entry.width));
         for (const int column : columns)
             cells.push_back(ListCell::number(column));
         sizes.push_back(2 + columns.size());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "list/ListDocument.h"
 
 #include <QColor>

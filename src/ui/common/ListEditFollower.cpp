@@ -3,12 +3,12 @@
 #include <QAbstractItemModel>
 #include <QTimer>
 
-ListEditFollower::ListEditFollower(std::initializer_list<QAbstractItemModel*> watched, std::function<void()> follow,
+ListEditFollower::ListEditFollower(std::initializer_list<const QAbstractItemModel*> watched, std::function<void()> follow,
                                    QObject* parent)
     : QObject(parent)
     , m_follow(std::move(follow))
 {
-    for (QAbstractItemModel* model : watched) {
+    for (const QAbstractItemModel* model : watched) {
         connect(model, &QAbstractItemModel::dataChanged, this, &ListEditFollower::Schedule);
         connect(model, &QAbstractItemModel::rowsInserted, this, &ListEditFollower::Schedule);
         connect(model, &QAbstractItemModel::rowsRemoved, this, &ListEditFollower::Schedule);

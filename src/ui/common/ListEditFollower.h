@@ -16,7 +16,7 @@ class ListEditFollower : public QObject
     Q_OBJECT
 
 public:
-    ListEditFollower(std::initializer_list<QAbstractItemModel*> watched, std::function<void()> follow,
+    ListEditFollower(std::initializer_list<const QAbstractItemModel*> watched, std::function<void()> follow,
                      QObject* parent);
 
 private:

@@ -1,6 +1,6 @@
 #include "ui/common/ListView.h"
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListRows.h"
 #include "ui/common/ListSortProxy.h"
 
 #include <QHeaderView>
@@ -29,7 +29,7 @@ ListView::ListView(QWidget* parent)
     });
 }
 
-void ListView::setListModel(ListViewModel* model)
+void ListView::setListModel(ListRows* model)
 {
     m_model = model;
     // A row taken out takes the choice with it: the row moving up into its
@@ -43,7 +43,7 @@ void ListView::setListModel(ListViewModel* model)
     });
     // A one-column list (the checklists, the index lists) fills its width.
     header()->setStretchLastSection(model->columnCount() == 1);
-    connect(model, &ListViewModel::selectedRowChanged, this, &ListView::followModelSelection);
+    connect(model, &ListRows::selectedRowChanged, this, &ListView::followModelSelection);
 }
 
 QModelIndex ListView::shownIndex(int row, int column) const

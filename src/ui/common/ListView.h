@@ -3,7 +3,7 @@
 #include <QTreeView>
 
 class ListSortProxy;
-class ListViewModel;
+class ListRows;
 
 // A list view over one ListViewModel: report rows, check boxes where the
 // model has them, and hidden columns kept as hidden columns. The model holds
@@ -18,8 +18,8 @@ class ListView : public QTreeView
 public:
     explicit ListView(QWidget* parent = nullptr);
 
-    void setListModel(ListViewModel* model);
-    ListViewModel* listModel() const { return m_model; }
+    void setListModel(ListRows* model);
+    ListRows* listModel() const { return m_model; }
 
     // Where the model's row is shown, and which model row a shown index is.
     QModelIndex shownIndex(int row, int column = 0) const;
@@ -51,7 +51,7 @@ private:
     void ShowThroughSortProxy();
     void followModelSelection(int row);
 
-    ListViewModel* m_model = nullptr;
+    ListRows* m_model = nullptr;
     ListSortProxy* m_proxy = nullptr;
     bool m_ascending = false;
     bool m_keyboardMove = false;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/common/EditorPage.h"
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "ui/main/BitmapPicker.h"
 
-#include "common/ListViewModel.h"
+#include "list/rows/ListRows.h"
 #include "list/TextureHitTest.h"
 #include "ui/bitmap/ucScrollPic.h"
 #include "ui/common/ButtonCaption.h"
@@ -17,7 +17,7 @@ namespace {
 constexpr int SpriteTab = 2;
 constexpr int SequenceTab = 3;
 
-QString RowNumbers(const ListViewModel& rows, const QList<int>& found)
+QString RowNumbers(const ListRows& rows, const QList<int>& found)
 {
     QStringList numbers;
     for (int row : found)
@@ -50,10 +50,10 @@ BitmapPicker::BitmapPicker(frmMain& window)
     connect(&m_state, &EditorState::drawSpritesRequested, this, showFirst);
 }
 
-void BitmapPicker::ConnectList(ListViewModel& rows, Kind kind)
+void BitmapPicker::ConnectList(ListRows& rows, Kind kind)
 {
     const auto follow = [this, kind] { OutlineChosen(kind); };
-    connect(&rows, &ListViewModel::selectedRowChanged, this, follow);
+    connect(&rows, &ListRows::selectedRowChanged, this, follow);
     // Whatever moves, edits or removes rows (an edit, a deletion, an undo, a
     // sort, a reload) may move or end the outlined row.
     const auto refresh = [this, kind] {
@@ -69,7 +69,8 @@ void BitmapPicker::ConnectList(ListViewModel& rows, Kind kind)
 
 void BitmapPicker::OutlineChosen(Kind kind)
 {
-    const ListViewModel& rows = kind == Kind::Texture ? m_state.views.lsvTextures : m_state.views.lsvSprites;
+    const ListRows& rows = kind == Kind::Texture ? static_cast<const ListRows&>(m_state.views.lsvTextures)
+                                                 : m_state.views.lsvSprites;
     const int row = rows.selectedRow();
     if (row < 0 || row >= rows.count()) {
         if (m_outlined == kind)
@@ -121,7 +122,7 @@ void BitmapPicker::PickAt(int x, int y)
 
     const bool sprite = OnSpritePages() && !sprites.isEmpty();
     ListView* list = sprite ? m_sprites : m_textures;
-    ListViewModel& rows = sprite ? m_state.views.lsvSprites : m_state.views.lsvTextures;
+    ListRows& rows = sprite ? static_cast<ListRows&>(m_state.views.lsvSprites) : m_state.views.lsvTextures;
     const int row = TextureHitTest::Choose(sprite ? sprites : textures, rows.selectedRow());
     if (row < 0 || !list)
         return;

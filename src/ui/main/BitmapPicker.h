@@ -5,7 +5,7 @@
 
 class EditorState;
 class ListView;
-class ListViewModel;
+class ListRows;
 class QTabBar;
 class frmMain;
 class ucScrollPic;
@@ -37,7 +37,7 @@ public:
 
 private:
     enum class Kind { Texture, Sprite };
-    void ConnectList(ListViewModel& rows, Kind kind);
+    void ConnectList(ListRows& rows, Kind kind);
     void OutlineChosen(Kind kind);
     bool OnSpritePages() const;
     QString CoveringText(int x, int y, const QList<int>& textures, const QList<int>& sprites) const;

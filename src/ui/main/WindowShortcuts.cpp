@@ -1,7 +1,7 @@
 #include "ui/main/WindowShortcuts.h"
 
 #include "ui/common/ListView.h"
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 #include "ui/main/frmMain.h"
 #include "ui_frmMain.h"
 

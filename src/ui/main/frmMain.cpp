@@ -124,9 +124,9 @@ void frmMain::CreatePages()
 
 void frmMain::FollowDocumentViews()
 {
-    const QList<ListViewModel*> content = m_document->views().all();
+    const QList<ListRows*> content = m_document->views().all();
     for (ListView* view : findChildren<ListView*>()) {
-        ListViewModel* model = view->listModel();
+        ListRows* model = view->listModel();
         if (!content.contains(model))
             continue;
         // A sort shows the rows another way; the list and its file keep their order.
@@ -138,7 +138,7 @@ void frmMain::FollowDocumentViews()
                              .arg(table, model->headerData(column, Qt::Horizontal).toString()));
         });
     }
-    const ListViewModel& textures = m_document->views().lsvTextures;
+    const ListRows& textures = m_document->views().lsvTextures;
     const auto showTextureQty = [this, &textures] {
         if (m_document->IsListOpen())
             m_objectPage->SetTextureQty(QString::number(textures.count()));
@@ -303,12 +303,10 @@ bool frmMain::LoadList(bool IsNew)
         if (version.IsCancelled())
             return false;
         d.setListVersion(version.GetVersion());
-        if (m_listInfo->InitStandAlone(d.ListFileName(), d.BitmapFileName(), v.all(), d.ListVersion())
+        if (m_listInfo->InitStandAlone(d.ListFileName(), d.BitmapFileName(), &d.tables(), d.ListVersion())
             != C_ListInfo::Success)
             return false;
-    } else if (m_listInfo->Init(d.ListFileName(), d.LevelFileName(), d.BitmapFileName(), &v.lsvTextures, &v.lsvAnims,
-                                &v.lsvAnimDetails, &v.lsvSprites, &v.lsvSequences, &v.lsvSequenceDetails,
-                                d.ListVersion())
+    } else if (m_listInfo->Init(d.ListFileName(), d.LevelFileName(), d.BitmapFileName(), &d.tables(), d.ListVersion())
                != C_ListInfo::Success) {
         Status(m_listInfo->Error().text());
         return false;
@@ -388,7 +386,7 @@ void frmMain::mnuFileNewList_Click()
     }
     Status(tr("Created the list %1.").arg(Native(d.ListFileName())));
     // Said at once, while adding a range is still the whole remedy.
-    if (const QString notice = LevelListExtractor::RangelessNotice(d.views(), d.LevelFileName()); !notice.isEmpty()) {
+    if (const QString notice = LevelListExtractor::RangelessNotice(d.tables(), d.LevelFileName()); !notice.isEmpty()) {
         Status(notice);
         s.prompts().MsgBox(notice, IPromptService::vbExclamation);
     }
@@ -528,10 +526,8 @@ void frmMain::mnuFileSaveAsList_Click()
     auto renamed = std::make_unique<C_ListInfo>();
     const bool fromLevel = !d.LevelFileName().isEmpty();
     const qint16 result =
-        fromLevel ? renamed->Init(name, d.LevelFileName(), d.BitmapFileName(), &v.lsvTextures, &v.lsvAnims,
-                                  &v.lsvAnimDetails, &v.lsvSprites, &v.lsvSequences, &v.lsvSequenceDetails,
-                                  d.ListVersion())
-                  : renamed->InitStandAlone(name, d.BitmapFileName(), v.all(), d.ListVersion());
+        fromLevel ? renamed->Init(name, d.LevelFileName(), d.BitmapFileName(), &d.tables(), d.ListVersion())
+                  : renamed->InitStandAlone(name, d.BitmapFileName(), &d.tables(), d.ListVersion());
     if (result != C_ListInfo::Success) {
         Status(tr("Nothing was saved: %1 could not be prepared.").arg(Native(name)));
         return;
@@ -583,8 +579,7 @@ void frmMain::ReadLevelIntoViews()
         return;
     C_LevelInfo level;
     level.Init(d.LevelFileName());
-    if (!LevelTableReader::ReadIntoViews(level, v.lsvTextures, v.lsvAnims, v.lsvAnimDetails, v.lsvSprites,
-                                         v.lsvSequences, v.lsvSequenceDetails))
+    if (!LevelTableReader::ReadIntoTables(level, d.tables()))
         return;
     m_objectPage->SetTextureQty(QString::number(level.NumberObjectTexture()));
     m_animationPage->SetAnimTotal(QString::number(v.lsvAnims.count()));

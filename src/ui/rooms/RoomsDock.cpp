@@ -195,14 +195,15 @@ void RoomsDock::connectDocument()
         m_listChanged = true;
         scheduleRefresh();
     };
-    for (ListViewModel* rows : {&m_state.views.lsvTextures, &m_state.views.lsvAnims, &m_state.views.lsvAnimDetails}) {
+    for (ListRows* rows : std::initializer_list<ListRows*>{&m_state.views.lsvTextures, &m_state.views.lsvAnims,
+                                                           &m_state.views.lsvAnimDetails}) {
         connect(rows, &QAbstractItemModel::modelReset, this, listChanged);
         connect(rows, &QAbstractItemModel::rowsInserted, this, listChanged);
         connect(rows, &QAbstractItemModel::rowsRemoved, this, listChanged);
         connect(rows, &QAbstractItemModel::dataChanged, this, listChanged);
         connect(rows, &QAbstractItemModel::layoutChanged, this, listChanged);
     }
-    connect(&m_state.views.lsvTextures, &ListViewModel::selectedRowChanged, this, [this] { scheduleRefresh(); });
+    connect(&m_state.views.lsvTextures, &ListRows::selectedRowChanged, this, [this] { scheduleRefresh(); });
     if (ucScrollPic* bitmap = m_state.picture()) {
         // A flip, a drag or a typed corner of the texture being edited shows before its Accept.
         connect(bitmap, &ucScrollPic::EditOutlineChanged, this, [this](const QPolygon& corners) {
@@ -371,7 +372,7 @@ void RoomsDock::ChooseFace(int face)
                                   .arg(ref.staticMesh)
                                   .arg(ref.face)
                                   .arg(ref.texture);
-    ListViewModel& rows = m_state.views.lsvTextures;
+    ListRows& rows = m_state.views.lsvTextures;
     if (ref.texture >= rows.count()) {
         m_state.ShowStatus(QStringLiteral("%1: the list has no texture %2").arg(where).arg(ref.texture));
         return;

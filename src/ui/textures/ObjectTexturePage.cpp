@@ -10,6 +10,7 @@
 #include "ui/common/EditorState.h"
 #include "common/NumberText.h"
 #include "list/ObjectTextureRow.h"
+#include "list/RecordBuilder.h"
 #include "list/RowKeyNumber.h"
 #include "list/SubPixelConvention.h"
 #include "ui_ObjectTexturePage.h"
@@ -25,7 +26,6 @@ const QString Edit = QStringLiteral("Edit");
 const QString Accept = QStringLiteral("Accept");
 const QString MakeTriad = QStringLiteral("Make Triad");
 const QString MakeQuad = QStringLiteral("Make Quad");
-constexpr QChar KeyPrefix = QLatin1Char('T');
 // Cyan: rare in textures and unlike the see-through magenta of most bitmaps.
 const QColor EditColor(0, 255, 255);
 const QColor EditColorBesideCyan(255, 0, 255);
@@ -106,7 +106,7 @@ void ObjectTexturePage::ResetPage()
 void ObjectTexturePage::ClearPage()
 {
     m_state.lsvObjects.clear();
-    m_state.views.lsvTextures.clear();
+    m_state.document().tables().textures.clear();
     m_state.lsvDrawList.clear();
     m_ui->txtTextureQty->clear();
     m_ui->txtTileQty->clear();
@@ -177,7 +177,7 @@ void ObjectTexturePage::BeginAdding()
 void ObjectTexturePage::AcceptAdding()
 {
     // What cannot be stored stays in the frame to be put right.
-    if (!StoreEditedTexture(QString()))
+    if (!StoreEditedTexture(std::nullopt))
         return;
     m_ui->cmdAdd->setText(Add);
     ShowViewing();
@@ -185,13 +185,12 @@ void ObjectTexturePage::AcceptAdding()
 
 void ObjectTexturePage::ShowTextureNumber()
 {
-    const ListViewModel& textures = m_state.views.lsvTextures;
+    const RecordTable<TextureEntry>& textures = m_state.document().tables().textures;
     const qint64 count = textures.count();
     // While adding: the number the new texture will get, the row count
     // unless a row kept that number through a deletion.
     const bool adding = ButtonCaption::Is(*m_ui->cmdAdd, Accept);
-    m_ui->txtTextureNo->setText(
-        QString::number(adding ? RowKeyNumber::FirstFree(textures, KeyPrefix, count) : count));
+    m_ui->txtTextureNo->setText(QString::number(adding ? RowKeyNumber::FirstFree(textures, count) : count));
 }
 
 void ObjectTexturePage::cmdEdit_Click()
@@ -211,13 +210,13 @@ void ObjectTexturePage::cmdEdit_Click()
 
 void ObjectTexturePage::AcceptEditing()
 {
-    const ListViewModel& textures = m_state.views.lsvTextures;
-    const QString key = textures.key(textures.selectedRow());
+    const auto& textures = m_state.views.lsvTextures;
+    const int selected = textures.selectedRow();
     bool stored = false;
-    if (key.isEmpty()) {
+    if (selected < 0) {
         m_state.ShowStatus(tr("Nothing was stored: no texture of the list is selected."));
     } else {
-        stored = StoreEditedTexture(key);
+        stored = StoreEditedTexture(textures.entry(selected).number);
         // What cannot be stored stays in the frame to be put right.
         if (!stored)
             return;
@@ -227,7 +226,7 @@ void ObjectTexturePage::AcceptEditing()
 
 void ObjectTexturePage::cmdDel_Click()
 {
-    ListViewModel& textures = m_state.views.lsvTextures;
+    const auto& textures = m_state.views.lsvTextures;
     const int selected = textures.selectedRow();
     if (selected < 0)
         return;
@@ -237,7 +236,7 @@ void ObjectTexturePage::cmdDel_Click()
     if (!DeletionQuestion::AskForTexture(m_state, selected, number))
         return;
     DeleteTextureCommand::Outcome outcome;
-    if (m_state.document().DeleteTexture(textures.key(selected), &outcome))
+    if (m_state.document().DeleteTexture(textures.entry(selected).number, &outcome))
         m_state.ShowStatus(DeletionQuestion::TextureDeleted(number, outcome));
     else if (!outcome.refusal.isEmpty())
         m_state.ShowStatus(outcome.refusal);
@@ -254,7 +253,7 @@ void ObjectTexturePage::DocumentRewound()
 {
     ListLoaded();
     // The chosen row, as the undo or redo left it, is shown again.
-    const ListViewModel& textures = m_state.views.lsvTextures;
+    const ListRows& textures = m_state.views.lsvTextures;
     const int chosen = textures.selectedRow();
     if (chosen >= 0 && chosen < textures.count())
         LoadTextureRow(chosen);
@@ -315,17 +314,18 @@ void ObjectTexturePage::EnableTileBox(bool enabled)
 
 // --- Storing the frame ---
 
-bool ObjectTexturePage::StoreEditedTexture(const QString& key)
+bool ObjectTexturePage::StoreEditedTexture(std::optional<qint32> number)
 {
-    ListViewModel& textures = m_state.views.lsvTextures;
+    const RecordTable<TextureEntry>& textures = m_state.document().tables().textures;
     std::optional<ObjectTextureRow> original;
-    if (!key.isEmpty()) {
-        const int at = textures.findKey(key);
+    if (number) {
+        const int at = textures.rowOfNumber(*number);
         if (at < 0) {
-            m_state.ShowStatus(tr("Nothing was stored: the texture %1 is no longer in the list.").arg(key));
+            m_state.ShowStatus(tr("Nothing was stored: the texture %1 is no longer in the list.")
+                                   .arg(TextureRowFormat::Key(*number)));
             return false;
         }
-        original = ObjectTextureRow::Read(textures, at);
+        original = ObjectTextureRow::Of(textures.at(at).record);
     }
     // A changed corner takes the bytes its row uses; a new row, those most
     // rows of the list use.
@@ -333,7 +333,7 @@ bool ObjectTexturePage::StoreEditedTexture(const QString& key)
     if (original)
         convention = SubPixelConvention::Of(*original);
     if (!convention)
-        convention = SubPixelConvention::MostUsed(textures);
+        convention = SubPixelConvention::MostUsed(m_state.views.lsvTextures);
 
     const EditedTexture::Stored stored = EditedTexture::Build(ReadFrame(), original, *convention);
     if (!stored.ok) {
@@ -341,14 +341,24 @@ bool ObjectTexturePage::StoreEditedTexture(const QString& key)
         FocusCorner(stored.badRow);
         return false;
     }
-    std::optional<ListViewModel::Row> row = StoreRow(key);
-    if (!row)
+    const RecordBuilder<ObjectTexture> record = TextureRecord(stored, m_attribute, m_sides);
+    if (!record.ok()) {
+        m_state.ShowStatus(tr("Nothing was stored: %1.").arg(record.refusal()));
         return false;
-    row->subItems = TextureCells(stored, m_attribute, m_sides);
+    }
     ListDocument& document = m_state.document();
-    if (!(key.isEmpty() ? document.AddTexture(*row) : document.EditTexture(key, row->subItems)))
-        return false;
-    ReportStored(row->text, stored, original);
+    QString text;
+    if (number) {
+        if (!document.EditTexture(*number, record.record()))
+            return false;
+        text = TextureRowFormat::Cell(textures.at(textures.rowOfNumber(*number)), 0);
+    } else {
+        const TextureEntry added = NewEntry(record.record());
+        if (!document.AddTexture(added))
+            return false;
+        text = TextureRowFormat::Cell(added, 0);
+    }
+    ReportStored(text, stored, original);
     return true;
 }
 
@@ -366,37 +376,33 @@ EditedTexture::Frame ObjectTexturePage::ReadFrame() const
     return frame;
 }
 
-QStringList ObjectTexturePage::TextureCells(const EditedTexture::Stored& stored, int attribute, int sides)
+RecordBuilder<ObjectTexture> ObjectTexturePage::TextureRecord(const EditedTexture::Stored& stored, int attribute,
+                                                              int sides)
 {
-    QStringList cells(ObjectTextureRow::ColumnCount);
-    auto set = [&cells](int column, int value) { cells[column - 1] = QString::number(value); };
-    set(ObjectTextureRow::TileColumn, stored.tile);
-    set(ObjectTextureRow::TransColumn, attribute);
+    RecordBuilder<ObjectTexture> record;
+    record.set({{ObjectTextureRow::TileColumn, stored.tile}, {ObjectTextureRow::TransColumn, attribute}});
     for (int i = 0; i < 4; ++i) {
         // A triangle has no fourth corner: zeros, whatever the boxes hold.
         const bool unused = i == 3 && sides != 4;
         const QPoint corner = unused ? QPoint() : stored.corners[size_t(i)];
         const QPoint byte = unused ? QPoint() : stored.bytes[size_t(i)];
-        set(ObjectTextureRow::XColumn(i), corner.x());
-        set(ObjectTextureRow::YColumn(i), corner.y());
-        set(ObjectTextureRow::XHiColumn(i), byte.x());
-        set(ObjectTextureRow::YHiColumn(i), byte.y());
+        record.set({{ObjectTextureRow::XColumn(i), corner.x()},
+                    {ObjectTextureRow::YColumn(i), corner.y()},
+                    {ObjectTextureRow::XHiColumn(i), byte.x()},
+                    {ObjectTextureRow::YHiColumn(i), byte.y()}});
     }
-    return cells;
+    return record;
 }
 
-std::optional<ListViewModel::Row> ObjectTexturePage::StoreRow(const QString& key)
+TextureEntry ObjectTexturePage::NewEntry(const ObjectTexture& record)
 {
-    const ListViewModel& textures = m_state.views.lsvTextures;
-    if (!key.isEmpty())
-        return textures.row(textures.findKey(key));
+    const RecordTable<TextureEntry>& textures = m_state.document().tables().textures;
     const qint64 count = textures.count();
     const qint64 asked = NumberText::valueOf(m_ui->txtTextureNo->text());
-    const qint64 number = RowKeyNumber::FirstFree(textures, KeyPrefix, asked);
+    const qint64 number = RowKeyNumber::FirstFree(textures, asked);
     if (number != asked)
         m_state.ShowStatus(tr("Texture number %1 is still in use: the new texture is number %2.").arg(asked).arg(number));
-    return ListViewModel::Row{RowKeyNumber::Key(KeyPrefix, number), RowKeyNumber::RowText(number, count), {},
-                              Qt::Unchecked};
+    return TextureEntry{record, qint32(number), RowKeyNumber::Width(number, count)};
 }
 
 void ObjectTexturePage::ReportStored(const QString& number, const EditedTexture::Stored& stored,
@@ -427,18 +433,6 @@ void ObjectTexturePage::ReportStored(const QString& number, const EditedTexture:
                                .arg(original->trans));
         return;
     }
-    for (int i = 0; i < (m_sides == 4 ? 4 : 3); ++i) {
-        const QPoint corner = stored.corners[size_t(i)];
-        for (int value : {corner.x(), corner.y()}) {
-            if (value > 255) {
-                m_state.ShowStatus(tr("Texture %1 stored with the coordinate %2: a list file keeps 0 to 255 "
-                                      "within a tile, so it will not read back as typed.")
-                                       .arg(number)
-                                       .arg(value));
-                return;
-            }
-        }
-    }
 }
 
 void ObjectTexturePage::FocusCorner(int row)
@@ -466,7 +460,7 @@ void ObjectTexturePage::LoadTextureRow(int row)
     LockCornerBoxes(false);
     EnableTileBox(false);
 
-    const ObjectTextureRow texture = ObjectTextureRow::Read(m_state.views.lsvTextures, row);
+    const ObjectTextureRow texture = ObjectTextureRow::Of(m_state.views.lsvTextures.entry(row).record);
     m_ui->txtTileNo->setText(QString::number(texture.tile));
     m_ui->txtTextureNo->setText(m_state.views.lsvTextures.text(row));
     // The attribute comes from "X1", not "Trans": Edit then Accept keeps

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "ui/common/EditorPage.h"
-#include "common/ListViewModel.h"
+#include "list/RecordBuilder.h"
+#include "list/tables/TextureEntry.h"
 #include "list/EditedTexture.h"
 #include "list/TextureGeometry.h"
 
@@ -93,13 +94,13 @@ private:
     void ShowTextureNumber();
 
     // The frame's texture written into the complete list through the
-    // document: a new row for an empty key, else the row with that key.
+    // document: a new row without a number, else the row with that number.
     // False when nothing was stored.
-    bool StoreEditedTexture(const QString& key);
+    bool StoreEditedTexture(std::optional<qint32> number);
     EditedTexture::Frame ReadFrame() const;
-    // The row to store: the one with the key as it is, or a new one.
-    std::optional<ListViewModel::Row> StoreRow(const QString& key);
-    static QStringList TextureCells(const EditedTexture::Stored& stored, int attribute, int sides);
+    // The entry a new texture gets: the number asked for, or the first free after it.
+    TextureEntry NewEntry(const ObjectTexture& record);
+    static RecordBuilder<ObjectTexture> TextureRecord(const EditedTexture::Stored& stored, int attribute, int sides);
     void ReportStored(const QString& number, const EditedTexture::Stored& stored,
                       const std::optional<ObjectTextureRow>& original);
     void FocusCorner(int row);

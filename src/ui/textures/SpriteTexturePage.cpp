@@ -7,7 +7,9 @@
 #include "ui/common/EditorState.h"
 #include "ui/common/IPromptService.h"
 #include "common/NumberText.h"
+#include "list/RecordBuilder.h"
 #include "list/RowKeyNumber.h"
+#include "list/tables/SpriteRowFormat.h"
 #include "list/SpriteTextureRow.h"
 #include "list/TextureGeometry.h"
 #include "ui_SpriteTexturePage.h"
@@ -19,7 +21,6 @@ namespace {
 const QString Add = QStringLiteral("Add");
 const QString Edit = QStringLiteral("Edit");
 const QString Accept = QStringLiteral("Accept");
-constexpr QChar KeyPrefix = QLatin1Char('S');
 constexpr int OkCancelExclamation = IPromptService::vbOKCancel | IPromptService::vbExclamation;
 
 struct FaultMessage
@@ -81,7 +82,7 @@ void SpriteTexturePage::ConnectControls()
     connect(u.cmdSpriteColor, &QPushButton::clicked, this, [this] { m_state.ChooseOutlineColor(); });
     connect(u.lsvSprites, &ListView::ItemClick, this, &SpriteTexturePage::lsvSprites_ItemClick);
     // The count always tells how many sprite textures the list holds.
-    ListViewModel& sprites = m_state.views.lsvSprites;
+    const ListRows& sprites = m_state.views.lsvSprites;
     connect(&sprites, &QAbstractItemModel::rowsInserted, this, &SpriteTexturePage::ShowSpriteCount);
     connect(&sprites, &QAbstractItemModel::rowsRemoved, this, &SpriteTexturePage::ShowSpriteCount);
 }
@@ -119,7 +120,7 @@ void SpriteTexturePage::ResetPage()
 void SpriteTexturePage::ClearPage()
 {
     m_state.lsvSpriteIndex.clear();
-    m_state.views.lsvSprites.clear();
+    m_state.document().tables().sprites.clear();
     m_state.lsvSpriteDrawLisr.clear();
 }
 
@@ -164,6 +165,7 @@ void SpriteTexturePage::CancelSpriteEdition()
     EnableSpriteBoxes(false);
     ResetSpriteEdition(false);
     m_ui->lblKey->clear();
+    m_shownNumber.reset();
 }
 
 void SpriteTexturePage::TakeSelection(bool made, int tile, int x1, int y1, int x2, int y2)
@@ -193,8 +195,8 @@ void SpriteTexturePage::cmdSpriteAdd_Click()
     EnableSpriteBoxes(true);
     m_ui->cmdSpriteAdd->setText(Accept);
     // The number the new sprite will get.
-    const ListViewModel& sprites = m_state.views.lsvSprites;
-    const qint64 number = RowKeyNumber::FirstFree(sprites, KeyPrefix, sprites.count());
+    const RecordTable<SpriteTextureEntry>& sprites = m_state.document().tables().sprites;
+    const qint64 number = RowKeyNumber::FirstFree(sprites, sprites.count());
     m_ui->txtNo->setText(RowKeyNumber::RowText(number, sprites.count()));
 }
 
@@ -231,17 +233,17 @@ void SpriteTexturePage::AcceptEditing()
 
 void SpriteTexturePage::cmdSpriteDelete_Click()
 {
-    ListViewModel& sprites = m_state.views.lsvSprites;
+    const RecordTable<SpriteTextureEntry>& sprites = m_state.document().tables().sprites;
     if (sprites.count() == 0)
         return;
-    const int row = sprites.findKey(m_ui->lblKey->text());
-    if (row >= 0 && !DeletionQuestion::AskForSprite(m_state, row, sprites.text(row)))
+    const int row = m_shownNumber ? sprites.rowOfNumber(*m_shownNumber) : -1;
+    if (row >= 0 && !DeletionQuestion::AskForSprite(m_state, row, SpriteRowFormat::Cell(sprites.at(row), 0)))
         return;
     if (!ConfirmDeletion())
         return;
     // No renumbering: the sequences name sprites by number, and the user was
     // told to mend them.
-    if (!m_state.document().DeleteSprite(m_ui->lblKey->text())) {
+    if (row < 0 || !m_state.document().DeleteSprite(*m_shownNumber)) {
         m_state.ShowStatus(tr("Nothing was deleted: choose the sprite to delete in the list first."));
         return;
     }
@@ -290,87 +292,66 @@ void SpriteTexturePage::ReportFault(const SpriteEntry::Check& check)
 
 bool SpriteTexturePage::StoreEditedSprite(bool isNew, const SpriteEntry& entry)
 {
-    std::optional<ListViewModel::Row> row = StoreRow(isNew);
-    if (!row)
+    const RecordTable<SpriteTextureEntry>& sprites = m_state.document().tables().sprites;
+    const int edited = !isNew && m_shownNumber ? sprites.rowOfNumber(*m_shownNumber) : -1;
+    if (!isNew && edited < 0) {
+        m_state.ShowStatus(tr("Nothing was stored: the sprite being edited is no longer in the list."));
         return false;
+    }
     using E = SpriteEntry;
     const int tile = TileOf(m_ui->txtTileSNo->text());
-    const int x = entry.Value(E::X1);
-    const int y = entry.Value(E::Y1) - tile * TextureGeometry::TileSize;
-    const int width = SpriteTextureRow::SizeOf(entry.Value(E::X2) - entry.Value(E::X1));
-    const int height = SpriteTextureRow::SizeOf(entry.Value(E::Y2) - entry.Value(E::Y1));
-    const QList<std::pair<int, int>> cells{
-        {SpriteTextureRow::TileColumn, tile},           {SpriteTextureRow::XColumn, x},
-        {SpriteTextureRow::YColumn, y},                 {SpriteTextureRow::WidthColumn, width},
-        {SpriteTextureRow::HeightColumn, height},       {SpriteTextureRow::LeftColumn, entry.Value(E::Left)},
-        {SpriteTextureRow::TopColumn, entry.Value(E::Top)}, {SpriteTextureRow::RightColumn, entry.Value(E::Right)},
-        {SpriteTextureRow::BottomColumn, entry.Value(E::Bottom)}};
-    QStringList& subItems = row->subItems;
-    for (const auto& [column, value] : cells) {
-        while (subItems.size() < column)
-            subItems.append(QString());
-        subItems[column - 1] = QString::number(value);
+    RecordBuilder<SpriteTexture> record(isNew ? SpriteTexture{} : sprites.at(edited).record);
+    record.set({{SpriteTextureRow::TileColumn, tile},
+                {SpriteTextureRow::XColumn, entry.Value(E::X1)},
+                {SpriteTextureRow::YColumn, entry.Value(E::Y1) - qint64(tile) * TextureGeometry::TileSize},
+                {SpriteTextureRow::WidthColumn, SpriteTextureRow::SizeOf(entry.Value(E::X2) - entry.Value(E::X1))},
+                {SpriteTextureRow::HeightColumn, SpriteTextureRow::SizeOf(entry.Value(E::Y2) - entry.Value(E::Y1))},
+                {SpriteTextureRow::LeftColumn, entry.Value(E::Left)},
+                {SpriteTextureRow::TopColumn, entry.Value(E::Top)},
+                {SpriteTextureRow::RightColumn, entry.Value(E::Right)},
+                {SpriteTextureRow::BottomColumn, entry.Value(E::Bottom)}});
+    if (!record.ok()) {
+        m_state.ShowStatus(tr("Nothing was stored: %1. A list file keeps X and Y within the tile and sprites up "
+                              "to 256 pixels across.")
+                               .arg(record.refusal()));
+        return false;
     }
     ListDocument& document = m_state.document();
-    if (!(isNew ? document.AddSprite(*row) : document.EditSprite(row->key, subItems)))
-        return false;
-    WarnOfFieldsOutOfRange(row->text, x, y, width, height);
-    return true;
+    if (!isNew)
+        return document.EditSprite(*m_shownNumber, record.record());
+    return document.AddSprite(NewEntry(record.record()));
 }
 
-std::optional<ListViewModel::Row> SpriteTexturePage::StoreRow(bool isNew)
+SpriteTextureEntry SpriteTexturePage::NewEntry(const SpriteTexture& record)
 {
-    const ListViewModel& sprites = m_state.views.lsvSprites;
-    if (!isNew) {
-        const int row = sprites.findKey(m_ui->lblKey->text());
-        if (row < 0) {
-            m_state.ShowStatus(tr("Nothing was stored: the sprite being edited is no longer in the list."));
-            return std::nullopt;
-        }
-        return sprites.row(row);
-    }
+    const RecordTable<SpriteTextureEntry>& sprites = m_state.document().tables().sprites;
     const qint64 count = sprites.count();
-    const qint64 number = RowKeyNumber::FirstFree(sprites, KeyPrefix, count);
+    const qint64 number = RowKeyNumber::FirstFree(sprites, count);
     if (number != count)
         m_state.ShowStatus(
             tr("Sprite number %1 is still in use after a deletion: the new sprite is number %2.").arg(count).arg(number));
-    const QString text = m_ui->txtNo->text().isEmpty() ? RowKeyNumber::RowText(number, count) : m_ui->txtNo->text();
-    return ListViewModel::Row{RowKeyNumber::Key(KeyPrefix, number), text, {}, Qt::Unchecked};
-}
-
-void SpriteTexturePage::WarnOfFieldsOutOfRange(const QString& number, int x, int y, int width, int height)
-{
-    const bool bytesFit = x >= 0 && x <= 255 && y >= 0 && y <= 255;
-    const bool sizesFit = width <= 0xFFFF && height <= 0xFFFF;
-    if (bytesFit && sizesFit)
-        return;
-    m_state.ShowStatus(tr("Sprite %1 was stored, but a list file keeps X and Y within the tile (0 to 255) and "
-                          "sprites up to 256 pixels across: check its tile and corners.")
-                           .arg(number));
+    return SpriteTextureEntry{record, qint32(number), RowKeyNumber::Width(number, count)};
 }
 
 // --- Loading a row ---
 
 void SpriteTexturePage::lsvSprites_ItemClick(int row)
 {
-    const ListViewModel& sprites = m_state.views.lsvSprites;
+    const auto& sprites = m_state.views.lsvSprites;
     if (row < 0 || row >= sprites.count())
         return;
-    LoadSprite(sprites.key(row), sprites.text(row));
+    LoadSprite(sprites.entry(row));
     ResetSpriteEdition(true);
     EnableSpriteBoxes(false);
 }
 
-void SpriteTexturePage::LoadSprite(const QString& key, const QString& text)
+void SpriteTexturePage::LoadSprite(const SpriteTextureEntry& entry)
 {
-    const ListViewModel& sprites = m_state.views.lsvSprites;
-    const int row = sprites.findKey(key);
-    if (row < 0)
-        return;
-    const SpriteTextureRow sprite = SpriteTextureRow::Read(sprites, row);
-    m_ui->lblKey->setText(key);
+    const SpriteTextureRow sprite = SpriteTextureRow::Of(entry.record);
+    m_shownNumber = entry.number;
+    m_ui->lblKey->setText(SpriteRowFormat::Key(entry));
     m_ui->txtTileSNo->setText(QString::number(sprite.tile));
-    m_ui->txtNo->setText(text);
+    m_ui->txtNo->setText(SpriteRowFormat::Cell(entry, 0));
     const QPoint first = sprite.FirstCorner();
     const QPoint second = sprite.SecondCorner();
     m_ui->txtS_X_0->setText(QString::number(first.x()));

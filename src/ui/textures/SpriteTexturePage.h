@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/common/EditorPage.h"
-#include "common/ListViewModel.h"
+#include "list/tables/SpriteTextureEntry.h"
 #include "ui/textures/SpriteEntry.h"
 
 #include <memory>
@@ -64,15 +64,17 @@ private:
     // The frame written into the complete list; false when nothing was stored.
     bool StoreEditedSprite(bool isNew, const SpriteEntry& entry);
     // The row to store: the one being edited as it is, or a new one.
-    std::optional<ListViewModel::Row> StoreRow(bool isNew);
+    // The entry a new sprite gets: the first free number from the count on.
+    SpriteTextureEntry NewEntry(const SpriteTexture& record);
     // txtNum follows the sprite rows while a list is open.
     void ShowSpriteCount();
-    void WarnOfFieldsOutOfRange(const QString& number, int x, int y, int width, int height);
-    void LoadSprite(const QString& key, const QString& text);
+    void LoadSprite(const SpriteTextureEntry& entry);
     void EnableSpriteBoxes(bool enabled);
     void ResetSpriteEdition(bool enabled);
 
     std::unique_ptr<Ui::SpriteTexturePage> m_ui;
     DrawChecklist* m_checklist = nullptr;
     std::optional<SpriteEntry> m_entry;
+    // The number of the sprite shown for editing (its key in lblKey).
+    std::optional<qint32> m_shownNumber;
 };

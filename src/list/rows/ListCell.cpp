@@ -1,4 +1,4 @@
-#include "common/ListCell.h"
+#include "list/rows/ListCell.h"
 
 #include "common/NumberText.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/ListCell.h"
+#include "list/rows/ListCell.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "list/RowEditLog.h"
+#include "list/tables/TableEditLog.h"
 
 #include <QUndoCommand>
 
@@ -9,10 +9,10 @@
 // never reaches the stack; the stack's first redo then finds the work done.
 // Later undos and redos replay the rows the edit changed, never rebuilding a
 // whole list.
-class RowEditCommand : public QUndoCommand
+class TableEditCommand : public QUndoCommand
 {
 public:
-    explicit RowEditCommand(const QString& text);
+    explicit TableEditCommand(const QString& text);
 
     // Makes the edit now; false, with every row as it was, when it cannot be
     // made or changes nothing.
@@ -23,10 +23,10 @@ public:
 
 protected:
     // Makes the edit through log; false when it cannot be made.
-    virtual bool perform(RowEditLog& log) = 0;
+    virtual bool perform(TableEditLog& log) = 0;
 
 private:
-    RowEditLog m_log;
+    TableEditLog m_log;
     bool m_appliedOnce = false;
     bool m_redoPending = false;
 };

@@ -1,20 +1,20 @@
 #pragma once
 
-#include "common/ListCell.h"
-#include "common/ListRowStore.h"
+#include "list/rows/ListCell.h"
+#include "list/rows/ListRowStore.h"
+#include "list/rows/ListRows.h"
 
-#include <QAbstractTableModel>
 #include <QHash>
 #include <QList>
 #include <QStringList>
 
 #include <vector>
 
-// One list view's rows: per row a key, a text (the first column), the texts
-// of the further columns (sub-items) and a check state; with the view's
-// column headers, its selected row and its sort settings. While a list is open
-// these models are the working copy of its tables: the editor's views only
-// display them, and the list document fills and writes them.
+// A list whose rows are kept as texts: per row a key, a text (the first
+// column), the texts of the further columns (sub-items) and a check state;
+// with its sort settings. The pages' own small lists (the frames of a
+// preview, the textures of a range being planned) are such lists; the open
+// list's tables are not: they are records, shown through table models.
 //
 // Keys are unique among the rows that have one; an empty key is no key.
 // Rows and sub-items count as the view does: rows from 0, sub-item 1 is the
@@ -23,25 +23,14 @@
 // A list holds tens of thousands of rows of small numbers, so the cells are
 // kept as ListCells in a ListRowStore and made into QStrings only when they
 // are read.
-class ListViewModel : public QAbstractTableModel
+class ListViewModel : public ListRows
 {
     Q_OBJECT
 
 public:
-    struct Row
-    {
-        QString key;
-        QString text;
-        QStringList subItems;
-        Qt::CheckState check = Qt::Unchecked;
-    };
-
     explicit ListViewModel(const QStringList& columns = {}, QObject* parent = nullptr);
 
-    void setColumns(const QStringList& headers);
-    const QStringList& columns() const { return m_columns; }
-
-    int count() const { return m_store.count(); }
+    int count() const override { return m_store.count(); }
 
     // Adds a row at the end (or at its sorted place while sorting is on);
     // returns its index, or -1 when another row already has the key.
@@ -74,17 +63,15 @@ public:
     // puts a row back where it was.
     int insertRow(int index, const Row& row);
 
-    int findKey(const QString& key) const; // index, or -1
+    int findKey(const QString& key) const override; // index, or -1
     bool removeAt(int index);
     void clear();
 
-    Row row(int index) const;
-    QString key(int index) const;
-    QString text(int index) const;
-    QString subItem(int index, int subItem) const;
-    // The leading integer of a sub-item, as NumberText::valueOf reads it.
-    qint64 subItemNumber(int index, int subItem) const;
-    Qt::CheckState checkState(int index) const;
+    Row row(int index) const override;
+    QString key(int index) const override;
+    QString cellText(int index, int column) const override;
+    qint64 subItemNumber(int index, int subItem) const override;
+    Qt::CheckState checkState(int index) const override;
     // A cell as it is kept (column 0 the text), to copy without spelling it.
     const ListCell& cell(int index, int column) const;
 
@@ -96,9 +83,6 @@ public:
     void setRow(int index, const QString& text, const QStringList& subItems);
 
     void setCheckable(bool checkable) { m_checkable = checkable; }
-
-    int selectedRow() const { return m_selected; }
-    void setSelectedRow(int index);
 
     int sortKey() const { return m_sortKey; }
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
@@ -121,24 +105,15 @@ public:
     QList<int> rowsWithKeyLike(QStringView pattern) const;
 
     // QAbstractItemModel
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    Qt::ItemFlags flags(const QModelIndex& index) const override;
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
-    static constexpr int KeyRole = Qt::UserRole + 1;
-
-signals:
-    // The selected row changed by a call, not by a view: views follow it.
-    void selectedRowChanged(int index);
+protected:
+    bool isCheckable() const override { return m_checkable; }
 
 private:
     using StoredRow = ListRowStore::Row;
 
-    bool isValidRow(int index) const { return index >= 0 && index < count(); }
     const ListCell& cellAt(int index, int column) const { return m_store.cellOf(m_store.at(index), column); }
 
     QHash<ListCell, int>& keyIndex() const;
@@ -155,13 +130,11 @@ private:
     void reindexFrom(int first) const;
     void sortRows();
 
-    QStringList m_columns;
     ListRowStore m_store;
     // Row of every key. Rows whose keys are known to differ may come in
     // without it; it is then built on its first use.
     mutable QHash<ListCell, int> m_keyIndex;
     mutable bool m_keyIndexStale = false;
-    int m_selected = -1;
     int m_sortKey = 0;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     bool m_sorted = false;

@@ -1,19 +1,11 @@
-#include "common/ListViewModel.h"
+#include "list/rows/ListViewModel.h"
 
 #include <algorithm>
 #include <numeric>
 
 ListViewModel::ListViewModel(const QStringList& columns, QObject* parent)
-    : QAbstractTableModel(parent)
-    , m_columns(columns)
+    : ListRows(columns, parent)
 {
-}
-
-void ListViewModel::setColumns(const QStringList& headers)
-{
-    beginResetModel();
-    m_columns = headers;
-    endResetModel();
 }
 
 bool ListViewModel::rowLess(const StoredRow& a, const StoredRow& b) const
@@ -91,8 +83,7 @@ int ListViewModel::placeAt(int at, const StoredRow& row)
     beginInsertRows({}, at, at);
     m_store.insert(at, row);
     reindexFrom(at);
-    if (m_selected >= at)
-        ++m_selected;
+    followInsertedRows(at, 1);
     endInsertRows();
     return at;
 }
@@ -229,10 +220,7 @@ bool ListViewModel::removeAt(int index)
         m_keyIndex.remove(m_store.keyOf(m_store.at(index)));
     m_store.remove(index);
     reindexFrom(index);
-    if (m_selected == index)
-        m_selected = -1;
-    else if (m_selected > index)
-        --m_selected;
+    followRemovedRow(index);
     endRemoveRows();
     return true;
 }
@@ -243,18 +231,8 @@ void ListViewModel::clear()
     m_store.clear();
     m_keyIndex.clear();
     m_keyIndexStale = false;
-    m_selected = -1;
+    forgetSelection();
     endResetModel();
-}
-
-ListViewModel::Row ListViewModel::row(int index) const
-{
-    const StoredRow& stored = m_store.at(index);
-    Row row{m_store.keyOf(stored).toString(), m_store.cellOf(stored, 0).toString(), {}, stored.check};
-    row.subItems.reserve(m_store.subItemCount(stored));
-    for (int item = 1; item <= m_store.subItemCount(stored); ++item)
-        row.subItems.append(m_store.cellOf(stored, item).toString());
-    return row;
 }
 
 ListViewModel::Row ListViewModel::rowOf(const std::vector<ListCell>& cells)
@@ -274,16 +252,21 @@ QString ListViewModel::key(int index) const
     return isValidRow(index) ? m_store.keyOf(m_store.at(index)).toString() : QString();
 }
 
-QString ListViewModel::text(int index) const
+ListViewModel::Row ListViewModel::row(int index) const
 {
-    return isValidRow(index) ? cellAt(index, 0).toString() : QString();
+    if (!isValidRow(index))
+        return {};
+    const StoredRow& stored = m_store.at(index);
+    Row row{m_store.keyOf(stored).toString(), m_store.cellOf(stored, 0).toString(), {}, stored.check};
+    row.subItems.reserve(m_store.subItemCount(stored));
+    for (int item = 1; item <= m_store.subItemCount(stored); ++item)
+        row.subItems.append(m_store.cellOf(stored, item).toString());
+    return row;
 }
 
-QString ListViewModel::subItem(int index, int subItem) const
+QString ListViewModel::cellText(int index, int column) const
 {
-    if (!isValidRow(index) || subItem < 1)
-        return {};
-    return cellAt(index, subItem).toString();
+    return isValidRow(index) && column >= 0 ? cellAt(index, column).toString() : QString();
 }
 
 qint64 ListViewModel::subItemNumber(int index, int subItem) const
@@ -340,15 +323,6 @@ void ListViewModel::setRow(int index, const QString& text, const QStringList& su
     emit dataChanged(this->index(index, 0), this->index(index, columnCount() - 1));
 }
 
-void ListViewModel::setSelectedRow(int index)
-{
-    const int selected = index >= 0 && index < count() ? index : -1;
-    if (selected == m_selected)
-        return;
-    m_selected = selected;
-    emit selectedRowChanged(m_selected);
-}
-
 void ListViewModel::setSorted(bool sorted)
 {
     m_sorted = sorted;
@@ -385,8 +359,7 @@ void ListViewModel::reorder(const std::vector<int>& order)
     m_keyIndex.clear();
     m_keyIndexStale = false;
     reindexFrom(0);
-    if (m_selected >= 0)
-        m_selected = newPlace[size_t(m_selected)];
+    followReorder(newPlace);
     QModelIndexList after;
     after.reserve(before.size());
     for (const QModelIndex& old : before)
@@ -440,36 +413,6 @@ QList<int> ListViewModel::rowsWithKeyLike(QStringView pattern) const
     return found;
 }
 
-int ListViewModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : count();
-}
-
-int ListViewModel::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : int(qMax<qsizetype>(1, m_columns.size()));
-}
-
-QVariant ListViewModel::data(const QModelIndex& index, int role) const
-{
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
-        return {};
-    const StoredRow& row = m_store.at(index.row());
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return m_store.cellOf(row, index.column()).toString();
-    case Qt::CheckStateRole:
-        if (m_checkable && index.column() == 0)
-            return int(row.check);
-        return {};
-    case KeyRole:
-        return m_store.keyOf(row).toString();
-    default:
-        return {};
-    }
-}
-
 bool ListViewModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
@@ -479,23 +422,6 @@ bool ListViewModel::setData(const QModelIndex& index, const QVariant& value, int
         return true;
     }
     return false;
-}
-
-QVariant ListViewModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return {};
-    return m_columns.value(section);
-}
-
-Qt::ItemFlags ListViewModel::flags(const QModelIndex& index) const
-{
-    if (!index.isValid())
-        return Qt::NoItemFlags;
-    Qt::ItemFlags f = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    if (m_checkable && index.column() == 0)
-        f |= Qt::ItemIsUserCheckable;
-    return f;
 }
 
 void ListViewModel::sort(int column, Qt::SortOrder order)

@@ -1,4 +1,4 @@
-#include "common/ListRowStore.h"
+#include "list/rows/ListRowStore.h"
 
 namespace {
 

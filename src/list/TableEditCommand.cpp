@@ -1,11 +1,11 @@
-#include "list/RowEditCommand.h"
+#include "list/TableEditCommand.h"
 
-RowEditCommand::RowEditCommand(const QString& text)
+TableEditCommand::TableEditCommand(const QString& text)
 {
     setText(text);
 }
 
-bool RowEditCommand::apply()
+bool TableEditCommand::apply()
 {
     if (m_appliedOnce)
         return false;
@@ -18,12 +18,12 @@ bool RowEditCommand::apply()
     return true;
 }
 
-void RowEditCommand::undo()
+void TableEditCommand::undo()
 {
     m_log.undo();
 }
 
-void RowEditCommand::redo()
+void TableEditCommand::redo()
 {
     // The push's redo finds the edit made by apply.
     if (m_redoPending) {

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "list/TableEditCommand.h"
+#include "list/tables/RecordTable.h"
+
+#include <QCoreApplication>
+
+// The record of one row replaced, the row keeping its number: "Edit Sprite 03".
+template <class Format, class Record>
+class EditEntryCommand : public TableEditCommand
+{
+public:
+    using Entry = typename Format::Entry;
+
+    EditEntryCommand(RecordTable<Entry>& table, const QString& noun, qint32 number, const Record& record)
+        : TableEditCommand(QCoreApplication::translate("ListDocument", "Edit %1 %2").arg(noun, RowText(table, number)))
+        , m_table(table)
+        , m_number(number)
+        , m_record(record)
+    {
+    }
+
+protected:
+    bool perform(TableEditLog& log) override
+    {
+        const int row = m_table.rowOfNumber(m_number);
+        if (row < 0)
+            return false;
+        Entry edited = m_table.at(row);
+        edited.record = m_record;
+        return log.replace(m_table, row, edited);
+    }
+
+private:
+    static QString RowText(const RecordTable<Entry>& table, qint32 number)
+    {
+        const int row = table.rowOfNumber(number);
+        return row < 0 ? QString() : Format::Cell(table.at(row), 0);
+    }
+
+    RecordTable<Entry>& m_table;
+    qint32 m_number;
+    Record m_record;
+};

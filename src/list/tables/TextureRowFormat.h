@@ -1,0 +1,7 @@
+#pragma once
+
+#include "list/tables/NumberedRecordFormat.h"
+#include "list/tables/TextureEntry.h"
+
+// Rows of object textures: "T12", "0012", "Tile#" .. "Y4Hi".
+using TextureRowFormat = NumberedRecordFormat<TextureEntry, u'T'>;
