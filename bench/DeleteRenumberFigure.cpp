@@ -37,9 +37,9 @@ std::optional<double> DeleteRenumberFigure::measure()
             const TextureUsage* usage = document.LevelUsage();
             faces = usage->roomFaces.at(0) + usage->meshFaces.at(0) + usage->roomFaces.from(1)
                   + usage->meshFaces.from(1);
-            deleted = document.DeleteTexture(QStringLiteral("T0"));
+            deleted = document.DeleteTexture(0);
         });
-        const ListViewModel& details = document.views().lsvAnimDetails;
+        const ListRows& details = document.views().lsvAnimDetails;
         if (!deleted || document.views().lsvAnims.count() != shape.ranges || details.subItem(0, 1) != u"0") {
             std::fprintf(stderr, "delete_renumber_ms: the ranges did not follow the deletion\n");
             return std::nullopt;

@@ -27,10 +27,10 @@
 namespace {
 
 // Quads with Lo on corner 1, every seventh a triangle, spread over the tiles.
-std::vector<ListViewModel::Row> ObjectTextureRows(int count, int tiles)
+std::vector<TextureEntry> ObjectTextureRows(int count, int tiles)
 {
     QRandomGenerator random(11);
-    std::vector<ListViewModel::Row> rows;
+    std::vector<TextureEntry> rows;
     rows.reserve(size_t(count));
     for (int i = 0; i < count; ++i) {
         const int x = random.bounded(0, 192), y = random.bounded(0, 192);
@@ -45,15 +45,15 @@ std::vector<ListViewModel::Row> ObjectTextureRows(int count, int tiles)
             record.setColumn(11 + 2 * c, corners[c][2]);
             record.setColumn(12 + 2 * c, corners[c][3]);
         }
-        rows.push_back(m_TextureList::RowOfObjectTexture(record, i, 4));
+        rows.push_back(TextureEntry{record, i, 4});
     }
     return rows;
 }
 
-std::vector<ListViewModel::Row> SpriteRows(int count, int tiles)
+std::vector<SpriteTextureEntry> SpriteRows(int count, int tiles)
 {
     QRandomGenerator random(13);
-    std::vector<ListViewModel::Row> rows;
+    std::vector<SpriteTextureEntry> rows;
     rows.reserve(size_t(count));
     for (int i = 0; i < count; ++i) {
         SpriteTexture sprite;
@@ -62,7 +62,7 @@ std::vector<ListViewModel::Row> SpriteRows(int count, int tiles)
         sprite.y = quint8(random.bounded(0, 200));
         sprite.width = quint16(random.bounded(4, 56) * 256 + 255);
         sprite.height = quint16(random.bounded(4, 56) * 256 + 255);
-        rows.push_back(m_SpriteList::RowOfSprite(sprite, i, 4));
+        rows.push_back(SpriteTextureEntry{sprite, i, 4});
     }
     return rows;
 }
@@ -107,8 +107,8 @@ std::optional<double> DrawAllFigure::measure()
     window.document().setBitmapFileName(bitmap);
     window.LoadBitmap();
     window.findChild<QScrollBar*>(QStringLiteral("hscrlZoom"))->setValue(Zoom);
-    state.views.lsvTextures.appendRows(ObjectTextureRows(ObjectTextures(), Tiles));
-    state.views.lsvSprites.appendRows(SpriteRows(Sprites(), Tiles));
+    window.document().tables().textures.assign(ObjectTextureRows(ObjectTextures(), Tiles));
+    window.document().tables().sprites.assign(SpriteRows(Sprites(), Tiles));
     state.FillTextureIndexLists();
     state.FillSpriteIndexList();
     auto* drawTextures = window.findChild<QPushButton*>(QStringLiteral("cmdDraw"));

@@ -22,10 +22,10 @@ const QSize ViewSize(1280, 720);
 // Rows of the document filled from records, as a list made from the level holds them.
 void fillDocument(ListDocument& document, const QList<ObjectTexture>& textures)
 {
-    std::vector<ListViewModel::Row> rows;
+    std::vector<TextureEntry> rows;
     for (int i = 0; i < textures.size(); ++i)
-        rows.push_back(m_TextureList::RowOfObjectTexture(textures[i], i, 3));
-    document.views().lsvTextures.appendRows(std::move(rows));
+        rows.push_back(TextureEntry{textures[i], i, 3});
+    document.tables().textures.assign(std::move(rows));
 }
 
 } // namespace
@@ -120,12 +120,11 @@ std::optional<double> RoomsFigure::measure()
     fillDocument(document, scene.objectTextures());
     DurationSamples updates;
     for (int i = 0; i < Samples; ++i) {
-        const ListViewModel& rows = document.views().lsvTextures;
-        const int row = 2 + i;
-        QStringList subItems = rows.row(row).subItems;
-        subItems[ObjectTexture::XColumn(0) - 1] = QString::number(i);
+        const TextureEntry& entry = document.tables().textures.at(2 + i);
+        ObjectTexture moved = entry.record;
+        moved.setColumn(ObjectTexture::XColumn(0), i);
         updates.time([&] {
-            document.EditTexture(rows.row(row).key, subItems);
+            document.EditTexture(entry.number, moved);
             view.makeCurrent();
             view.renderer().setTextures(TextureTable::build(ListTextures::of(document).textures));
             view.draw(camera);

@@ -20,12 +20,12 @@ namespace {
 // Edits random textures: each one's tile goes up by one.
 bool EditTextures(ListDocument& document, int edits, QRandomGenerator& random)
 {
-    ListViewModel& textures = document.views().lsvTextures;
+    const RecordTable<TextureEntry>& textures = document.tables().textures;
     for (int i = 0; i < edits; ++i) {
-        const int row = int(random.bounded(textures.count()));
-        QStringList cells = textures.row(row).subItems;
-        cells[0] = QString::number(cells[0].toInt() + 1);
-        if (!document.EditTexture(textures.key(row), cells))
+        const TextureEntry& entry = textures.at(int(random.bounded(textures.count())));
+        ObjectTexture edited = entry.record;
+        edited.setColumn(ObjectTexture::TileColumn, edited.tile() + 1);
+        if (!document.EditTexture(entry.number, edited))
             return false;
     }
     return true;

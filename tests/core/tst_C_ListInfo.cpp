@@ -208,9 +208,7 @@ private slots:
         ListViewSet views;
         const QString existing = written(QStringLiteral("existing.trt"), ListFixture::random(3, 1, 2, 0, 0, 6));
         C_ListInfo info;
-        QCOMPARE(info.Init(existing, QString(), QStringLiteral("/other.bmp"), &views.lsvTextures, &views.lsvAnims,
-                           &views.lsvAnimDetails, &views.lsvSprites, &views.lsvSequences,
-                           &views.lsvSequenceDetails, LevelVersion::TR3),
+        QCOMPARE(info.Init(existing, QString(), QStringLiteral("/other.bmp"), &views.tables(), LevelVersion::TR3),
                  C_ListInfo::Success);
         QCOMPARE(info.BitMapName(), QStringLiteral("C:\\a.bmp"));
         QCOMPARE(info.Version(), LevelVersion::TR2);
@@ -228,12 +226,11 @@ private slots:
 
     void failuresLeaveEverythingAlone()
     {
-        // A missing view: nothing is read or written.
+        // No records to fill or write: nothing is read or written.
         ListViewSet views;
         const QString partial = m_dir.filePath(QStringLiteral("partial.trt"));
         C_ListInfo missingView;
-        missingView.Init(partial, levelOf(LevelVersion::TR2), QStringLiteral("b.bmp"), &views.lsvTextures,
-                         &views.lsvAnims, nullptr, &views.lsvSprites, &views.lsvSequences, &views.lsvSequenceDetails);
+        missingView.Init(partial, levelOf(LevelVersion::TR2), QStringLiteral("b.bmp"), nullptr);
         QCOMPARE(missingView.GetAllListContents(), C_ListInfo::Failure);
         QCOMPARE(missingView.PutAllListContents(), C_ListInfo::Failure);
         QVERIFY(!QFile::exists(partial));
@@ -316,7 +313,7 @@ private slots:
         QFETCH(QString, cause);
         const QString list = m_dir.write(QStringLiteral("header.trt"), bytes);
         ListViewSet views;
-        views.lsvTextures.addRow(QStringLiteral("T0"), QStringLiteral("kept"));
+        views.tables().textures.assign({TextureEntry{{}, 0, 1}});
         C_ListInfo info;
         QCOMPARE(views.openList(info, list), C_ListInfo::Failure);
         QVERIFY2(info.ErrorString().contains(cause), qPrintable(info.Error().text()));
@@ -352,7 +349,7 @@ private slots:
         const QByteArray names = QByteArray(4, '\0') + QByteArray::fromHex("0000" "0200" "5c30" "0200" "5c30");
         const QString list = m_dir.write(QStringLiteral("claims.trt"), names + tables);
         ListViewSet views;
-        views.lsvTextures.addRow(QStringLiteral("T0"), QStringLiteral("kept"));
+        views.tables().textures.assign({TextureEntry{{}, 0, 1}});
         C_ListInfo info;
         QCOMPARE(views.openList(info, list), C_ListInfo::Failure);
         QVERIFY2(info.ErrorString().contains(cause), qPrintable(info.Error().text()));

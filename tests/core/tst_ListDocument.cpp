@@ -43,56 +43,64 @@ public:
 
     bool edit()
     {
-        ListViewSet& v = m_document.views();
+        ListTables& t = m_document.tables();
         switch (m_random.bounded(12)) {
-        case 0: return m_document.AddTexture(newRow(v.lsvTextures, u'T', 18));
-        case 1: return m_document.EditTexture(anyKey(v.lsvTextures), changed(v.lsvTextures));
-        case 2: return m_document.DeleteTexture(anyKey(v.lsvTextures));
-        case 3: return m_document.AddSprite(newRow(v.lsvSprites, u'S', 9));
-        case 4: return m_document.EditSprite(anyKey(v.lsvSprites), changed(v.lsvSprites));
-        case 5: return m_document.DeleteSprite(anyKey(v.lsvSprites));
-        case 6: return m_document.AddSequence(newRow(v.lsvSequences, u'S', 3));
-        case 7: return m_document.EditSequence(anyKey(v.lsvSequences), changed(v.lsvSequences));
-        case 8: return m_document.DeleteSequence(anyKey(v.lsvSequences));
-        case 9: return m_document.AddAnimation(freeRangeNumber(), someTextures());
-        case 10: return m_document.EditAnimation(v.lsvAnims.text(anyRow(v.lsvAnims)), someTextures());
-        default: return m_document.DeleteAnimation(v.lsvAnims.text(anyRow(v.lsvAnims)));
+        case 0: return m_document.AddTexture(newEntry<TextureEntry>(t.textures));
+        case 1: return m_document.EditTexture(anyNumber(t.textures), changed(t.textures));
+        case 2: return m_document.DeleteTexture(anyNumber(t.textures));
+        case 3: return m_document.AddSprite(newEntry<SpriteTextureEntry>(t.sprites));
+        case 4: return m_document.EditSprite(anyNumber(t.sprites), changed(t.sprites));
+        case 5: return m_document.DeleteSprite(anyNumber(t.sprites));
+        case 6: return m_document.AddSequence({someSequence(), qint32(RowKeyNumber::FirstFree(t.sequences, t.sequences.count()))});
+        case 7: return m_document.EditSequence(anyNumber(t.sequences), someSequence());
+        case 8: return m_document.DeleteSequence(anyNumber(t.sequences));
+        case 9: return m_document.AddAnimation(qint32(RowKeyNumber::FirstFree(t.ranges, t.ranges.count())), someTextures());
+        case 10: return m_document.EditAnimation(anyNumber(t.ranges), someTextures());
+        default: return m_document.DeleteAnimation(anyNumber(t.ranges));
         }
     }
 
 private:
-    int anyRow(const ListViewModel& view) { return view.count() ? int(m_random.bounded(view.count())) : -1; }
-    QString anyKey(const ListViewModel& view) { return view.key(anyRow(view)); }
-    QString number() { return QString::number(m_random.bounded(256)); }
+    template <class Entry>
+    int anyRow(const RecordTable<Entry>& table) { return table.count() ? int(m_random.bounded(table.count())) : -1; }
+    template <class Entry>
+    qint32 anyNumber(const RecordTable<Entry>& table)
+    {
+        const int row = anyRow(table);
+        return row < 0 ? -1 : table.at(row).number;
+    }
+    int number() { return int(m_random.bounded(256)); }
 
-    ListViewModel::Row newRow(const ListViewModel& view, char16_t prefix, int cells)
+    template <class Entry>
+    Entry newEntry(const RecordTable<Entry>& table)
     {
-        const qint64 n = RowKeyNumber::FirstFree(view, QChar(prefix), view.count());
-        ListViewModel::Row row{RowKeyNumber::Key(QChar(prefix), n), RowKeyNumber::RowText(n, view.count()), {}};
-        for (int i = 0; i < cells; ++i)
-            row.subItems << number();
-        return row;
+        const qint64 n = RowKeyNumber::FirstFree(table, table.count());
+        Entry entry{{}, qint32(n), RowKeyNumber::Width(n, table.count())};
+        for (int column = 1; column <= decltype(entry.record)::ColumnCount; ++column)
+            entry.record.setColumn(column, number());
+        return entry;
     }
-    QStringList changed(const ListViewModel& view)
+    template <class Entry>
+    decltype(Entry::record) changed(const RecordTable<Entry>& table)
     {
-        const int row = anyRow(view);
-        QStringList cells = row < 0 ? QStringList() : view.row(row).subItems;
-        if (!cells.isEmpty())
-            cells[int(m_random.bounded(cells.size()))] = number();
-        return cells;
+        const int row = anyRow(table);
+        auto record = row < 0 ? decltype(Entry::record){} : table.at(row).record;
+        record.setColumn(1 + int(m_random.bounded(decltype(Entry::record)::ColumnCount)), number());
+        return record;
     }
-    QString freeRangeNumber()
+    SpriteSequence someSequence()
     {
-        int n = m_document.views().lsvAnims.count();
-        while (m_document.views().lsvAnims.findKey(u'A' + m_TextureList::AnimationNumberText(n)) >= 0)
-            ++n;
-        return m_TextureList::AnimationNumberText(n);
+        SpriteSequence sequence;
+        sequence.setNumber(1 + number() % 20);
+        sequence.first = qint16(number());
+        sequence.objectId = number();
+        return sequence;
     }
-    QStringList someTextures()
+    QList<quint16> someTextures()
     {
-        QStringList textures;
+        QList<quint16> textures;
         for (int i = 0, n = 2 + int(m_random.bounded(3)); i < n; ++i)
-            textures << number();
+            textures << quint16(number());
         return textures;
     }
 
@@ -107,7 +115,7 @@ QByteArray tst_ListDocument::save(ListDocument& document)
     // Each save is a new file: a list file keeps an older, longer tail.
     const QString path = m_dir.filePath(QStringLiteral("save%1.trt").arg(++m_saves));
     C_ListInfo list;
-    if (list.InitStandAlone(path, QStringLiteral("C:\\a.bmp"), document.views().all(), 0x2D) != C_ListInfo::Success
+    if (list.InitStandAlone(path, QStringLiteral("C:\\a.bmp"), &document.tables(), 0x2D) != C_ListInfo::Success
         || list.PutAllListContents() != C_ListInfo::Success)
         return {};
     return ScratchDir::read(path);
@@ -157,7 +165,6 @@ void tst_ListDocument::failedEditsPushNothing_data()
     QTest::newRow("edit of a missing texture") << "edit T99";
     QTest::newRow("delete of a missing sprite") << "delete S99";
     QTest::newRow("add with a taken key") << "add T1";
-    QTest::newRow("add without a key") << "add";
     QTest::newRow("edit that changes nothing") << "edit T1 same";
     QTest::newRow("delete of a missing range") << "delete range 77";
     QTest::newRow("a range of no textures") << "add range";
@@ -170,25 +177,23 @@ void tst_ListDocument::failedEditsPushNothing()
     ListFixture::random(3, 1, 2, 2, 1, 9).fill(document.views());
     ListViewSet& v = document.views();
     // One edit undone: a refused edit must leave it to redo.
-    QVERIFY(document.DeleteTexture(QStringLiteral("T0")));
+    QVERIFY(document.DeleteTexture(0));
     document.undoStack()->undo();
     const QList<QStringList> before = ListFixture::viewRows(v);
 
     bool made = true;
     if (edit == "edit T99")
-        made = document.EditTexture(QStringLiteral("T99"), {QStringLiteral("1")});
+        made = document.EditTexture(99, {});
     else if (edit == "delete S99")
-        made = document.DeleteSprite(QStringLiteral("S99"));
+        made = document.DeleteSprite(99);
     else if (edit == "add T1")
-        made = document.AddTexture({QStringLiteral("T1"), QStringLiteral("1"), {QStringLiteral("5")}});
-    else if (edit == "add")
-        made = document.AddTexture({QString(), QStringLiteral("7"), {QStringLiteral("5")}});
+        made = document.AddTexture({{}, 1, 1});
     else if (edit == "edit T1 same")
-        made = document.EditTexture(QStringLiteral("T1"), v.lsvTextures.row(1).subItems);
+        made = document.EditTexture(1, document.tables().textures.at(1).record);
     else if (edit == "delete range 77")
-        made = document.DeleteAnimation(QStringLiteral("77"));
+        made = document.DeleteAnimation(77);
     else
-        made = document.AddAnimation(QStringLiteral("05"), {});
+        made = document.AddAnimation(5, {});
 
     QVERIFY(!made);
     QCOMPARE(ListFixture::viewRows(v), before);
@@ -213,14 +218,17 @@ void tst_ListDocument::commandTextsNameTheRow()
     QFETCH(QString, text);
     ListDocument document;
     ListFixture::random(1200, 2, 2, 4, 1, 5).fill(document.views());
-    if (edit == "delete T12")
-        QVERIFY(document.DeleteTexture(QStringLiteral("T12")));
-    else if (edit == "edit T7")
-        QVERIFY(document.EditTexture(QStringLiteral("T7"), {QStringLiteral("3")}));
-    else if (edit == "add range")
-        QVERIFY(document.AddAnimation(QStringLiteral("02"), {QStringLiteral("4"), QStringLiteral("5")}));
-    else
-        QVERIFY(document.DeleteAnimation(QStringLiteral("01")));
+    if (edit == "delete T12") {
+        QVERIFY(document.DeleteTexture(12));
+    } else if (edit == "edit T7") {
+        ObjectTexture changed = document.tables().textures.at(7).record;
+        changed.setColumn(ObjectTexture::TileColumn, changed.tile() + 1);
+        QVERIFY(document.EditTexture(7, changed));
+    } else if (edit == "add range") {
+        QVERIFY(document.AddAnimation(2, {4, 5}));
+    } else {
+        QVERIFY(document.DeleteAnimation(1));
+    }
     QCOMPARE(document.undoStack()->undoText(), text);
 }
 
@@ -229,8 +237,8 @@ void tst_ListDocument::modifiedFollowsTheCleanState()
     ListDocument document;
     ListFixture::random(5, 0, 0, 0, 0, 3).fill(document.views());
     QSignalSpy modified(&document, &ListDocument::modifiedChanged);
-    QVERIFY(document.DeleteTexture(QStringLiteral("T1")));
-    QVERIFY(document.DeleteTexture(QStringLiteral("T2")));
+    QVERIFY(document.DeleteTexture(1));
+    QVERIFY(document.DeleteTexture(2));
     document.markSaved();
     document.undoStack()->undo();
     document.undoStack()->redo();
@@ -241,7 +249,7 @@ void tst_ListDocument::modifiedFollowsTheCleanState()
     QCOMPARE(modified.takeFirst().at(0).toBool(), false);
     // Back past the saved state and on to a new edit: the saved state is gone.
     document.undoStack()->undo();
-    QVERIFY(document.AddTexture({QStringLiteral("T9"), QStringLiteral("9"), {}}));
+    QVERIFY(document.AddTexture({{}, 9, 1}));
     document.undoStack()->undo();
     QVERIFY(document.isModified());
 }
@@ -250,10 +258,10 @@ void tst_ListDocument::undoingADeletionPutsTheRowBackInItsPlace()
 {
     ListDocument document;
     ListFixture::random(6, 0, 0, 0, 0, 8).fill(document.views());
-    ListViewModel& textures = document.views().lsvTextures;
+    ListRows& textures = document.views().lsvTextures;
     textures.setSelectedRow(4);
-    const ListViewModel::Row third = textures.row(2);
-    QVERIFY(document.DeleteTexture(QStringLiteral("T2")));
+    const ListRows::Row third = textures.row(2);
+    QVERIFY(document.DeleteTexture(2));
     QCOMPARE(textures.selectedRow(), 3);
     document.undoStack()->undo();
     QCOMPARE(textures.key(2), QStringLiteral("T2"));

@@ -31,7 +31,7 @@ Ranges tst_RangeSaving::SavedAndReopened(ListDocument& document)
 {
     const QString path = m_dir.filePath(QStringLiteral("ranges%1.trt").arg(++m_saves));
     C_ListInfo saved;
-    if (saved.InitStandAlone(path, QStringLiteral("C:\\a.bmp"), document.views().all(), 0x2D) != C_ListInfo::Success
+    if (saved.InitStandAlone(path, QStringLiteral("C:\\a.bmp"), &document.tables(), 0x2D) != C_ListInfo::Success
         || saved.PutAllListContents() != C_ListInfo::Success)
         return {};
     ListViewSet reopened;
@@ -39,12 +39,8 @@ Ranges tst_RangeSaving::SavedAndReopened(ListDocument& document)
     if (reopened.openList(read, path) != C_ListInfo::Success)
         return {};
     Ranges ranges;
-    for (int row = 0; row < reopened.lsvAnims.count(); ++row) {
-        QList<quint16> textures;
-        for (int detail : reopened.lsvAnimDetails.rowsWithTextLike(QString(reopened.lsvAnims.text(row) + u"-*")))
-            textures.append(quint16(reopened.lsvAnimDetails.subItemNumber(detail, 1)));
-        ranges.append(textures);
-    }
+    for (int row = 0; row < reopened.tables().ranges.count(); ++row)
+        ranges.append(reopened.tables().TexturesOfRange(row));
     return ranges;
 }
 
@@ -77,18 +73,15 @@ void tst_RangeSaving::savedRangesAreTheEditedOnes()
     ListFixture fixture = ListFixture::random(12, 0, 0, 2, 1, 5);
     fixture.animations.ranges = ranges;
     fixture.fill(document.views());
-    ListViewModel& anims = document.views().lsvAnims;
+    ListRows& anims = document.views().lsvAnims;
     const QList<QStringList> before = ListFixture::viewRows(document.views());
 
     if (!edited.isEmpty()) {
         const int row = anims.findKey(u'A' + edited);
         const QStringList summary = anims.row(row).subItems;
-        QStringList given;
-        for (quint16 texture : textures)
-            given << QString::number(texture);
-        QVERIFY(document.EditAnimation(edited, given));
+        QVERIFY(document.EditAnimation(edited.toInt(), textures));
         // The summary row shows the new range only when it is the list's one.
-        const QStringList refreshed{QString::number(given.size()), given.first()};
+        const QStringList refreshed{QString::number(textures.size()), QString::number(textures.first())};
         QCOMPARE(anims.row(row).subItems, anims.count() == 1 ? refreshed : summary);
     }
     QCOMPARE(SavedAndReopened(document), saved);

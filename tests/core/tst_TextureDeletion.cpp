@@ -37,8 +37,7 @@ void tst_TextureDeletion::Fill(ListDocument& document, int count, const Ranges& 
 
 Ranges tst_TextureDeletion::SavedRanges(const ListDocument& document)
 {
-    const QList<quint16> words =
-        m_TextureList::AnimatedTextureWords(document.views().lsvAnims, document.views().lsvAnimDetails);
+    const QList<quint16> words = document.tables().AnimatedTextureWords();
     return AnimatedTextureBlock::fromWords(words.constData(), words.size()).ranges;
 }
 
@@ -83,11 +82,11 @@ void tst_TextureDeletion::rangesFollowTheirTextures()
     Fill(document, count, ranges);
     QCOMPARE(SavedRanges(document), ranges);
     const QList<QStringList> before = ListFixture::viewRows(document.views());
-    ListViewModel& textures = document.views().lsvTextures;
+    ListRows& textures = document.views().lsvTextures;
     const QString key = textures.key(deleted);
 
     DeleteTextureCommand::Outcome outcome;
-    QVERIFY(document.DeleteTexture(key, &outcome));
+    QVERIFY(document.DeleteTexture(document.views().lsvTextures.entry(deleted).number, &outcome));
     QCOMPARE(textures.count(), count - 1);
     QCOMPARE(textures.findKey(key), -1);
     QCOMPARE(SavedRanges(document), after);
@@ -121,7 +120,7 @@ void tst_TextureDeletion::rangesPastTheListRefuseTheDelete()
     Fill(document, 10, ranges);
     const QList<QStringList> before = ListFixture::viewRows(document.views());
     DeleteTextureCommand::Outcome outcome;
-    QVERIFY(!document.DeleteTexture(QStringLiteral("T0"), &outcome));
+    QVERIFY(!document.DeleteTexture(0, &outcome));
     QVERIFY2(outcome.refusal.startsWith(QLatin1String("Nothing was deleted: ")) && outcome.refusal.contains(said),
              qPrintable(outcome.refusal));
     QCOMPARE(ListFixture::viewRows(document.views()), before);

@@ -239,11 +239,11 @@ void tst_RoomRenderer::undoBringsThePictureBack()
     const QImage original = drawDocument();
 
     const int texture = m_rooms.faces()[0].texture;
-    const ListViewModel& rows = document.views().lsvTextures;
-    QStringList subItems = rows.row(texture).subItems;
-    subItems[ObjectTexture::XColumn(0) - 1] = QStringLiteral("200");
-    subItems[ObjectTexture::XColumn(3) - 1] = QStringLiteral("200");
-    QVERIFY(document.EditTexture(rows.row(texture).key, subItems));
+    const TextureEntry& entry = document.tables().textures.at(texture);
+    ObjectTexture moved = entry.record;
+    moved.setColumn(ObjectTexture::XColumn(0), 200);
+    moved.setColumn(ObjectTexture::XColumn(3), 200);
+    QVERIFY(document.EditTexture(entry.number, moved));
     const QImage edited = drawDocument();
     QVERIFY(edited != original);
 

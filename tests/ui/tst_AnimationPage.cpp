@@ -4,10 +4,12 @@
 #include "ui/common/ListView.h"
 #include "uisupport/PageUser.h"
 #include "list/m_TextureList.h"
+#include "support/TableRows.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QStatusBar>
+
 #include <QTest>
 
 // The "...and Animations" page as a user drives it. The demo list has 30
@@ -22,10 +24,10 @@ class tst_AnimationPage : public QObject
         EditorFixture f;
         PageUser user{f, 2};
         EditorState& state = f.window->state();
-        ListViewModel& anims = state.views.lsvAnims;
-        ListViewModel& details = state.views.lsvAnimDetails;
-        ListViewModel& next = f.window->animationPage().lsvNextAnim();
-        ListViewModel& oneAnim = f.window->animationPage().lsvOneAnim();
+        ListRows& anims = state.views.lsvAnims;
+        ListRows& details = state.views.lsvAnimDetails;
+        ListRows& next = f.window->animationPage().lsvNextAnim();
+        ListRows& oneAnim = f.window->animationPage().lsvOneAnim();
 
         bool enabled(const char* name) const { return user.button(name).isEnabled(); }
         // Range 00 chosen: each frame of lsvOneAnim, then the outlines Draw
@@ -45,10 +47,7 @@ class tst_AnimationPage : public QObject
         }
         QStringList texturesOf(const QString& number) const
         {
-            QStringList textures;
-            for (int row : details.rowsWithTextLike(QString(number + QStringLiteral("-*"))))
-                textures << details.subItem(row, 1);
-            return textures;
+            return TableRows::texturesOf(state.document().tables(), number.toInt());
         }
     };
 
@@ -270,7 +269,7 @@ void tst_AnimationPage::numbersPast99MatchByPrefix()
     AnimatedTextureBlock block;
     for (int range = 0; range < 112; ++range)
         block.ranges.append({quint16(range % 30), quint16((range + 1) % 30)});
-    m_TextureList::FillAnimations(block, p.anims, p.details);
+    m_TextureList::FillAnimations(block, p.state.document().tables());
     p.user.addAnimation({"4", "5"});
     QCOMPARE(p.anims.key(112), QStringLiteral("A112"));
     QCOMPARE(p.texturesOf(QStringLiteral("112")), QStringList({"4", "5"}));
@@ -282,7 +281,8 @@ void tst_AnimationPage::numbersPast99MatchByPrefix()
     QCOMPARE(PageUser::column(p.oneAnim), QStringList({"10", "11"}));
     p.user.press("cmdDelAnim");
     QVERIFY(p.anims.findKey(QStringLiteral("A109")) < 0 && p.anims.findKey(QStringLiteral("A10")) >= 0);
-    QVERIFY(p.details.rowsWithTextLike(u"10*").isEmpty());
+    for (int row = 0; row < p.details.count(); ++row)
+        QVERIFY(!p.details.text(row).startsWith(u"10"));
     QCOMPARE(p.texturesOf(QStringLiteral("11")), QStringList({"11", "12"}));
     // A three-digit number reaches its own rows only.
     p.user.choose("lsvAnims", QStringLiteral("111"));
@@ -307,8 +307,8 @@ void tst_AnimationPage::aRangeShowsWhatItSavesAfterADelete()
     QFETCH(int, deleted);
     QFETCH(QStringList, textures);
     Page p;
-    ListViewModel& list = p.state.views.lsvTextures;
-    QVERIFY(p.state.document().DeleteTexture(list.key(deleted)));
+    ListRows& list = p.state.views.lsvTextures;
+    QVERIFY(p.state.document().DeleteTexture(TableRows::numberOf(list.key(deleted))));
     const QStringList beforeSaving = p.shownAndDrawn();
     QCOMPARE(PageUser::column(p.oneAnim), textures);
     QCOMPARE(p.state.lsvDrawList.count(), textures.size());

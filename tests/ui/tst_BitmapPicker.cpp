@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStatusBar>
+#include "support/TableRows.h"
+
 #include <QTest>
 #include <QUndoStack>
 
@@ -99,7 +101,7 @@ void tst_BitmapPicker::aChosenRowIsOutlinedAndShown()
     Window w;
     w.f.window->ShowPage(tab);
     ListView* list = w.list(sprite ? "lsvSprites" : "lsvTextures");
-    const ListViewModel& rows = *list->listModel();
+    const ListRows& rows = *list->listModel();
     const int row = lastRow ? rows.count() - 1 : 0;
     UserActions::ClickRow(list, row);
 
@@ -127,7 +129,7 @@ void tst_BitmapPicker::aChosenRowIsOutlinedAndShown()
     UserActions::ClickRow(list, row);
     ListDocument& document = w.f.window->document();
     const QString key = rows.key(row);
-    QVERIFY(sprite ? document.DeleteSprite(key) : document.DeleteTexture(key));
+    QVERIFY(sprite ? document.DeleteSprite(TableRows::numberOf(key)) : document.DeleteTexture(TableRows::numberOf(key)));
     QVERIFY(w.view()->Highlight().isEmpty());
     document.undoStack()->undo();
     QVERIFY(w.view()->Highlight().isEmpty());
@@ -136,7 +138,7 @@ void tst_BitmapPicker::aChosenRowIsOutlinedAndShown()
 void tst_BitmapPicker::aClickChoosesWhatLiesUnderIt()
 {
     Window w;
-    const ListViewModel& textures = w.f.window->state().views.lsvTextures;
+    const ListRows& textures = w.f.window->state().views.lsvTextures;
     const int last = textures.count() - 1;
     const QPoint pixel = ObjectTextureRow::Read(textures, last).Bounds().center();
     w.clickBitmap(pixel);
@@ -177,7 +179,7 @@ void tst_BitmapPicker::aClickBesideTheBitmapSaysNothingOfPixels()
     QFETCH(int, x);
     Window w;
     w.f.find<QScrollBar>("hscrlZoom")->setValue(1);
-    const ListViewModel& textures = w.f.window->state().views.lsvTextures;
+    const ListRows& textures = w.f.window->state().views.lsvTextures;
     w.clickBitmap(ObjectTextureRow::Read(textures, 0).Bounds().center());
     const int chosen = textures.selectedRow();
     QVERIFY(w.status().startsWith(QStringLiteral("Pixel")));
@@ -203,7 +205,7 @@ void tst_BitmapPicker::aClickWhileEnteringChoosesNothing()
     Window w;
     w.f.window->ShowPage(tab);
     w.f.window->findChild<QPushButton*>(button)->click();
-    const ListViewModel& textures = w.f.window->state().views.lsvTextures;
+    const ListRows& textures = w.f.window->state().views.lsvTextures;
     const QString status = w.status();
     w.clickBitmap(ObjectTextureRow::Read(textures, 0).Bounds().center());
     QCOMPARE(textures.selectedRow(), -1);
@@ -237,7 +239,7 @@ void tst_BitmapPicker::drawShowsItsOutlines()
     // The row lowest on the bitmap; checklist row Tk draws the row keyed Tk.
     const EditorState& s = w.f.window->state();
     const bool sprites = tab == 3;
-    const ListViewModel& rows = sprites ? s.views.lsvSprites : s.views.lsvTextures;
+    const ListRows& rows = sprites ? static_cast<const ListRows&>(s.views.lsvSprites) : s.views.lsvTextures;
     int lowest = 0;
     const auto top = [&](int row) {
         return sprites ? SpriteTextureRow::Read(rows, row).FirstCorner().y()
@@ -306,7 +308,7 @@ void tst_BitmapPicker::checklistCommandsTickManyRows()
     EditorState& s = f.window->state();
     // Four textures: None, All, T1 to T4; T3 and the "All" marker ticked first.
     for (int i = 0; i < 4; ++i)
-        s.views.lsvTextures.addRow(QStringLiteral("T%1").arg(i), QString::number(i));
+        TableRows::addTexture(f.window->document().tables(), i);
     s.FillTextureIndexLists();
     s.lsvObjects.setCheckState(s.lsvObjects.findKey("T3"), Qt::Checked);
     s.lsvObjects.setCheckState(s.lsvObjects.findKey("All"), Qt::Checked);

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStatusBar>
+#include "support/TableRows.h"
+
 #include <QTest>
 
 using Cells = QStringList;
@@ -179,7 +181,7 @@ void tst_BitmapSelection::spriteAddedFromADrag()
              {"txtTop", "-20"}, {"txtBottom", "20"}, {"txtLeft", "-25"}, {"txtRight", "25"}})
         UserActions::TypeInto(w.f.find<QLineEdit>(name), QString::fromLatin1(value));
     w.click("cmdSpriteAdd");
-    const ListViewModel& sprites = w.f.window->state().views.lsvSprites;
+    const ListRows& sprites = w.f.window->state().views.lsvSprites;
     QCOMPARE(sprites.count(), 30);
     QCOMPARE(sprites.row(29).subItems, (Cells{"1", "10", "44", "13055", "10495", "-25", "-20", "25", "20"}));
     QCOMPARE(w.texts({"txtHiLo_0", "txtHiLo_2", "txtX_0", "txtTileNo"}), texture);
@@ -223,8 +225,9 @@ void tst_BitmapSelection::drawingWhileAddingOrEditing()
     QFETCH(Cells, boxes);
     QFETCH(Cells, stored);
     Window w;
-    ListViewModel& textures = w.f.window->state().views.lsvTextures;
-    const int row = edited.isEmpty() ? textures.count() : textures.addRow("T30", "30", edited);
+    ListRows& textures = w.f.window->state().views.lsvTextures;
+    const int row =
+        edited.isEmpty() ? textures.count() : TableRows::addTexture(w.f.window->document().tables(), 30, edited);
     if (edited.isEmpty()) {
         w.click("cmdAdd");
     } else {

@@ -26,11 +26,11 @@ private slots:
     void shownRowFollowsTheEdit();
 
 private:
-    static QStringList Rows(const ListViewModel& list);
-    static void MakeEdit(EditorFixture& f, PageUser& user, Edit edit, const ListViewModel& shown);
+    static QStringList Rows(const ListRows& list);
+    static void MakeEdit(EditorFixture& f, PageUser& user, Edit edit, const ListRows& shown);
 };
 
-QStringList tst_DetailListsFollowEdits::Rows(const ListViewModel& list)
+QStringList tst_DetailListsFollowEdits::Rows(const ListRows& list)
 {
     QStringList rows;
     for (int row = 0; row < list.count(); ++row)
@@ -38,7 +38,7 @@ QStringList tst_DetailListsFollowEdits::Rows(const ListViewModel& list)
     return rows;
 }
 
-void tst_DetailListsFollowEdits::MakeEdit(EditorFixture& f, PageUser& user, Edit edit, const ListViewModel& shown)
+void tst_DetailListsFollowEdits::MakeEdit(EditorFixture& f, PageUser& user, Edit edit, const ListRows& shown)
 {
     switch (edit) {
     case Edit::SequenceShortened:
@@ -68,7 +68,7 @@ void tst_DetailListsFollowEdits::MakeEdit(EditorFixture& f, PageUser& user, Edit
         // The range's second texture, found in the texture list by its number.
         const qint64 texture = shown.text(1).toLongLong();
         user.showTab(1);
-        const ListViewModel& textures = f.window->state().views.lsvTextures;
+        const ListRows& textures = f.window->state().views.lsvTextures;
         for (int row = 0; row < textures.count(); ++row) {
             if (textures.text(row).toLongLong() == texture)
                 user.chooseRow("lsvTextures", row);
@@ -114,7 +114,7 @@ void tst_DetailListsFollowEdits::shownRowFollowsTheEdit()
     EditorFixture f;
     PageUser user(f, tab);
     user.choose(qPrintable(chosenList), chosenRow);
-    const ListViewModel& shown = *f.find<ListView>(qPrintable(detailList))->listModel();
+    const ListRows& shown = *f.find<ListView>(qPrintable(detailList))->listModel();
     const QStringList before = Rows(shown);
     QVERIFY(shown.count() >= 2);
 

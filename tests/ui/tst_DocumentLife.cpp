@@ -190,9 +190,9 @@ void tst_DocumentLife::editSaveAndReopen()
     f.openList(f.listPath());
     EditorState& s = f.window->state();
     const QByteArray before = ScratchDir::read(f.listPath());
-    QStringList cells = s.views.lsvTextures.row(3).subItems;
-    cells[0] = QStringLiteral("2");
-    QVERIFY(s.document().EditTexture(s.views.lsvTextures.key(3), cells));
+    ObjectTexture edited = s.document().tables().textures.at(3).record;
+    edited.setColumn(ObjectTexture::TileColumn, 2);
+    QVERIFY(s.document().EditTexture(s.document().tables().textures.at(3).number, edited));
     QVERIFY(f.find<QAction>("mnuFileSaveList")->isEnabled());
     trigger(f, "mnuFileSaveList");
     QVERIFY(!s.document().isModified());
@@ -210,7 +210,7 @@ void tst_DocumentLife::saveAsMovesTheListToTheNewName()
 {
     EditorFixture f;
     f.openList(f.listPath());
-    QVERIFY(f.window->document().DeleteTexture(QStringLiteral("T4")));
+    QVERIFY(f.window->document().DeleteTexture(4));
     const QString copy = f.dir.filePath("copy.trt");
     f.prompts.fileNames << copy;
     trigger(f, "mnuFileSaveAsList");
@@ -237,7 +237,7 @@ void tst_DocumentLife::closeEmptiesEverythingAndSaveWritesNothing()
     const QByteArray before = ScratchDir::read(f.listPath());
     trigger(f, "mnuFileCloseList");
     EditorState& s = f.window->state();
-    for (ListViewModel* view : s.views.all())
+    for (ListRows* view : s.views.all())
         QCOMPARE(view->count(), 0);
     QCOMPARE(s.lsvObjects.count(), 0);
     QCOMPARE(s.lsvSpriteIndex.count(), 0);
@@ -287,7 +287,7 @@ void tst_DocumentLife::theSaveQuestionOnEveryWayOut()
     f.window->show();
     const QByteArray before = ScratchDir::read(f.listPath());
     EditorState& s = f.window->state();
-    QVERIFY(s.document().DeleteTexture(QStringLiteral("T0")));
+    QVERIFY(s.document().DeleteTexture(0));
     f.prompts.saveAnswers << answer;
     const QString other = f.dir.filePath("other.trt");
     if (way == "open")
@@ -328,7 +328,7 @@ void tst_DocumentLife::aSaveThatFailsKeepsTheListOpen()
     EditorFixture f;
     const QString list = f.dir.write("mine.trt", ScratchDir::read(f.listPath()));
     f.openList(list);
-    QVERIFY(f.window->document().DeleteTexture(QStringLiteral("T3")));
+    QVERIFY(f.window->document().DeleteTexture(3));
     // The file's place is taken by a folder: nothing can be written there.
     QVERIFY(QFile::remove(list) && QDir().mkdir(list));
     f.prompts.saveAnswers << IPromptService::SaveAnswer::Save;
@@ -354,7 +354,7 @@ void tst_DocumentLife::exitAsksOnlyWhenChanged()
     EditorFixture f;
     f.openList(f.listPath());
     if (dirty)
-        f.window->document().DeleteTexture(QStringLiteral("T0"));
+        f.window->document().DeleteTexture(0);
     f.prompts.saveAnswers << IPromptService::SaveAnswer::Discard;
     f.window->show();
     trigger(f, "mnuFileExit");

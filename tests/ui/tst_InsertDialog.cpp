@@ -48,7 +48,7 @@ private slots:
         EditorFixture f;
         f.openList(f.listPath());
         for (int i = 0; i < 3; ++i)
-            QVERIFY(f.window->document().DeleteTexture(QStringLiteral("T%1").arg(i)));
+            QVERIFY(f.window->document().DeleteTexture(i));
         const QByteArray saved = ScratchDir::read(f.listPath());
         f.prompts.saveAnswers << (save ? IPromptService::SaveAnswer::Save : IPromptService::SaveAnswer::Cancel);
         f.prompts.formScripts << [](QDialog& form) { EditorFixture::click(form, "cmdInsert"); };
@@ -73,7 +73,7 @@ private slots:
     {
         EditorFixture f;
         f.openList(f.listPath());
-        QVERIFY(f.window->document().DeleteTexture(QStringLiteral("T0")));
+        QVERIFY(f.window->document().DeleteTexture(0));
         f.find<QAction>("mnuFileSaveList")->trigger();
         f.prompts.formScripts << [](QDialog& form) { EditorFixture::click(form, "cmdInsert"); };
         f.find<QAction>("mnuListInser")->trigger();

@@ -88,9 +88,9 @@ QStringList Snapshot(EditorFixture& f)
     }
     // The rows chosen in the list's own tables; an index list's choice is
     // only where the user left it.
-    const QList<ListViewModel*> tables = window.document().views().all();
+    const QList<ListRows*> tables = window.document().views().all();
     for (const ListView* list : window.findChildren<ListView*>()) {
-        const ListViewModel* rows = list->listModel();
+        const ListRows* rows = list->listModel();
         seen << QStringLiteral("%1 rows %2 chosen %3")
                     .arg(list->objectName())
                     .arg(rows->count())

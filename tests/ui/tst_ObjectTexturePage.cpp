@@ -17,6 +17,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include "support/TableRows.h"
+
 #include <QTest>
 #include <QUndoStack>
 
@@ -83,7 +85,7 @@ void tst_ObjectTexturePage::startsViewingWithItsCaptions()
     QVERIFY(f.find<QPushButton>("cmdAdd")->isEnabled());
     QCOMPARE(f.find<QLineEdit>("txtTextureQty")->text(), QStringLiteral("30"));
     // The checklist comes all ticked.
-    const ListViewModel& objects = f.window->state().lsvObjects;
+    const ListRows& objects = f.window->state().lsvObjects;
     QCOMPARE(objects.count(), 32);
     for (int row = 0; row < objects.count(); ++row)
         QCOMPARE(objects.checkState(row), Qt::Checked);
@@ -171,7 +173,7 @@ void tst_ObjectTexturePage::loadingARow()
     QFETCH(QString, flipHor);
     QFETCH(bool, free);
     Page p;
-    const int at = p.textures().addRow(QStringLiteral("T30"), QStringLiteral("30"), row);
+    const int at = TableRows::addTexture(p.state().document().tables(), 30, row);
     p.load(at);
 
     QCOMPARE(p.box("txtTextureNo")->text(), QStringLiteral("30"));
@@ -283,7 +285,7 @@ void tst_ObjectTexturePage::addThenEditWhatWasAdded()
     QCOMPARE(p.column("txtY"), (Cells{"20", "20", "84", "84"}));
     p.click("cmdAdd");
 
-    const ListViewModel& textures = p.textures();
+    const ListRows& textures = p.textures();
     QCOMPARE(textures.count(), 31);
     QCOMPARE(textures.key(30), QStringLiteral("T30"));
     QCOMPARE(textures.text(30), QStringLiteral("30"));
@@ -512,7 +514,7 @@ void tst_ObjectTexturePage::deletionAsksThenRangesFollow()
              qPrintable(p.f.prompts.messages[0].text));
     QCOMPARE(p.status(), said);
     QCOMPARE(p.textures().count(), answer ? 29 : 30);
-    const QList<quint16> words = m_TextureList::AnimatedTextureWords(views.lsvAnims, views.lsvAnimDetails);
+    const QList<quint16> words = p.state().document().tables().AnimatedTextureWords();
     QCOMPARE(AnimatedTextureBlock::fromWords(words.constData(), words.size()).ranges, ranges);
     QCOMPARE(p.state().document().undoStack()->count(), answer ? 1 : 0);
 }
@@ -583,7 +585,7 @@ void tst_ObjectTexturePage::drawOutlinesTickedTextures()
 {
     Page p;
     ListView* checklist = p.f.find<ListView>("lsvObjects");
-    const ListViewModel& drawn = p.state().lsvDrawList;
+    const ListRows& drawn = p.state().lsvDrawList;
     // "None" is a marker only: the texture rows stay ticked and are drawn.
     // Row k draws texture k, so texture 0 is never drawn and row 30 finds none.
     UserActions::ClickCheckBox(checklist, 0);
@@ -610,8 +612,9 @@ void tst_ObjectTexturePage::drawOutlinesTickedTextures()
     QCOMPARE(drawn.text(0), QStringLiteral("02"));
 
     // A list of three textures (0, 1, 2) draws 1 and 2 only.
-    while (p.textures().count() > 3)
-        p.textures().removeAt(3);
+    RecordTable<TextureEntry>& textures = p.state().document().tables().textures;
+    while (textures.count() > 3)
+        textures.remove(3);
     p.state().FillTextureIndexLists();
     p.click("cmdDraw");
     QCOMPARE(drawn.count(), 2);
@@ -657,7 +660,7 @@ void tst_ObjectTexturePage::anyRowLoadsWithoutHarm()
         Cells(18, QStringLiteral("-2147483648")),
     };
     for (int i = 0; i < rows.size(); ++i) {
-        const int row = p.textures().addRow(QStringLiteral("X%1").arg(i), QStringLiteral("odd"), rows[i]);
+        const int row = TableRows::addTexture(p.state().document().tables(), 1000 + i, rows[i]);
         p.load(row);
         p.click("cmdEdit");
         p.click("cmdFlipHor");

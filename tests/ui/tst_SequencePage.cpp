@@ -10,6 +10,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include "support/TableRows.h"
+
 #include <QTest>
 
 // The "... and Sequences" page as a user drives it. The demo list has 29
@@ -25,16 +27,14 @@ class tst_SequencePage : public QObject
         EditorFixture f;
         PageUser user{f, 4};
         EditorState& state = f.window->state();
-        ListViewModel& sequences = state.views.lsvSequences;
+        ListRows& sequences = state.views.lsvSequences;
 
         // Sprite rows past the demo's, as the sprite page adds them.
         void addSprites(int count)
         {
-            ListViewModel& sprites = state.views.lsvSprites;
-            for (int i = 0; i < count; ++i) {
-                const QString number = QString::number(sprites.count());
-                sprites.addRow(QLatin1Char('S') + number, number, {"0", "0", "0", "255", "255"});
-            }
+            ListTables& tables = state.document().tables();
+            for (int i = 0; i < count; ++i)
+                TableRows::addSprite(tables, tables.sprites.count(), {"0", "0", "0", "255", "255"});
         }
         QStringList rows() const
         {
@@ -148,7 +148,7 @@ void tst_SequencePage::typedSequences()
 void tst_SequencePage::aSingleSequenceMakesANewOneTheFirst()
 {
     Page p;
-    p.sequences.clear();
+    p.state.document().tables().sequences.clear();
     p.user.addSequence({"0", "4", "7"});
     QCOMPARE(p.rows(), QStringList({"S00000 5 0 7"}));
     QCOMPARE(p.sequences.text(0), QStringLiteral("00000"));
@@ -226,7 +226,7 @@ void tst_SequencePage::choosingASequenceFillsTheBoxesAndFrames()
     QFETCH(bool, withAnimations);
     Page p;
     if (!withAnimations)
-        p.state.views.lsvAnims.clear();
+        p.state.document().tables().ranges.clear();
     QVERIFY(!p.user.button("cmdSequnce").isEnabled());
     p.user.choose("lsvSequences", QStringLiteral("00006"));
     QCOMPARE(p.boxes(), QStringList({"16", "20", "166"}));
@@ -236,7 +236,7 @@ void tst_SequencePage::choosingASequenceFillsTheBoxesAndFrames()
     QCOMPARE(p.user.button("cmdSequnce").isEnabled(), withAnimations);
 
     const QList<SpriteTexture> sprites = DemoLevel().spriteTextures();
-    const ListViewModel& frames = p.f.window->sequencePage().lsvOneSequence();
+    const ListRows& frames = p.f.window->sequencePage().lsvOneSequence();
     QStringList expected, shown;
     for (int sprite = 16; sprite <= 20; ++sprite) {
         const SpriteTexture& s = sprites[sprite];
@@ -252,15 +252,14 @@ void tst_SequencePage::thousandsOfSequences()
     Page p;
     const int count = 3000;
     p.addSprites(count + 2 - 29);
-    std::vector<ListViewModel::Row> rows;
+    std::vector<SequenceEntry> rows;
     for (int i = 0; i < count; ++i) {
         SpriteSequence record;
         record.setNumber(1);
         record.first = qint16(i);
-        rows.push_back(m_SpriteList::RowOfSequence(record, i));
+        rows.push_back({record, i});
     }
-    p.sequences.clear();
-    p.sequences.appendRows(std::move(rows));
+    p.state.document().tables().sequences.assign(std::move(rows));
 
     p.user.choose("lsvSequences", QStringLiteral("01500"));
     p.user.press("cmdSeqEdit");

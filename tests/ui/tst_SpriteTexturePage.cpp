@@ -43,7 +43,7 @@ private:
         EditorFixture f;
         Page();
         EditorState& state() const { return f.window->state(); }
-        ListViewModel& sprites() const { return state().views.lsvSprites; }
+        ListRows& sprites() const { return state().views.lsvSprites; }
         QLineEdit* box(const char* name) const { return f.find<QLineEdit>(name); }
         QPushButton* button(const char* name) const { return f.find<QPushButton>(name); }
         void click(const char* name) const { QTest::mouseClick(button(name), Qt::LeftButton); }
@@ -183,7 +183,7 @@ void tst_SpriteTexturePage::spriteStoredInTile3LoadsAgain()
     p.fill({"3", "10", "800", "42", "830", "-16", "16", "-8", "8"});
     p.click("cmdSpriteAdd");
 
-    const ListViewModel& sprites = p.sprites();
+    const ListRows& sprites = p.sprites();
     QCOMPARE(sprites.count(), 30);
     QCOMPARE(sprites.key(29), QStringLiteral("S29"));
     QCOMPARE(sprites.text(29), QStringLiteral("29"));
@@ -330,7 +330,7 @@ void tst_SpriteTexturePage::addAfterDeletionTakesAFreeNumber()
 void tst_SpriteTexturePage::drawOutlinesTickedSprites()
 {
     Page p;
-    const ListViewModel& drawn = p.state().lsvSpriteDrawLisr;
+    const ListRows& drawn = p.state().lsvSpriteDrawLisr;
     UserActions::ClickCheckBox(p.f.find<ListView>("lsvSpriteIndex"), 3);
     p.click("cmdDrawSprite");
     // Rows S1 to S28 minus the unticked S2; S29 does not exist.

@@ -15,6 +15,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include "support/TableRows.h"
+
 #include <QTest>
 
 using Cells = QStringList;
@@ -54,9 +56,9 @@ void tst_TexturesOfAnyLevel::freeCornersTypedOneByOne()
 {
     Page p;
     auto* freeCorners = p.f.find<QCheckBox>("chkFreeCorners");
-    const int triangle = p.textures().addRow(QStringLiteral("T30"), QStringLiteral("30"),
-                                             Row(0, 0, {{10, 20}, {50, 20}, {50, 60}, {0, 0}},
-                                                 {{1, 1}, {255, 1}, {255, 255}, {0, 0}}));
+    const int triangle = TableRows::addTexture(p.state().document().tables(), 30,
+                                               Row(0, 0, {{10, 20}, {50, 20}, {50, 60}, {0, 0}},
+                                                   {{1, 1}, {255, 1}, {255, 255}, {0, 0}}));
     p.load(triangle);
     p.click("cmdEdit");
     QVERIFY(freeCorners->isChecked() && !freeCorners->isEnabled());
@@ -146,7 +148,7 @@ void tst_TexturesOfAnyLevel::statusSaysWhatAndWhy()
         QStringList words = step.split(QLatin1Char(' '));
         const QString verb = words.takeFirst();
         if (verb == QLatin1String("row")) {
-            p.textures().addRow(QStringLiteral("T30"), QStringLiteral("30"), words);
+            TableRows::addTexture(p.state().document().tables(), 30, words);
             p.load(p.textures().count() - 1);
         } else if (verb == QLatin1String("load")) {
             p.load(words[0].toInt());
@@ -196,7 +198,7 @@ void tst_TexturesOfAnyLevel::everyRowOfALevelSurvivesEditAndAccept()
     f.newList(listPath, levelPath, f.writeBitmap(QStringLiteral("level.bmp"), 3));
     f.window->show();
     QVERIFY(QTest::qWaitForWindowExposed(f.window.get()));
-    ListViewModel& textures = f.window->state().views.lsvTextures;
+    ListRows& textures = f.window->state().views.lsvTextures;
     QCOMPARE(textures.count(), 120);
 
     QList<Cells> read;
@@ -257,7 +259,7 @@ void tst_TexturesOfAnyLevel::hostileRowsStayAsTheyWere()
     QFETCH(bool, stored);
     Page p;
     const Cells cells = row.split(QLatin1Char(' '));
-    const int at = p.textures().addRow(QStringLiteral("T30"), QStringLiteral("30"), cells);
+    const int at = TableRows::addTexture(p.state().document().tables(), 30, cells);
     p.load(at);
     // The boxes show what the row holds, whole-bitmap Y included.
     QCOMPARE(p.box("txtX_1")->text(), cells[4]);

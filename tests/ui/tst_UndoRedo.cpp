@@ -54,7 +54,7 @@ public:
 
 private:
     const EditorState& state() const { return f.window->state(); }
-    int anyRow(const ListViewModel& view) { return int(random.bounded(qMax(1, view.count()))); }
+    int anyRow(const ListRows& view) { return int(random.bounded(qMax(1, view.count()))); }
 
     void deleteTexture()
     {
@@ -245,13 +245,12 @@ void tst_UndoRedo::undoBringsBackCountsIndexListsAndOutlines()
     QCOMPARE(s.lsvDrawList.count(), outlines);
 
     // An undone texture edit moves its outline back.
-    ListViewModel& textures = s.views.lsvTextures;
+    ListRows& textures = s.views.lsvTextures;
     const QString before = s.lsvDrawList.row(0).subItems.join(QLatin1Char(' '));
     const int drawn = textures.findKey(QStringLiteral("T1"));
-    QStringList cells = textures.row(drawn).subItems;
-    const int x1 = ObjectTextureRow::XColumn(0) - 1;
-    cells[x1] = QString::number(cells[x1].toInt() + 7);
-    QVERIFY(f.window->document().EditTexture(QStringLiteral("T1"), cells));
+    ObjectTexture moved = f.window->document().tables().textures.at(drawn).record;
+    moved.setColumn(ObjectTextureRow::XColumn(0), moved.column(ObjectTextureRow::XColumn(0)) + 7);
+    QVERIFY(f.window->document().EditTexture(1, moved));
     QVERIFY(s.lsvDrawList.row(0).subItems.join(QLatin1Char(' ')) != before);
     undo.trigger();
     QCOMPARE(s.lsvDrawList.row(0).subItems.join(QLatin1Char(' ')), before);

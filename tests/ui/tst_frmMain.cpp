@@ -179,7 +179,7 @@ void tst_frmMain::headerClicksSortOnlyWhatIsShown()
     f.window->ShowPage(page);
     const QString title = f.window->windowTitle();
     ListView* view = f.find<ListView>(qPrintable(list));
-    const ListViewModel& model = *view->listModel();
+    const ListRows& model = *view->listModel();
     QStringList order;
     for (int row = 0; row < model.count(); ++row)
         order << model.key(row);
@@ -227,7 +227,7 @@ void tst_frmMain::sortingAnEmptyListSaysSo()
     f.openList(f.listPath());
     f.window->show();
     ListView* view = f.find<ListView>("lsvTextures");
-    f.window->state().views.lsvTextures.clear();
+    f.window->document().tables().textures.clear();
     emit view->header()->sectionClicked(3);
     QCOMPARE(f.window->statusBar()->currentMessage(), QStringLiteral("Textures: there are no rows to sort."));
     QCOMPARE(f.window->document().undoStack()->count(), 0);

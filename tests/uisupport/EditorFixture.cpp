@@ -88,9 +88,10 @@ void EditorFixture::click(QDialog& form, const char* button)
 bool EditorFixture::editTexture(int row)
 {
     ListDocument& document = window->document();
-    ListViewModel::Row edited = document.views().lsvTextures.row(row);
-    if (edited.subItems.isEmpty())
+    if (!document.tables().textures.contains(row))
         return false;
-    edited.subItems[0] = QString::number(edited.subItems[0].toInt() + 1);
-    return document.EditTexture(edited.key, edited.subItems);
+    const TextureEntry& entry = document.tables().textures.at(row);
+    ObjectTexture edited = entry.record;
+    edited.setColumn(ObjectTexture::TileColumn, edited.tile() + 1);
+    return document.EditTexture(entry.number, edited);
 }

@@ -99,7 +99,7 @@ void PageUser::addSequence(const QStringList& startStopObject) const
     press("cmdSeqAdd");
 }
 
-QStringList PageUser::column(const ListViewModel& model, int column)
+QStringList PageUser::column(const ListRows& model, int column)
 {
     QStringList cells;
     for (int row = 0; row < model.count(); ++row)

@@ -4,7 +4,7 @@
 
 class EditorFixture;
 class ListView;
-class ListViewModel;
+class ListRows;
 class QAbstractButton;
 
 // A user of the animation and sequence pages: finds their controls by name
@@ -35,7 +35,7 @@ public:
     void addSequence(const QStringList& startStopObject) const; // Add, boxes, Accept
 
     // One column of every row: 0 the texts, then the sub-items.
-    static QStringList column(const ListViewModel& model, int column = 0);
+    static QStringList column(const ListRows& model, int column = 0);
 
 private:
     EditorFixture& m_fixture;

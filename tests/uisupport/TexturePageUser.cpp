@@ -37,7 +37,7 @@ EditorState& TexturePageUser::state() const
     return f.window->state();
 }
 
-ListViewModel& TexturePageUser::textures() const
+ListRows& TexturePageUser::textures() const
 {
     return state().views.lsvTextures;
 }

@@ -7,7 +7,7 @@
 #include <QStringList>
 
 class EditorState;
-class ListViewModel;
+class ListRows;
 class QLineEdit;
 class QPushButton;
 
@@ -26,7 +26,7 @@ struct TexturePageUser
     TexturePageUser(int tiles, int count);
 
     EditorState& state() const;
-    ListViewModel& textures() const;
+    ListRows& textures() const;
     QLineEdit* box(const QString& name) const;
     QPushButton* button(const char* name) const;
     void click(const char* name) const;
