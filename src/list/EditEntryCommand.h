@@ -5,18 +5,19 @@
 
 #include <QCoreApplication>
 
-// The record of one row replaced, the row keeping its number: "Edit Sprite 03".
-template <class Format, class Record>
+// The record of one row replaced, the row keeping its number and its text:
+// "Edit Sprite 03".
+template <class Format>
 class EditEntryCommand : public TableEditCommand
 {
 public:
     using Entry = typename Format::Entry;
 
-    EditEntryCommand(RecordTable<Entry>& table, const QString& noun, qint32 number, const Record& record)
+    EditEntryCommand(RecordTable<Entry>& table, const QString& noun, qint32 number, const Entry& edited)
         : TableEditCommand(QCoreApplication::translate("ListDocument", "Edit %1 %2").arg(noun, RowText(table, number)))
         , m_table(table)
         , m_number(number)
-        , m_record(record)
+        , m_edited(edited)
     {
     }
 
@@ -26,8 +27,10 @@ protected:
         const int row = m_table.rowOfNumber(m_number);
         if (row < 0)
             return false;
-        Entry edited = m_table.at(row);
-        edited.record = m_record;
+        Entry edited = m_edited;
+        edited.number = m_table.at(row).number;
+        if constexpr (requires { edited.width; })
+            edited.width = m_table.at(row).width;
         return log.replace(m_table, row, edited);
     }
 
@@ -40,5 +43,5 @@ private:
 
     RecordTable<Entry>& m_table;
     qint32 m_number;
-    Record m_record;
+    Entry m_edited;
 };

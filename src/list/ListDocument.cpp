@@ -71,10 +71,15 @@ bool ListDocument::AddTexture(const TextureEntry& entry)
     return Push(std::make_unique<AddEntryCommand<TextureRowFormat>>(m_tables.textures, Noun("Texture"), entry));
 }
 
+bool ListDocument::EditTexture(qint32 number, const TextureEntry& edited)
+{
+    return Push(
+        std::make_unique<EditEntryCommand<TextureRowFormat>>(m_tables.textures, Noun("Texture"), number, edited));
+}
+
 bool ListDocument::EditTexture(qint32 number, const ObjectTexture& record)
 {
-    return Push(std::make_unique<EditEntryCommand<TextureRowFormat, ObjectTexture>>(m_tables.textures,
-                                                                                    Noun("Texture"), number, record));
+    return EditTexture(number, TextureEntry{record});
 }
 
 bool ListDocument::DeleteTexture(qint32 number, DeleteTextureCommand::Outcome* outcome)
@@ -89,8 +94,8 @@ bool ListDocument::AddSprite(const SpriteTextureEntry& entry)
 
 bool ListDocument::EditSprite(qint32 number, const SpriteTexture& record)
 {
-    return Push(std::make_unique<EditEntryCommand<SpriteRowFormat, SpriteTexture>>(m_tables.sprites, Noun("Sprite"),
-                                                                                   number, record));
+    return Push(std::make_unique<EditEntryCommand<SpriteRowFormat>>(m_tables.sprites, Noun("Sprite"), number,
+                                                                    SpriteTextureEntry{record}));
 }
 
 bool ListDocument::DeleteSprite(qint32 number)
@@ -105,8 +110,8 @@ bool ListDocument::AddSequence(const SequenceEntry& entry)
 
 bool ListDocument::EditSequence(qint32 number, const SpriteSequence& record)
 {
-    return Push(std::make_unique<EditEntryCommand<SequenceRowFormat, SpriteSequence>>(
-        m_tables.sequences, Noun("Sequence"), number, record));
+    return Push(std::make_unique<EditEntryCommand<SequenceRowFormat>>(m_tables.sequences, Noun("Sequence"), number,
+                                                                      SequenceEntry{record}));
 }
 
 bool ListDocument::DeleteSequence(qint32 number)

@@ -64,6 +64,9 @@ public:
     // entry added at the end (refused when its number is taken), a row's
     // record replaced, a row deleted, each row named by its number.
     bool AddTexture(const TextureEntry& entry);
+    // An edited texture keeps its number and text; its corners may be kept
+    // at a tile's far edge (TextureEntry::edgeCarry).
+    bool EditTexture(qint32 number, const TextureEntry& edited);
     bool EditTexture(qint32 number, const ObjectTexture& record);
     // The texture deleted, the animation ranges following the textures
     // after it; what became of the ranges goes into outcome.

@@ -29,17 +29,33 @@ ObjectTextureRow ObjectTextureRow::Read(const ListRows& textures, int row)
     return read;
 }
 
-ObjectTextureRow ObjectTextureRow::Of(const ObjectTexture& record)
+namespace {
+
+template <class Columns>
+ObjectTextureRow ReadColumns(const Columns& record)
 {
+    using R = ObjectTextureRow;
     ObjectTextureRow read;
-    read.tile = record.column(TileColumn);
-    read.trans = record.column(TransColumn);
-    read.firstX = record.column(XColumn(0));
+    read.tile = record.column(R::TileColumn);
+    read.trans = record.column(R::TransColumn);
+    read.firstX = record.column(R::XColumn(0));
     for (int i = 0; i < 4; ++i) {
-        read.corners[size_t(i)] = QPoint(record.column(XColumn(i)), record.column(YColumn(i)));
-        read.subPixels[size_t(i)] = QPoint(record.column(XHiColumn(i)), record.column(YHiColumn(i)));
+        read.corners[size_t(i)] = QPoint(record.column(R::XColumn(i)), record.column(R::YColumn(i)));
+        read.subPixels[size_t(i)] = QPoint(record.column(R::XHiColumn(i)), record.column(R::YHiColumn(i)));
     }
     return read;
+}
+
+} // namespace
+
+ObjectTextureRow ObjectTextureRow::Of(const ObjectTexture& record)
+{
+    return ReadColumns(record);
+}
+
+ObjectTextureRow ObjectTextureRow::Of(const TextureEntry& entry)
+{
+    return ReadColumns(entry);
 }
 
 std::optional<ObjectTextureRow> ObjectTextureRow::AtPlace(const ListRows& textures, qint64 number)

@@ -2,6 +2,7 @@
 
 #include "level/ObjectTexture.h"
 #include "list/OutlineColumns.h"
+#include "list/tables/TextureEntry.h"
 
 #include <QPoint>
 #include <QRect>
@@ -21,6 +22,8 @@ class ObjectTextureRow
 public:
     static ObjectTextureRow Read(const ListRows& textures, int row);
     static ObjectTextureRow Of(const ObjectTexture& record);
+    // A row of the open list: a corner kept at a tile's far edge reads 256.
+    static ObjectTextureRow Of(const TextureEntry& entry);
     // Texture number as the level numbers it: the row at that place, the
     // one saving writes there, whatever its key; nothing past the list.
     static std::optional<ObjectTextureRow> AtPlace(const ListRows& textures, qint64 number);

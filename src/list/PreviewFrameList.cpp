@@ -49,7 +49,7 @@ void PreviewFrameList::AddObjectTexture(const RecordTable<TextureEntry>& texture
         AddFrame(number, {}, {}, {}, {});
         return;
     }
-    const ObjectTextureRow geometry = ObjectTextureRow::Of(textures.at(int(texture)).record);
+    const ObjectTextureRow geometry = ObjectTextureRow::Of(textures.at(int(texture)));
     const QRect area = geometry.Bounds();
     AddFrame(number, NumberText::of(area.x()), NumberText::of(area.y()), NumberText::of(area.width()),
              NumberText::of(area.height()), geometry.IsTriangle() ? TriadMark : QString());

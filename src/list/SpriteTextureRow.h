@@ -3,6 +3,7 @@
 #include "list/OutlineColumns.h"
 
 #include "level/SpriteTexture.h"
+#include "list/tables/SpriteTextureEntry.h"
 
 #include <QRect>
 #include <QStringList>
@@ -18,6 +19,7 @@ class SpriteTextureRow
 public:
     static SpriteTextureRow Read(const ListRows& sprites, int row);
     static SpriteTextureRow Of(const SpriteTexture& record);
+    static SpriteTextureRow Of(const SpriteTextureEntry& entry) { return Of(entry.record); }
 
     int tile = 0;
     int x = 0;

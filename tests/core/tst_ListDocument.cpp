@@ -183,11 +183,11 @@ void tst_ListDocument::failedEditsPushNothing()
 
     bool made = true;
     if (edit == "edit T99")
-        made = document.EditTexture(99, {});
+        made = document.EditTexture(99, ObjectTexture{});
     else if (edit == "delete S99")
         made = document.DeleteSprite(99);
     else if (edit == "add T1")
-        made = document.AddTexture({{}, 1, 1});
+        made = document.AddTexture(TextureEntry{{}, 1, 1});
     else if (edit == "edit T1 same")
         made = document.EditTexture(1, document.tables().textures.at(1).record);
     else if (edit == "delete range 77")
@@ -249,7 +249,7 @@ void tst_ListDocument::modifiedFollowsTheCleanState()
     QCOMPARE(modified.takeFirst().at(0).toBool(), false);
     // Back past the saved state and on to a new edit: the saved state is gone.
     document.undoStack()->undo();
-    QVERIFY(document.AddTexture({{}, 9, 1}));
+    QVERIFY(document.AddTexture(TextureEntry{{}, 9, 1}));
     document.undoStack()->undo();
     QVERIFY(document.isModified());
 }

@@ -6,8 +6,12 @@ template <class Entry>
 int Append(RecordTable<Entry>& table, qint32 number, const QStringList& cells)
 {
     Entry entry{{}, number, qint16(QString::number(number).size())};
-    for (int column = 1; column <= cells.size(); ++column)
-        entry.record.setColumn(column, cells[column - 1].toInt());
+    for (int column = 1; column <= cells.size(); ++column) {
+        if constexpr (requires { entry.setColumn(column, 0); })
+            entry.setColumn(column, cells[column - 1].toInt()); // a corner keeps what its byte cannot
+        else
+            entry.record.setColumn(column, cells[column - 1].toInt());
+    }
     table.insert(table.count(), entry);
     return table.count() - 1;
 }

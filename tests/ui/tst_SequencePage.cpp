@@ -101,7 +101,8 @@ void tst_SequencePage::typedSequences_data()
     QTest::newRow("16") << "00005" << QStringList{"15", "16", "7"}
         << QStringList{sequence, "The last sprite texture is already in use by the following sequence.", ""};
     QTest::newRow("new after the last") << "" << QStringList{"29", "31", "200"} << QStringList{"S00012 3 29 200"};
-    QTest::newRow("signs and blanks") << "" << QStringList{" 29", "+29 ", "007"} << QStringList{"S00012 1 29 007"};
+    // The object is a number of the record: "007" is object 7.
+    QTest::newRow("signs and blanks") << "" << QStringList{" 29", "+29 ", "007"} << QStringList{"S00012 1 29 7"};
     QTest::newRow("edited in place") << "00005" << QStringList{"15", "15", "300"} << QStringList{"S00005 1 15 300"};
     // A gap before the following sequence is accepted.
     QTest::newRow("edited shorter") << "00006" << QStringList{"16", "18", "166"} << QStringList{"S00006 3 16 166"};

@@ -246,7 +246,6 @@ void tst_TexturesOfAnyLevel::hostileRowsStayAsTheyWere_data()
     QTest::addColumn<QString>("row");
     QTest::addColumn<bool>("stored");
     QTest::newRow("corner past 255") << "0 0 10 10 300 10 300 60 10 60 1 1 255 1 255 255 1 255" << false;
-    QTest::newRow("negative corner") << "0 0 -5 20 50 20 50 60 -5 60 0 0 0 0 0 0 0 0" << false;
     QTest::newRow("four equal corners") << "0 0 7 7 7 7 7 7 7 7 1 1 1 1 1 1 1 1" << false;
     QTest::newRow("tile past the bitmap") << "99 0 10 10 50 10 50 60 10 60 0 0 0 0 0 0 0 0" << true;
     QTest::newRow("tile 65535") << "65535 0 10 10 50 10 50 60 10 60 9 9 9 9 9 9 9 9" << true;

@@ -159,7 +159,7 @@ void AppendOutlines(const RecordRowsModel<Format>& source, const QStringList& ke
         if (row < 0)
             continue;
         const auto& entry = source.entry(row);
-        const OutlineColumns columns = RowReader::Of(entry.record).DrawColumns();
+        const OutlineColumns columns = RowReader::Of(entry).DrawColumns();
         cells.emplace_back(); // no key
         cells.push_back(ListCell::number(entry.number, entry.width));
         for (const int column : columns)

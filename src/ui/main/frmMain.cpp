@@ -290,7 +290,6 @@ QString frmMain::GetListFileName(bool IsOpen)
 bool frmMain::LoadList(bool IsNew)
 {
     ListDocument& d = *m_document;
-    ListViewSet& v = d.views();
     // The history belongs to the list it was made on.
     d.clearHistory();
     d.setListVersion(45);
@@ -514,7 +513,6 @@ void frmMain::mnuFileSaveAsList_Click()
 {
     EditorState& s = *m_state;
     ListDocument& d = *m_document;
-    ListViewSet& v = d.views();
     if (!m_listInfo) {
         Status(tr("No list is open: nothing was saved."));
         return;

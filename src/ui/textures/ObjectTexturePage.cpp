@@ -325,7 +325,7 @@ bool ObjectTexturePage::StoreEditedTexture(std::optional<qint32> number)
                                    .arg(TextureRowFormat::Key(*number)));
             return false;
         }
-        original = ObjectTextureRow::Of(textures.at(at).record);
+        original = ObjectTextureRow::Of(textures.at(at));
     }
     // A changed corner takes the bytes its row uses; a new row, those most
     // rows of the list use.
@@ -341,7 +341,7 @@ bool ObjectTexturePage::StoreEditedTexture(std::optional<qint32> number)
         FocusCorner(stored.badRow);
         return false;
     }
-    const RecordBuilder<ObjectTexture> record = TextureRecord(stored, m_attribute, m_sides);
+    const RecordBuilder<TextureEntry> record = TextureRecord(stored, m_attribute, m_sides);
     if (!record.ok()) {
         m_state.ShowStatus(tr("Nothing was stored: %1.").arg(record.refusal()));
         return false;
@@ -376,10 +376,10 @@ EditedTexture::Frame ObjectTexturePage::ReadFrame() const
     return frame;
 }
 
-RecordBuilder<ObjectTexture> ObjectTexturePage::TextureRecord(const EditedTexture::Stored& stored, int attribute,
-                                                              int sides)
+RecordBuilder<TextureEntry> ObjectTexturePage::TextureRecord(const EditedTexture::Stored& stored, int attribute,
+                                                             int sides)
 {
-    RecordBuilder<ObjectTexture> record;
+    RecordBuilder<TextureEntry> record;
     record.set({{ObjectTextureRow::TileColumn, stored.tile}, {ObjectTextureRow::TransColumn, attribute}});
     for (int i = 0; i < 4; ++i) {
         // A triangle has no fourth corner: zeros, whatever the boxes hold.
@@ -394,7 +394,7 @@ RecordBuilder<ObjectTexture> ObjectTexturePage::TextureRecord(const EditedTextur
     return record;
 }
 
-TextureEntry ObjectTexturePage::NewEntry(const ObjectTexture& record)
+TextureEntry ObjectTexturePage::NewEntry(const TextureEntry& record)
 {
     const RecordTable<TextureEntry>& textures = m_state.document().tables().textures;
     const qint64 count = textures.count();
@@ -402,7 +402,10 @@ TextureEntry ObjectTexturePage::NewEntry(const ObjectTexture& record)
     const qint64 number = RowKeyNumber::FirstFree(textures, asked);
     if (number != asked)
         m_state.ShowStatus(tr("Texture number %1 is still in use: the new texture is number %2.").arg(asked).arg(number));
-    return TextureEntry{record, qint32(number), RowKeyNumber::Width(number, count)};
+    TextureEntry entry = record;
+    entry.number = qint32(number);
+    entry.width = RowKeyNumber::Width(number, count);
+    return entry;
 }
 
 void ObjectTexturePage::ReportStored(const QString& number, const EditedTexture::Stored& stored,
@@ -433,6 +436,18 @@ void ObjectTexturePage::ReportStored(const QString& number, const EditedTexture:
                                .arg(original->trans));
         return;
     }
+    for (int i = 0; i < (m_sides == 4 ? 4 : 3); ++i) {
+        const QPoint corner = stored.corners[size_t(i)];
+        for (int value : {corner.x(), corner.y()}) {
+            if (value > 255) {
+                m_state.ShowStatus(tr("Texture %1 stored with the coordinate %2: a list file keeps 0 to 255 "
+                                      "within a tile, so it will not read back as typed.")
+                                       .arg(number)
+                                       .arg(value));
+                return;
+            }
+        }
+    }
 }
 
 void ObjectTexturePage::FocusCorner(int row)
@@ -460,7 +475,7 @@ void ObjectTexturePage::LoadTextureRow(int row)
     LockCornerBoxes(false);
     EnableTileBox(false);
 
-    const ObjectTextureRow texture = ObjectTextureRow::Of(m_state.views.lsvTextures.entry(row).record);
+    const ObjectTextureRow texture = ObjectTextureRow::Of(m_state.views.lsvTextures.entry(row));
     m_ui->txtTileNo->setText(QString::number(texture.tile));
     m_ui->txtTextureNo->setText(m_state.views.lsvTextures.text(row));
     // The attribute comes from "X1", not "Trans": Edit then Accept keeps
