@@ -79,12 +79,12 @@ std::optional<PreviewFrameList::Frame> PreviewFrameList::FrameAt(int row) const
     return Frame{WholeNumber(x), WholeNumber(y), WholeNumber(width), WholeNumber(height)};
 }
 
-bool PreviewFrameList::CheckFramesIn(ListViewModel& checklist, QChar keyPrefix) const
+bool PreviewFrameList::CheckFramesIn(IndexRows& checklist, QChar keyPrefix) const
 {
     return TickFrames(checklist, [&](int frame) -> QString { return keyPrefix + text(frame).trimmed(); });
 }
 
-bool PreviewFrameList::CheckPlacesIn(ListViewModel& checklist, const ListRows& rows) const
+bool PreviewFrameList::CheckPlacesIn(IndexRows& checklist, const ListRows& rows) const
 {
     return TickFrames(checklist, [&](int frame) -> QString {
         const std::optional<qint64> place = NumberIn(text(frame));
@@ -92,7 +92,7 @@ bool PreviewFrameList::CheckPlacesIn(ListViewModel& checklist, const ListRows& r
     });
 }
 
-bool PreviewFrameList::TickFrames(ListViewModel& checklist, const std::function<QString(int)>& keyOf) const
+bool PreviewFrameList::TickFrames(IndexRows& checklist, const std::function<QString(int)>& keyOf) const
 {
     if (count() == 0)
         return false;

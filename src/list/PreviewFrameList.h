@@ -1,5 +1,6 @@
 #pragma once
 
+#include "list/rows/IndexRows.h"
 #include "list/rows/ListViewModel.h"
 #include "list/tables/RecordTable.h"
 #include "list/tables/TextureEntry.h"
@@ -51,16 +52,16 @@ public:
 
     // Ticks, in checklist, the row keyed keyPrefix and the number of every
     // frame. False when there are no frames (nothing is ticked then).
-    bool CheckFramesIn(ListViewModel& checklist, QChar keyPrefix) const;
+    bool CheckFramesIn(IndexRows& checklist, QChar keyPrefix) const;
     // Ticks, in checklist, the row keyed as the row of rows at each frame's
     // place, so a list whose keys no longer follow its places (a texture was
     // deleted) ticks the rows the frames show. False when there are no frames.
-    bool CheckPlacesIn(ListViewModel& checklist, const ListRows& rows) const;
+    bool CheckPlacesIn(IndexRows& checklist, const ListRows& rows) const;
 
 private:
     static qint32 WholeNumber(const QString& cell);
     // The cell's number; nothing when it holds none.
     static std::optional<qint64> NumberIn(const QString& cell);
     // Ticks the checklist row keyed keyOf(frame) for every frame ("" ticks none).
-    bool TickFrames(ListViewModel& checklist, const std::function<QString(int)>& keyOf) const;
+    bool TickFrames(IndexRows& checklist, const std::function<QString(int)>& keyOf) const;
 };

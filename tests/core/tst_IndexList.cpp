@@ -1,4 +1,4 @@
-#include "list/rows/ListViewModel.h"
+#include "list/rows/IndexRows.h"
 #include "list/m_IndexList.h"
 
 #include <QTest>
@@ -31,8 +31,8 @@ private slots:
         QFETCH(bool, withNoneAll);
         QFETCH(QStringList, keys);
         QFETCH(QStringList, texts);
-        ListViewModel view;
-        view.addRow(QStringLiteral("old"), QStringLiteral("stale row"));
+        IndexRows view;
+        m_IndexList::FillIndexList(2, view, QStringLiteral("Q"), !withNoneAll); // a list filled before
         m_IndexList::FillIndexList(count, view, prefix, withNoneAll);
         QStringList gotKeys, gotTexts;
         for (int i = 0; i < view.count(); ++i) {
@@ -64,7 +64,7 @@ private slots:
         QFETCH(qint64, from);
         QFETCH(qint64, to);
         QFETCH(bool, withNoneAll);
-        ListViewModel view, filled;
+        IndexRows view, filled;
         if (from >= 0)
             m_IndexList::FillIndexList(from, view, QStringLiteral("T"), withNoneAll);
         const int untickedRow = withNoneAll ? 2 : 0;

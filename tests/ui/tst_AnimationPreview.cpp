@@ -210,7 +210,7 @@ void tst_AnimationPreview::drawTicksTheChecklistThenAsksForTheDrawing()
     QFETCH(QStringList, ticked);
     Page p(tab);
     const bool animation = tab == 2;
-    ListViewModel& checklist = animation ? p.state.lsvObjects : p.state.lsvSpriteIndex;
+    IndexRows& checklist = animation ? p.state.lsvObjects : p.state.lsvSpriteIndex;
     // Checklists come all ticked; start from one earlier mark, which stays.
     for (int row = 0; row < checklist.count(); ++row)
         checklist.setCheckState(row, Qt::Unchecked);

@@ -566,7 +566,7 @@ void tst_ObjectTexturePage::checklistMarkers()
     QFETCH(Cells, ticks);
     Page p;
     ListView* view = p.f.find<ListView>("lsvObjects");
-    ListViewModel& objects = p.state().lsvObjects;
+    IndexRows& objects = p.state().lsvObjects;
     if (clicked == 1)
         UserActions::ClickCheckBox(view, 0);
     UserActions::ClickCheckBox(view, clicked);

@@ -329,7 +329,7 @@ void AnimationPage::FinishAnimationEdit(QPushButton& button, const QString& capt
 
 void AnimationPage::cmdAddText_Click()
 {
-    const ListViewModel& available = m_state.lsvAvailTextures;
+    const ListRows& available = m_state.lsvAvailTextures;
     const QString texture = available.text(available.selectedRow());
     if (texture.isEmpty())
         return;

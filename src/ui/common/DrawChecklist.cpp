@@ -1,7 +1,7 @@
 #include "ui/common/DrawChecklist.h"
 
 #include "ui/common/ListView.h"
-#include "list/rows/ListViewModel.h"
+#include "list/rows/IndexRows.h"
 
 #include <QMenu>
 #include <QSet>
@@ -14,7 +14,7 @@ constexpr int FirstNumberedRow = 2;
 
 } // namespace
 
-DrawChecklist::DrawChecklist(ListView& view, ListViewModel& rows, QObject* parent)
+DrawChecklist::DrawChecklist(ListView& view, IndexRows& rows, QObject* parent)
     : QObject(parent)
     , m_view(view)
     , m_rows(rows)
@@ -23,7 +23,7 @@ DrawChecklist::DrawChecklist(ListView& view, ListViewModel& rows, QObject* paren
     view.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&view, &QWidget::customContextMenuRequested, this, &DrawChecklist::ShowMenu);
     connect(&view, &ListView::MouseDown, this, [this] { m_userClick = true; });
-    connect(&rows, &ListViewModel::dataChanged, this,
+    connect(&rows, &IndexRows::dataChanged, this,
             [this](const QModelIndex& topLeft, const QModelIndex&, const QList<int>& roles) {
                 if (roles.contains(Qt::CheckStateRole))
                     OnCheckChanged(topLeft.row());

@@ -4,7 +4,7 @@
 #include <QStringList>
 
 class ListView;
-class ListViewModel;
+class IndexRows;
 
 // A checklist of what to outline on the bitmap: "None", "All", then one row
 // per texture or sprite. Only a tick the user makes with the mouse is
@@ -19,7 +19,7 @@ class DrawChecklist : public QObject
     Q_OBJECT
 
 public:
-    DrawChecklist(ListView& view, ListViewModel& rows, QObject* parent = nullptr);
+    DrawChecklist(ListView& view, IndexRows& rows, QObject* parent = nullptr);
 
     // Keys of the ticked rows after "None" and "All", in row order; none
     // when the list has no such row.
@@ -40,6 +40,6 @@ private:
     void MarkPair(bool noneTicked);
 
     ListView& m_view;
-    ListViewModel& m_rows;
+    IndexRows& m_rows;
     bool m_userClick = false;
 };

@@ -43,16 +43,25 @@ void EditBoxLook::ShowLockedColours(QLineEdit& box)
 void EditBoxLook::PaintSystem(QLineEdit& box, bool locked)
 {
     const QPalette system = QApplication::palette(&box);
-    QPalette palette = box.palette();
-    palette.setColor(QPalette::Base, locked ? QColor(LockedGrey) : system.color(QPalette::Active, QPalette::Base));
-    palette.setColor(QPalette::Text, system.color(QPalette::Active, QPalette::Text));
-    box.setPalette(palette);
+    Paint(box, locked ? QColor(LockedGrey) : system.color(QPalette::Active, QPalette::Base),
+          system.color(QPalette::Active, QPalette::Text));
 }
 
 void EditBoxLook::Paint(QLineEdit& box, const char* background, const char* text)
 {
-    QPalette palette = box.palette();
-    palette.setColor(QPalette::Base, QColor(background));
-    palette.setColor(QPalette::Text, QColor(text));
+    Paint(box, QColor(background), QColor(text));
+}
+
+void EditBoxLook::Paint(QLineEdit& box, const QColor& background, const QColor& text)
+{
+    // An undo repaints every page's boxes: a box already so painted is left
+    // alone, so its palette is not resolved again for nothing.
+    const QPalette& current = box.palette();
+    if (box.testAttribute(Qt::WA_SetPalette) && current.color(QPalette::Base) == background
+        && current.color(QPalette::Text) == text)
+        return;
+    QPalette palette = current;
+    palette.setColor(QPalette::Base, background);
+    palette.setColor(QPalette::Text, text);
     box.setPalette(palette);
 }

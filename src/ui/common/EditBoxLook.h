@@ -1,5 +1,6 @@
 #pragma once
 
+class QColor;
 class QLineEdit;
 
 // The looks an edit box takes on the editing pages: locked (read-only, light
@@ -20,5 +21,6 @@ public:
 
 private:
     static void Paint(QLineEdit& box, const char* background, const char* text);
+    static void Paint(QLineEdit& box, const QColor& background, const QColor& text);
     static void PaintSystem(QLineEdit& box, bool locked);
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "list/rows/IndexRows.h"
 #include "list/rows/ListViewModel.h"
 #include "list/ListDocument.h"
 
@@ -29,9 +30,9 @@ public:
     ListViewSet& views;
     // Index lists: the object texture checklist, the textures an animation
     // can take, and the sprite checklist.
-    ListViewModel lsvObjects;
-    ListViewModel lsvAvailTextures;
-    ListViewModel lsvSpriteIndex;
+    IndexRows lsvObjects;
+    IndexRows lsvAvailTextures;
+    IndexRows lsvSpriteIndex;
     // The outlines to draw, in whole-bitmap coordinates.
     ListViewModel lsvDrawList;
     ListViewModel lsvSpriteDrawLisr;
