@@ -3,6 +3,7 @@
 #include "ui/common/ListEditFollower.h"
 
 #include "ui/common/ButtonCaption.h"
+#include "ui/common/EditBoxLook.h"
 #include "ui/animation/ColumnFit.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/IPromptService.h"
@@ -188,11 +189,8 @@ void AnimationPage::EnableAnimationEdit(bool enable)
                              static_cast<QWidget*>(ui.cmdAddText), static_cast<QWidget*>(ui.cmdDelText),
                              static_cast<QWidget*>(ui.cmdEditAnim), static_cast<QWidget*>(ui.cmdDelAnim)})
         control->setEnabled(enable);
-    for (ListView* list : {ui.lsvAvailTextures, ui.lsvNextAnim}) {
-        QPalette colours = list->palette();
-        colours.setColor(QPalette::Base, palette().color(enable ? QPalette::Base : QPalette::Button));
-        list->setPalette(colours);
-    }
+    for (ListView* list : {ui.lsvAvailTextures, ui.lsvNextAnim})
+        EditBoxLook::PaintBase(*list, palette().color(enable ? QPalette::Base : QPalette::Button));
 }
 
 void AnimationPage::EnableOrderButtons(bool enable)

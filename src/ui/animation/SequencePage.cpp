@@ -3,6 +3,7 @@
 #include "ui/common/ListEditFollower.h"
 
 #include "ui/common/ButtonCaption.h"
+#include "ui/common/EditBoxLook.h"
 #include "ui/animation/ColumnFit.h"
 #include "ui/common/EditorState.h"
 #include "ui/common/IPromptService.h"
@@ -159,9 +160,8 @@ void SequencePage::SetSequenceButtons(bool enable)
 
 void SequencePage::ClearSequenceBoxes()
 {
-    m_ui->txtSeqStart->clear();
-    m_ui->txtSeqStop->clear();
-    m_ui->txtSeqObject->clear();
+    for (QLineEdit* box : {m_ui->txtSeqStart, m_ui->txtSeqStop, m_ui->txtSeqObject})
+        EditBoxLook::Empty(*box);
     m_ui->lblSeqKey->clear();
     m_shownNumber.reset();
 }
@@ -170,9 +170,7 @@ void SequencePage::EnableSequenceBoxes(bool enable)
 {
     for (QLineEdit* box : {m_ui->txtSeqStart, m_ui->txtSeqStop, m_ui->txtSeqObject}) {
         box->setEnabled(enable);
-        QPalette colours = box->palette();
-        colours.setColor(QPalette::Base, enable ? palette().color(QPalette::Base) : LockedBackground);
-        box->setPalette(colours);
+        EditBoxLook::PaintBase(*box, enable ? palette().color(QPalette::Base) : LockedBackground);
     }
 }
 

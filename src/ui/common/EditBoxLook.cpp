@@ -47,6 +47,21 @@ void EditBoxLook::PaintSystem(QLineEdit& box, bool locked)
           system.color(QPalette::Active, QPalette::Text));
 }
 
+void EditBoxLook::Empty(QLineEdit& box)
+{
+    if (!box.text().isEmpty())
+        box.clear();
+}
+
+void EditBoxLook::PaintBase(QWidget& widget, const QColor& base)
+{
+    if (widget.testAttribute(Qt::WA_SetPalette) && widget.palette().color(QPalette::Base) == base)
+        return;
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Base, base);
+    widget.setPalette(palette);
+}
+
 void EditBoxLook::Paint(QLineEdit& box, const char* background, const char* text)
 {
     Paint(box, QColor(background), QColor(text));

@@ -2,6 +2,7 @@
 
 class QColor;
 class QLineEdit;
+class QWidget;
 
 // The looks an edit box takes on the editing pages: locked (read-only, light
 // grey 0xE0E0E0 behind the window-text colour), open for typing (the system
@@ -22,5 +23,12 @@ public:
 private:
     static void Paint(QLineEdit& box, const char* background, const char* text);
     static void Paint(QLineEdit& box, const QColor& background, const QColor& text);
+
+public:
+    // The widget's base colour, set only when it differs: pages repaint
+    // their controls on every undo, and a palette set anew is resolved anew.
+    static void PaintBase(QWidget& widget, const QColor& base);
+    // Empties the box; an empty one is left alone, for the same reason.
+    static void Empty(QLineEdit& box);
     static void PaintSystem(QLineEdit& box, bool locked);
 };

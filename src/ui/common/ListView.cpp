@@ -126,6 +126,22 @@ void ListView::ShowThroughSortProxy()
     followModelSelection(chosen);
 }
 
+void ListView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QList<int>& roles)
+{
+    if (!uniformRowHeights() || !isVisible()) {
+        QTreeView::dataChanged(topLeft, bottomRight, roles);
+        return;
+    }
+    // The rows on screen are found from the scroll position; rows changed
+    // out of sight are painted when they come into it.
+    const QModelIndex firstShown = indexAt(QPoint(0, 0));
+    const QModelIndex lastShown = indexAt(QPoint(0, viewport()->height() - 1));
+    if (!firstShown.isValid() || bottomRight.row() < firstShown.row()
+        || (lastShown.isValid() && topLeft.row() > lastShown.row()))
+        return;
+    viewport()->update();
+}
+
 void ListView::mousePressEvent(QMouseEvent* event)
 {
     emit MouseDown();

@@ -45,6 +45,11 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    // Rows are all one height, so a changed row needs no height measured
+    // and no rectangle: the tree's search for the row, linear in the rows,
+    // is left out, and the view is repainted only when the row is in sight.
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QList<int>& roles = QList<int>()) override;
 
 private:
     void onHeaderClicked(int section);

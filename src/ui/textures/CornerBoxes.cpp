@@ -144,7 +144,7 @@ void CornerBoxes::Clear()
 {
     for (const Row& row : m_rows) {
         for (QLineEdit* box : {row.hiLo, row.x, row.y, row.corner})
-            box->clear();
+            EditBoxLook::Empty(*box);
     }
 }
 

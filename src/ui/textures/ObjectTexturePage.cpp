@@ -297,8 +297,8 @@ void ObjectTexturePage::ClearTextureEdition()
 {
     CornerBoxes::Hold hold(Corners());
     Corners().Clear();
-    m_ui->txtTextureNo->clear();
-    m_ui->txtTileNo->clear();
+    EditBoxLook::Empty(*m_ui->txtTextureNo);
+    EditBoxLook::Empty(*m_ui->txtTileNo);
 }
 
 void ObjectTexturePage::EnableFlips(bool enabled)

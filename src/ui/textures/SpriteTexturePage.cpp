@@ -141,8 +141,8 @@ void SpriteTexturePage::ListClosed()
 void SpriteTexturePage::ClearSpriteEdition()
 {
     for (QLineEdit* box : InputBoxes())
-        box->clear();
-    m_ui->txtNo->clear();
+        EditBoxLook::Empty(*box);
+    EditBoxLook::Empty(*m_ui->txtNo);
 }
 
 void SpriteTexturePage::EnableSpriteBoxes(bool enabled)
