@@ -221,3 +221,20 @@ void EditedTexture::TakeBytes(Stored& stored, const std::array<bool, 8>& highEdg
         stored.bytes[size_t(i)] = QPoint(x, y);
     }
 }
+
+RecordBuilder<TextureEntry> EditedTexture::Record(const Stored& stored, int attribute, int sides)
+{
+    RecordBuilder<TextureEntry> record;
+    record.set({{ObjectTextureRow::TileColumn, stored.tile}, {ObjectTextureRow::TransColumn, attribute}});
+    for (int i = 0; i < 4; ++i) {
+        // A triangle has no fourth corner: zeros, whatever the boxes hold.
+        const bool unused = i == 3 && sides != 4;
+        const QPoint corner = unused ? QPoint() : stored.corners[size_t(i)];
+        const QPoint byte = unused ? QPoint() : stored.bytes[size_t(i)];
+        record.set({{ObjectTextureRow::XColumn(i), corner.x()},
+                    {ObjectTextureRow::YColumn(i), corner.y()},
+                    {ObjectTextureRow::XHiColumn(i), byte.x()},
+                    {ObjectTextureRow::YHiColumn(i), byte.y()}});
+    }
+    return record;
+}

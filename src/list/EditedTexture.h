@@ -1,6 +1,8 @@
 #pragma once
 
 #include "list/ObjectTextureRow.h"
+#include "list/RecordBuilder.h"
+#include "list/tables/TextureEntry.h"
 #include "list/SubPixelConvention.h"
 #include "list/TextureGeometry.h"
 
@@ -53,6 +55,11 @@ public:
     // original is the row being edited, nothing for a new one.
     static Stored Build(const Frame& frame, const std::optional<ObjectTextureRow>& original,
                         const SubPixelConvention& convention);
+
+    // The row stored: the rectangle or corners, their bytes, the tile and
+    // the attribute; a triangle's fourth corner all zeros. A corner value
+    // the row cannot hold is refused by the builder, naming its column.
+    static RecordBuilder<TextureEntry> Record(const Stored& stored, int attribute, int sides);
 
 private:
     static Stored PlaceRectangle(const Frame& frame);

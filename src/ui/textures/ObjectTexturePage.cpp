@@ -341,7 +341,7 @@ bool ObjectTexturePage::StoreEditedTexture(std::optional<qint32> number)
         FocusCorner(stored.badRow);
         return false;
     }
-    const RecordBuilder<TextureEntry> record = TextureRecord(stored, m_attribute, m_sides);
+    const RecordBuilder<TextureEntry> record = EditedTexture::Record(stored, m_attribute, m_sides);
     if (!record.ok()) {
         m_state.ShowStatus(tr("Nothing was stored: %1.").arg(record.refusal()));
         return false;
@@ -374,24 +374,6 @@ EditedTexture::Frame ObjectTexturePage::ReadFrame() const
     for (int i = 0; i < 4; ++i)
         frame.boxes[size_t(i)] = QPoint(BoxValue(Corners().row(i).x), BoxValue(Corners().row(i).y));
     return frame;
-}
-
-RecordBuilder<TextureEntry> ObjectTexturePage::TextureRecord(const EditedTexture::Stored& stored, int attribute,
-                                                             int sides)
-{
-    RecordBuilder<TextureEntry> record;
-    record.set({{ObjectTextureRow::TileColumn, stored.tile}, {ObjectTextureRow::TransColumn, attribute}});
-    for (int i = 0; i < 4; ++i) {
-        // A triangle has no fourth corner: zeros, whatever the boxes hold.
-        const bool unused = i == 3 && sides != 4;
-        const QPoint corner = unused ? QPoint() : stored.corners[size_t(i)];
-        const QPoint byte = unused ? QPoint() : stored.bytes[size_t(i)];
-        record.set({{ObjectTextureRow::XColumn(i), corner.x()},
-                    {ObjectTextureRow::YColumn(i), corner.y()},
-                    {ObjectTextureRow::XHiColumn(i), byte.x()},
-                    {ObjectTextureRow::YHiColumn(i), byte.y()}});
-    }
-    return record;
 }
 
 TextureEntry ObjectTexturePage::NewEntry(const TextureEntry& record)

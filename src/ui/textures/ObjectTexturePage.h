@@ -100,7 +100,6 @@ private:
     EditedTexture::Frame ReadFrame() const;
     // The entry a new texture gets: the number asked for, or the first free after it.
     TextureEntry NewEntry(const TextureEntry& record);
-    static RecordBuilder<TextureEntry> TextureRecord(const EditedTexture::Stored& stored, int attribute, int sides);
     void ReportStored(const QString& number, const EditedTexture::Stored& stored,
                       const std::optional<ObjectTextureRow>& original);
     void FocusCorner(int row);
