@@ -1,0 +1,231 @@
+#include "level/TableCountLimits.h"
+#include "list/C_ListInfo.h"
+#include "list/ListViewSet.h"
+#include "list/tables/TableEditLog.h"
+#include "support/ListFixture.h"
+#include "support/ScratchDir.h"
+
+#include <QAbstractItemModelTester>
+#include <QSortFilterProxyModel>
+#include <QTest>
+
+// The list's tables as records: what the file holds is what the records
+// hold, byte for byte, whatever the views show or how they are sorted; and
+// the views follow every change to the records.
+class tst_ListTables : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void tablesRoundTripAtTheirLimits_data();
+    void tablesRoundTripAtTheirLimits();
+    void aSortedViewLeavesTheSavedBytesAlone();
+    void rowsReadTheirRecords_data();
+    void rowsReadTheirRecords();
+    void viewsFollowEditsUndosAndRedos();
+    void aNumberReachesTheRangesItsDigitsBegin_data();
+    void aNumberReachesTheRangesItsDigitsBegin();
+    void aRangeWithoutRowsBorrowsFromItsFirst();
+    void aCornerPastItsTileShowsWhatWasStoredAndSavesItsLowByte();
+
+private:
+    QByteArray image(ListViewSet& views, const QString& name);
+    ScratchDir m_dir;
+};
+
+QByteArray tst_ListTables::image(ListViewSet& views, const QString& name)
+{
+    C_ListInfo list;
+    if (list.InitStandAlone(m_dir.filePath(name), QStringLiteral("C:\\a.bmp"), &views.tables(), 0x2D)
+        != C_ListInfo::Success)
+        return {};
+    return list.ListFileImage();
+}
+
+void tst_ListTables::tablesRoundTripAtTheirLimits_data()
+{
+    QTest::addColumn<int>("textures");
+    QTest::addColumn<int>("ranges");
+    QTest::addColumn<int>("sprites");
+    QTest::addColumn<int>("sequences");
+    QTest::newRow("nothing at all") << 0 << 0 << 0 << 0;
+    QTest::newRow("one of each") << 1 << 1 << 1 << 1;
+    QTest::newRow("every table full") << int(TableCountLimits::ObjectTextures) << 1000
+                                      << int(TableCountLimits::SpriteTextures)
+                                      << int(TableCountLimits::SpriteSequences);
+}
+
+void tst_ListTables::tablesRoundTripAtTheirLimits()
+{
+    QFETCH(int, textures);
+    QFETCH(int, ranges);
+    QFETCH(int, sprites);
+    QFETCH(int, sequences);
+    ListViewSet written;
+    const ListFixture fixture = ListFixture::random(textures, ranges, 3, sprites, sequences, 41);
+    const QString path = m_dir.filePath(QStringLiteral("limits.trt"));
+    QCOMPARE(fixture.write(written, path, QStringLiteral("C:\\level.tr2")), C_ListInfo::Success);
+
+    ListViewSet read;
+    C_ListInfo list;
+    QCOMPARE(read.openList(list, path), C_ListInfo::Success);
+    const ListTables& t = read.tables();
+    QCOMPARE(t.textures.rows(), written.tables().textures.rows());
+    QCOMPARE(t.sprites.rows(), written.tables().sprites.rows());
+    QCOMPARE(t.sequences.rows(), written.tables().sequences.rows());
+    QCOMPARE(t.AnimatedTextureWords(), written.tables().AnimatedTextureWords());
+    for (int r = 0; r < ranges; ++r)
+        QCOMPARE(t.TexturesOfRange(r), fixture.animations.ranges[r]);
+    // Read back and written again, not a byte moves.
+    const QByteArray saved = ScratchDir::read(path);
+    C_ListInfo again;
+    QCOMPARE(again.Init(path, QStringLiteral("C:\\level.tr2"), QStringLiteral("C:\\a.bmp"), &read.tables()),
+             C_ListInfo::Success);
+    QCOMPARE(again.ListFileImage(), saved);
+}
+
+void tst_ListTables::aSortedViewLeavesTheSavedBytesAlone()
+{
+    ListViewSet views;
+    ListFixture::random(300, 4, 3, 20, 3, 5).fill(views);
+    const QByteArray before = image(views, QStringLiteral("sorted.trt"));
+    QSortFilterProxyModel shown;
+    shown.setSourceModel(&views.lsvTextures);
+    shown.sort(ObjectTexture::XColumn(1), Qt::DescendingOrder);
+    QCOMPARE(shown.data(shown.index(0, 0)).toString(), views.lsvTextures.text(shown.mapToSource(shown.index(0, 0)).row()));
+    QVERIFY(shown.mapToSource(shown.index(0, 0)).row() != 0 || shown.mapToSource(shown.index(1, 0)).row() != 1);
+    QCOMPARE(image(views, QStringLiteral("sorted.trt")), before);
+    QCOMPARE(views.lsvTextures.key(0), QStringLiteral("T0"));
+}
+
+void tst_ListTables::rowsReadTheirRecords_data()
+{
+    QTest::addColumn<QString>("view");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("firstCell");
+    // 120 textures number from "000"; ranges from "00"; sequences in five digits.
+    QTest::newRow("texture") << "lsvTextures" << 7 << "T7" << "007" << "";
+    QTest::newRow("range") << "lsvAnims" << 1 << "A01" << "01" << "3";
+    QTest::newRow("texture of a range") << "lsvAnimDetails" << 4 << "A011" << "01-1" << "";
+    QTest::newRow("sprite") << "lsvSprites" << 12 << "S12" << "12" << "";
+    QTest::newRow("sequence") << "lsvSequences" << 2 << "S00002" << "00002" << "";
+    QTest::newRow("sequence detail") << "lsvSequenceDetails" << 2 << "S00002" << "00002" << "";
+}
+
+void tst_ListTables::rowsReadTheirRecords()
+{
+    QFETCH(QString, view);
+    QFETCH(int, row);
+    QFETCH(QString, key);
+    QFETCH(QString, text);
+    QFETCH(QString, firstCell);
+    ListViewSet views;
+    ListFixture::random(120, 3, 3, 40, 4, 9).fill(views);
+    const QList<ListRows*> all = views.all();
+    const QStringList names{"lsvTextures", "lsvAnims", "lsvAnimDetails", "lsvSprites", "lsvSequences",
+                            "lsvSequenceDetails"};
+    const ListRows& rows = *all[names.indexOf(view)];
+    QCOMPARE(rows.key(row), key);
+    QCOMPARE(rows.text(row), text);
+    QCOMPARE(rows.findKey(key), row);
+    if (!firstCell.isEmpty())
+        QCOMPARE(rows.subItem(row, 1), firstCell);
+    QCOMPARE(rows.row(row).subItems.size(), rows.columns().size() - 1);
+    // Only a key spelt as the rows spell theirs finds a row.
+    for (const QString& other : QStringList{key.toLower(), key + u'0', QString(key).insert(1, u'0'), QString(), key.left(1)})
+        QVERIFY2(rows.findKey(other) != row || other == key, qPrintable(other));
+    QCOMPARE(rows.key(rows.count()), QString());
+    QCOMPARE(rows.text(-1), QString());
+}
+
+void tst_ListTables::viewsFollowEditsUndosAndRedos()
+{
+    ListViewSet views;
+    ListFixture::random(6, 1, 2, 0, 0, 3).fill(views);
+    QAbstractItemModelTester tester(&views.lsvTextures, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    RecordTable<TextureEntry>& textures = views.tables().textures;
+    const std::vector<TextureEntry> original = textures.rows();
+    views.lsvTextures.setSelectedRow(4);
+
+    TableEditLog log;
+    TextureEntry added = textures.at(2);
+    added.number = 40;
+    QVERIFY(log.insert(textures, 1, added));
+    QVERIFY(log.remove(textures, 3)); // T2, now at 3
+    TextureEntry edited = textures.at(0);
+    edited.setColumn(ObjectTexture::TileColumn, 9);
+    QVERIFY(log.replace(textures, 0, edited));
+    QVERIFY(!log.replace(textures, 0, edited)); // no change, no step
+    QCOMPARE(views.lsvTextures.key(1), QStringLiteral("T40"));
+    QCOMPARE(views.lsvTextures.subItem(0, ObjectTexture::TileColumn), QStringLiteral("9"));
+    QCOMPARE(views.lsvTextures.findKey(QStringLiteral("T2")), -1);
+    QCOMPARE(views.lsvTextures.selectedRow(), 4); // T4: one row in, one out before it
+    const std::vector<TextureEntry> after = textures.rows();
+
+    log.undo();
+    QCOMPARE(textures.rows(), original);
+    QCOMPARE(views.lsvTextures.selectedRow(), 4);
+    log.redo();
+    QCOMPARE(textures.rows(), after);
+    textures.clear();
+    QCOMPARE(views.lsvTextures.selectedRow(), -1);
+}
+
+void tst_ListTables::aNumberReachesTheRangesItsDigitsBegin_data()
+{
+    QTest::addColumn<int>("asked");
+    QTest::addColumn<int>("other");
+    QTest::addColumn<bool>("reaches");
+    QTest::newRow("itself") << 10 << 10 << true;
+    QTest::newRow("10 reaches 100") << 10 << 100 << true;
+    QTest::newRow("10 reaches 109") << 10 << 109 << true;
+    QTest::newRow("10 not 11") << 10 << 11 << false;
+    QTest::newRow("05 not 50") << 5 << 50 << false;
+    QTest::newRow("01 not 10") << 1 << 10 << false;
+    QTest::newRow("111 reaches 1110") << 111 << 1110 << true;
+    QTest::newRow("100 not 10") << 100 << 10 << false;
+}
+
+void tst_ListTables::aNumberReachesTheRangesItsDigitsBegin()
+{
+    QFETCH(int, asked);
+    QFETCH(int, other);
+    QFETCH(bool, reaches);
+    QCOMPARE(RangeRowFormat::Reaches(asked, other), reaches);
+}
+
+void tst_ListTables::aRangeWithoutRowsBorrowsFromItsFirst()
+{
+    // A range whose texture rows went takes "Number" rows from the first
+    // row holding its "First", and a place past the rows saves as 0.
+    ListTables tables;
+    tables.ranges.assign({{0, 2, 7, true}, {1, 3, 8, true}, {2, 1, 0, false}});
+    tables.rangeTextures.assign({{0, 0, 7, true}, {0, 1, 8, true}});
+    QCOMPARE(tables.TexturesOfRange(0), (QList<quint16>{7, 8}));
+    QCOMPARE(tables.TexturesOfRange(1), (QList<quint16>{8, 0, 0}));
+    QCOMPARE(tables.TexturesOfRange(2), (QList<quint16>{0}));
+    QCOMPARE(tables.AnimatedTextureWords(), (QList<quint16>{3, 1, 7, 8, 2, 8, 0, 0, 0, 0}));
+}
+
+void tst_ListTables::aCornerPastItsTileShowsWhatWasStoredAndSavesItsLowByte()
+{
+    ListViewSet views;
+    ListFixture::random(2, 0, 0, 0, 0, 1).fill(views);
+    TextureEntry kept = views.tables().textures.at(1);
+    kept.setColumn(ObjectTexture::YColumn(2), 319);
+    views.tables().textures.replace(1, kept);
+    QCOMPARE(views.lsvTextures.subItem(1, ObjectTexture::YColumn(2)), QStringLiteral("319"));
+    QCOMPARE(views.lsvTextures.subItemNumber(1, ObjectTexture::YColumn(2)), 319);
+    const QByteArray saved = image(views, QStringLiteral("edge.trt"));
+    ListViewSet reread;
+    const QString path = m_dir.write(QStringLiteral("edge.trt"), saved);
+    C_ListInfo list;
+    QCOMPARE(reread.openList(list, path), C_ListInfo::Success);
+    QCOMPARE(reread.lsvTextures.subItem(1, ObjectTexture::YColumn(2)), QStringLiteral("63"));
+    QCOMPARE(reread.tables().textures.at(1).record, kept.record);
+}
+
+QTEST_GUILESS_MAIN(tst_ListTables)
+#include "tst_ListTables.moc"
