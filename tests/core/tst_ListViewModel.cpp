@@ -131,42 +131,6 @@ private slots:
         QCOMPARE(texts(*model), (QStringList{"0002", "0003", "0004"}));
     }
 
-    void patterns_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<bool>("matches");
-        QTest::newRow("prefix") << "07-3" << "07*" << true;
-        QTest::newRow("prefix too long") << "7" << "07*" << false;
-        QTest::newRow("case ignored") << "a073" << "A07*" << true;
-        QTest::newRow("exact") << "A07" << "A07" << true;
-        QTest::newRow("exact differs") << "A070" << "A07" << false;
-        QTest::newRow("star alone") << "" << "*" << true;
-        QTest::newRow("inner star") << "abcXdef" << "abc*def" << true;
-        QTest::newRow("back-tracking") << "aXbXbc" << "a*bc" << true;
-        QTest::newRow("several stars") << "10-4" << "*0*4" << true;
-        QTest::newRow("missing tail") << "10-4" << "1*5" << false;
-        QTest::newRow("wider numbers match too") << "100" << "10*" << true;
-    }
-
-    void patterns()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, pattern);
-        QFETCH(bool, matches);
-        QCOMPARE(ListViewModel::matchesPattern(text, pattern), matches);
-    }
-
-    void matchingRowsByTextAndKey()
-    {
-        ListViewModel model;
-        model.addRow(QStringLiteral("A070"), QStringLiteral("07-0"));
-        model.addRow(QStringLiteral("A010"), QStringLiteral("01-0"));
-        model.addRow(QStringLiteral("A071"), QStringLiteral("07-1"));
-        QCOMPARE(model.rowsWithTextLike(u"07*"), (QList<int>{0, 2}));
-        QCOMPARE(model.rowsWithKeyLike(u"a01*"), (QList<int>{1}));
-    }
-
     void cellTexts_data()
     {
         QTest::addColumn<QString>("text");
@@ -211,7 +175,6 @@ private slots:
             QCOMPARE(model.row(row).subItems, QStringList{expected});
             QCOMPARE(model.findKey(expected), row);
             QCOMPARE(model.subItemNumber(row, 1), NumberText::valueOf(expected));
-            QCOMPARE(model.rowsWithTextLike(expected), QList<int>{row});
         }
     }
 
@@ -256,7 +219,6 @@ private slots:
         QCOMPARE(model.findKey(QStringLiteral("T1000")), -1);
         QCOMPARE(model.row(3).subItems, (QStringList{"-3", "", "", "far"}));
         QCOMPARE(model.row(999).subItems, QStringList{"-999"});
-        QCOMPARE(model.rowsWithKeyLike(u"T99*"), (QList<int>{99, 990, 991, 992, 993, 994, 995, 996, 997, 998, 999}));
     }
 };
 

@@ -107,14 +107,6 @@ int ListViewModel::addRow(const QString& key, const QString& text, const QString
     return place(m_store.store(std::move(keyCell), text, subItems, Qt::Unchecked));
 }
 
-int ListViewModel::insertRow(int index, const Row& row)
-{
-    ListCell keyCell(row.key);
-    if (index < 0 || index > count() || (!keyCell.isEmpty() && keyIndex().contains(keyCell)))
-        return -1;
-    return placeAt(index, m_store.store(std::move(keyCell), row.text, row.subItems, row.check));
-}
-
 int ListViewModel::appendRows(std::vector<Row>&& rows)
 {
     if (m_sorted) {
@@ -235,18 +227,6 @@ void ListViewModel::clear()
     endResetModel();
 }
 
-ListViewModel::Row ListViewModel::rowOf(const std::vector<ListCell>& cells)
-{
-    Row row;
-    if (cells.size() > 0)
-        row.key = cells[0].toString();
-    if (cells.size() > 1)
-        row.text = cells[1].toString();
-    for (size_t i = 2; i < cells.size(); ++i)
-        row.subItems.append(cells[i].toString());
-    return row;
-}
-
 QString ListViewModel::key(int index) const
 {
     return isValidRow(index) ? m_store.keyOf(m_store.at(index)).toString() : QString();
@@ -274,12 +254,6 @@ qint64 ListViewModel::subItemNumber(int index, int subItem) const
     if (!isValidRow(index) || subItem < 1)
         return 0;
     return cellAt(index, subItem).leadingInteger();
-}
-
-const ListCell& ListViewModel::cell(int index, int column) const
-{
-    static const ListCell none;
-    return isValidRow(index) && column >= 0 ? cellAt(index, column) : none;
 }
 
 Qt::CheckState ListViewModel::checkState(int index) const
@@ -310,17 +284,6 @@ void ListViewModel::setCheckState(int index, Qt::CheckState state)
         return;
     m_store.setCheck(index, state);
     emit dataChanged(this->index(index, 0), this->index(index, 0), {Qt::CheckStateRole});
-}
-
-void ListViewModel::setRow(int index, const QString& text, const QStringList& subItems)
-{
-    if (!isValidRow(index))
-        return;
-    const int cells = qMax(m_store.subItemCount(m_store.at(index)), int(subItems.size()));
-    m_store.setCell(index, 0, ListCell(text));
-    for (int item = 1; item <= cells; ++item)
-        m_store.setCell(index, item, ListCell(subItems.value(item - 1)));
-    emit dataChanged(this->index(index, 0), this->index(index, columnCount() - 1));
 }
 
 void ListViewModel::setSorted(bool sorted)
@@ -366,51 +329,6 @@ void ListViewModel::reorder(const std::vector<int>& order)
         after.append(index(newPlace[size_t(old.row())], old.column()));
     changePersistentIndexList(before, after);
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
-}
-
-bool ListViewModel::matchesPattern(QStringView text, QStringView pattern)
-{
-    // Greedy wildcard match with one back-track point: linear in practice.
-    qsizetype t = 0, p = 0, starAt = -1, resumeText = 0;
-    while (t < text.size()) {
-        if (p < pattern.size() && pattern[p] == QLatin1Char('*')) {
-            starAt = p++;
-            resumeText = t;
-        } else if (p < pattern.size() && text[t].toCaseFolded() == pattern[p].toCaseFolded()) {
-            ++t;
-            ++p;
-        } else if (starAt >= 0) {
-            p = starAt + 1;
-            t = ++resumeText;
-        } else {
-            return false;
-        }
-    }
-    while (p < pattern.size() && pattern[p] == QLatin1Char('*'))
-        ++p;
-    return p == pattern.size();
-}
-
-QList<int> ListViewModel::rowsWithTextLike(QStringView pattern) const
-{
-    QList<int> found;
-    ListCell::Buffer buffer;
-    for (int i = 0; i < count(); ++i) {
-        if (matchesPattern(cellAt(i, 0).view(buffer), pattern))
-            found.append(i);
-    }
-    return found;
-}
-
-QList<int> ListViewModel::rowsWithKeyLike(QStringView pattern) const
-{
-    QList<int> found;
-    ListCell::Buffer buffer;
-    for (int i = 0; i < count(); ++i) {
-        if (matchesPattern(m_store.keyOf(m_store.at(i)).view(buffer), pattern))
-            found.append(i);
-    }
-    return found;
 }
 
 bool ListViewModel::setData(const QModelIndex& index, const QVariant& value, int role)

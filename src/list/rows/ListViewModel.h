@@ -55,13 +55,7 @@ public:
     // many cells (at least 2) as rowSizes says.
     int appendCellRows(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes);
 
-    // The row cells make: the key, the text, then the sub-items.
-    static Row rowOf(const std::vector<ListCell>& cells);
 
-    // Puts row at index whatever the sorting; returns index, or -1 when
-    // index is out of range or another row has the key. Undoing a deletion
-    // puts a row back where it was.
-    int insertRow(int index, const Row& row);
 
     int findKey(const QString& key) const override; // index, or -1
     bool removeAt(int index);
@@ -72,15 +66,10 @@ public:
     QString cellText(int index, int column) const override;
     qint64 subItemNumber(int index, int subItem) const override;
     Qt::CheckState checkState(int index) const override;
-    // A cell as it is kept (column 0 the text), to copy without spelling it.
-    const ListCell& cell(int index, int column) const;
 
     void setText(int index, const QString& text);
     void setSubItem(int index, int subItem, const QString& text);
     void setCheckState(int index, Qt::CheckState state);
-    // The text and every sub-item of a row at once, told to the views once;
-    // sub-items past the given ones are emptied.
-    void setRow(int index, const QString& text, const QStringList& subItems);
 
     void setCheckable(bool checkable) { m_checkable = checkable; }
 
@@ -99,10 +88,6 @@ public:
     // row and the views' rows follow their rows.
     void reorder(const std::vector<int>& order);
 
-    // '*' stands for any run of characters; letter case is ignored.
-    static bool matchesPattern(QStringView text, QStringView pattern);
-    QList<int> rowsWithTextLike(QStringView pattern) const;
-    QList<int> rowsWithKeyLike(QStringView pattern) const;
 
     // QAbstractItemModel
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
