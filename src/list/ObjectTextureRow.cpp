@@ -58,13 +58,6 @@ ObjectTextureRow ObjectTextureRow::Of(const TextureEntry& entry)
     return ReadColumns(entry);
 }
 
-std::optional<ObjectTextureRow> ObjectTextureRow::AtPlace(const ListRows& textures, qint64 number)
-{
-    if (number < 0 || number >= textures.count())
-        return std::nullopt;
-    return Read(textures, int(number));
-}
-
 bool ObjectTextureRow::IsTriangle() const
 {
     return corners[3].isNull() && subPixels[3].isNull();

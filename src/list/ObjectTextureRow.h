@@ -24,9 +24,6 @@ public:
     static ObjectTextureRow Of(const ObjectTexture& record);
     // A row of the open list: a corner kept at a tile's far edge reads 256.
     static ObjectTextureRow Of(const TextureEntry& entry);
-    // Texture number as the level numbers it: the row at that place, the
-    // one saving writes there, whatever its key; nothing past the list.
-    static std::optional<ObjectTextureRow> AtPlace(const ListRows& textures, qint64 number);
 
     int tile = 0;
     int trans = 0;

@@ -28,20 +28,6 @@ void PreviewFrameList::AddFrame(const QString& number, const QString& x, const Q
     addRow(QString(), number, {x, y, xwid, yhi, isTriad});
 }
 
-void PreviewFrameList::AddObjectTexture(const ListRows& lsvTextures, const QString& number)
-{
-    const std::optional<qint64> texture = NumberIn(number);
-    const std::optional<ObjectTextureRow> geometry =
-        texture ? ObjectTextureRow::AtPlace(lsvTextures, *texture) : std::nullopt;
-    if (!geometry) {
-        AddFrame(number, {}, {}, {}, {});
-        return;
-    }
-    const QRect area = geometry->Bounds();
-    AddFrame(number, NumberText::of(area.x()), NumberText::of(area.y()), NumberText::of(area.width()),
-             NumberText::of(area.height()), geometry->IsTriangle() ? TriadMark : QString());
-}
-
 void PreviewFrameList::AddObjectTexture(const RecordTable<TextureEntry>& textures, qint64 texture)
 {
     const QString number = NumberText::of(texture);

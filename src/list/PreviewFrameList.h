@@ -29,10 +29,9 @@ public:
     // Appends a frame with these cells, as given.
     void AddFrame(const QString& number, const QString& x, const QString& y, const QString& xwid,
                   const QString& yhi, const QString& isTriad = {});
-    // Appends the object texture numbered by the text number, the row at
-    // that place in lsvTextures, with the rectangle it covers.
-    void AddObjectTexture(const ListRows& lsvTextures, const QString& number);
-    // The same for the texture at place texture of the list's textures.
+    // Appends the object texture at place texture of the list's textures
+    // (what the level numbers it), with the rectangle it covers; a texture
+    // past the list keeps its number and empty cells.
     void AddObjectTexture(const RecordTable<TextureEntry>& textures, qint64 texture);
 
     bool IsTriad(int row) const;

@@ -1,4 +1,3 @@
-#include "list/rows/ListViewModel.h"
 #include "list/ObjectTextureRow.h"
 
 #include <QTest>
@@ -31,11 +30,11 @@ void tst_ObjectTextureRow::boundsCornersAndSides_data()
     QTest::newRow("corner 4 at 0 but marked") << QList<int>{0, 0, 0, 0, 9, 0, 9, 9, 0, 0, 1, 1, 255, 1, 255, 255, 1, 0}
                                               << QRect(0, 0, 10, 10) << QPoint(9, 9) << 4
                                               << QList<int>{4, 0, 0, 9, 9};
-    // Numbers no level holds are cut to what the bitmap arithmetic can take.
-    const int far = 1 << 30, top = 0xFFFF * 256;
-    QTest::newRow("beyond any level") << QList<int>{70000, 0, -5, 2000000000, 9, 0, 9, 9, 0, 9, 1, 1, 1, 1, 1, 1, 1, 1}
-                                      << QRect(-5, top, 14, far) << QPoint(9, top + 9) << 4
-                                      << QList<int>{4, -5, top + far, 9, top + 9};
+    // The last tile a level can name, a top kept in its tile at Y 256.
+    const int top = 0xFFFF * 256;
+    QTest::newRow("last tile, past its edge") << QList<int>{0xFFFF, 0, 0, 256, 9, 256, 9, 300, 0, 300, 1, 1, 1, 1, 1, 1, 1, 1}
+                                              << QRect(0, top + 256, 9, 44) << QPoint(9, top + 300) << 4
+                                              << QList<int>{4, 0, top + 256, 9, top + 300};
 }
 
 void tst_ObjectTextureRow::boundsCornersAndSides()
@@ -45,15 +44,10 @@ void tst_ObjectTextureRow::boundsCornersAndSides()
     QFETCH(QPoint, corner3);
     QFETCH(int, sides);
     QFETCH(QList<int>, drawn);
-    ListViewModel lsvTextures;
-    QStringList texts;
-    for (int cell : cells)
-        texts << QString::number(cell);
-    // The row keyed T7 is alone, as deletions leave it: the level and a
-    // reopened list number it 0, and there is no texture 7.
-    lsvTextures.addRow(QStringLiteral("T7"), QStringLiteral("7"), texts);
-    const std::optional<ObjectTextureRow> geometry = ObjectTextureRow::AtPlace(lsvTextures, 0);
-    QVERIFY(geometry && !ObjectTextureRow::AtPlace(lsvTextures, 7) && !ObjectTextureRow::AtPlace(lsvTextures, -1));
+    TextureEntry entry;
+    for (int column = 1; column <= cells.size(); ++column)
+        entry.setColumn(column, cells[column - 1]);
+    const std::optional<ObjectTextureRow> geometry = ObjectTextureRow::Of(entry);
     QCOMPARE(geometry->Bounds(), bounds);
     QCOMPARE(geometry->BitmapCorner(2), corner3);
     QCOMPARE(geometry->IsTriangle() ? 3 : 4, sides);
