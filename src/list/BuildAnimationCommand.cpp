@@ -72,7 +72,8 @@ void BuildAnimationCommand::AppendTextures(TableEditLog& log)
     for (int place = 0; place < m_textures.size(); ++place) {
         // Past range 99 a texture's key can repeat another range's (A10 + 12
         // and A101 + 2); the row then goes without one and still saves.
-        const bool keyed = RangeTextureFormat::Find(m_tables.rangeTextures, RangeTextureFormat::Key(m_number, place)) < 0;
+        const QString key = RangeTextureFormat::Key(m_number, place);
+        const bool keyed = RangeTextureFormat::Find(m_tables.rangeTextures, key) < 0;
         log.append(m_tables.rangeTextures, RangeTextureEntry{m_number, place, m_textures[place], keyed});
     }
 }

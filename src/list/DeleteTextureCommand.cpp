@@ -1,6 +1,7 @@
 #include "list/DeleteTextureCommand.h"
 
 #include "list/tables/RangeRowFormat.h"
+#include "list/tables/RowTextOf.h"
 #include "list/tables/TextureRowFormat.h"
 
 #include <QCoreApplication>
@@ -15,16 +16,10 @@ QString Tr(const char* text)
     return QCoreApplication::translate("ListDocument", text);
 }
 
-QString RowText(const ListTables& tables, qint32 number)
-{
-    const int row = tables.textures.rowOfNumber(number);
-    return row < 0 ? QString() : TextureRowFormat::Cell(tables.textures.at(row), 0);
-}
-
 } // namespace
 
 DeleteTextureCommand::DeleteTextureCommand(ListTables& tables, qint32 number, Outcome* outcome)
-    : TableEditCommand(Tr("Delete %1 %2").arg(Tr("Texture"), RowText(tables, number)))
+    : TableEditCommand(Tr("Delete %1 %2").arg(Tr("Texture"), RowTextOf<TextureRowFormat>(tables.textures, number)))
     , m_tables(tables)
     , m_number(number)
     , m_outcome(outcome)

@@ -2,6 +2,7 @@
 
 #include "list/TableEditCommand.h"
 #include "list/tables/RecordTable.h"
+#include "list/tables/RowTextOf.h"
 
 #include <QCoreApplication>
 
@@ -14,7 +15,8 @@ public:
     using Entry = typename Format::Entry;
 
     EditEntryCommand(RecordTable<Entry>& table, const QString& noun, qint32 number, const Entry& edited)
-        : TableEditCommand(QCoreApplication::translate("ListDocument", "Edit %1 %2").arg(noun, RowText(table, number)))
+        : TableEditCommand(
+            QCoreApplication::translate("ListDocument", "Edit %1 %2").arg(noun, RowTextOf<Format>(table, number)))
         , m_table(table)
         , m_number(number)
         , m_edited(edited)
@@ -35,12 +37,6 @@ protected:
     }
 
 private:
-    static QString RowText(const RecordTable<Entry>& table, qint32 number)
-    {
-        const int row = table.rowOfNumber(number);
-        return row < 0 ? QString() : Format::Cell(table.at(row), 0);
-    }
-
     RecordTable<Entry>& m_table;
     qint32 m_number;
     Entry m_edited;

@@ -6,16 +6,15 @@
 #include "level/SpriteTexture.h"
 
 ListViewSet::ListViewSet(QObject* parent)
-    : QObject(parent)
-    , m_ownTables(std::make_unique<ListTables>())
-    , m_tables(*m_ownTables)
-    , lsvTextures(m_tables.textures, ObjectTexture::headers())
-    , lsvAnims(m_tables.ranges, animColumns())
-    , lsvAnimDetails(m_tables.rangeTextures, animDetailColumns())
-    , lsvSprites(m_tables.sprites, SpriteTexture::headers())
-    , lsvSequences(m_tables.sequences, SpriteSequence::headers())
-    , lsvSequenceDetails(m_tables.sequences, SpriteSequence::headers())
+    : ListViewSet(std::make_unique<ListTables>(), parent)
 {
+}
+
+ListViewSet::ListViewSet(std::unique_ptr<ListTables> own, QObject* parent)
+    : ListViewSet(*own, parent)
+{
+    // The records stay where they are; the set only takes them over.
+    m_ownTables = std::move(own);
 }
 
 ListViewSet::ListViewSet(ListTables& tables, QObject* parent)

@@ -29,6 +29,8 @@ public:
     ~ListViewSet() override;
 
 private:
+    ListViewSet(std::unique_ptr<ListTables> own, QObject* parent);
+
     std::unique_ptr<ListTables> m_ownTables;
     ListTables& m_tables;
 

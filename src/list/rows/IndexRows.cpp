@@ -104,13 +104,3 @@ int IndexRows::findKey(const QString& key) const
     return row < count() ? int(row) : -1;
 }
 
-bool IndexRows::setData(const QModelIndex& index, const QVariant& value, int role)
-{
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
-        return false;
-    if (role == Qt::CheckStateRole && m_checkable && index.column() == 0) {
-        setCheckState(index.row(), static_cast<Qt::CheckState>(value.toInt()));
-        return true;
-    }
-    return false;
-}

@@ -24,7 +24,7 @@ public:
     void clear();
 
     void setCheckable(bool checkable) { m_checkable = checkable; }
-    void setCheckState(int index, Qt::CheckState state);
+    void setCheckState(int index, Qt::CheckState state) override;
 
     int count() const override { return int(m_checks.size()); }
     QString key(int index) const override;
@@ -33,7 +33,6 @@ public:
     Qt::CheckState checkState(int index) const override;
     int findKey(const QString& key) const override;
 
-    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
 protected:
     bool isCheckable() const override { return m_checkable; }

@@ -27,6 +27,20 @@ Qt::CheckState ListRows::checkState(int /*index*/) const
     return Qt::Unchecked;
 }
 
+void ListRows::setCheckState(int /*index*/, Qt::CheckState /*state*/)
+{
+}
+
+bool ListRows::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return false;
+    if (role != Qt::CheckStateRole || !isCheckable() || index.column() != 0)
+        return false;
+    setCheckState(index.row(), static_cast<Qt::CheckState>(value.toInt()));
+    return true;
+}
+
 ListRows::Row ListRows::row(int index) const
 {
     if (!isValidRow(index))

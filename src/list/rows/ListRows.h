@@ -34,6 +34,8 @@ public:
     // The leading integer of a sub-item, as NumberText::valueOf reads it.
     virtual qint64 subItemNumber(int index, int subItem) const;
     virtual Qt::CheckState checkState(int index) const;
+    // Ticks or unticks a row of a list with check boxes; nothing otherwise.
+    virtual void setCheckState(int index, Qt::CheckState state);
     virtual int findKey(const QString& key) const = 0; // index, or -1
 
     QString text(int index) const { return cellText(index, 0); }
@@ -49,6 +51,8 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    // A click on a check box ticks or unticks its row.
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
     static constexpr int KeyRole = Qt::UserRole + 1;
 

@@ -331,17 +331,6 @@ void ListViewModel::reorder(const std::vector<int>& order)
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
-bool ListViewModel::setData(const QModelIndex& index, const QVariant& value, int role)
-{
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
-        return false;
-    if (role == Qt::CheckStateRole && m_checkable && index.column() == 0) {
-        setCheckState(index.row(), static_cast<Qt::CheckState>(value.toInt()));
-        return true;
-    }
-    return false;
-}
-
 void ListViewModel::sort(int column, Qt::SortOrder order)
 {
     m_sortKey = column;

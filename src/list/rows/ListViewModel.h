@@ -69,7 +69,7 @@ public:
 
     void setText(int index, const QString& text);
     void setSubItem(int index, int subItem, const QString& text);
-    void setCheckState(int index, Qt::CheckState state);
+    void setCheckState(int index, Qt::CheckState state) override;
 
     void setCheckable(bool checkable) { m_checkable = checkable; }
 
@@ -90,7 +90,6 @@ public:
 
 
     // QAbstractItemModel
-    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
 protected:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/NumberText.h"
+#include "list/tables/KeyNumber.h"
 #include "list/tables/RecordTable.h"
 
 #include <QString>
@@ -25,18 +26,9 @@ struct NumberedRecordFormat
             return NumberText::padded(e.number, e.width);
         return column <= decltype(e.record)::ColumnCount ? QString::number(Number(e, column)) : QString();
     }
-    // The number a key names, or -1 for a key no entry of the table can have.
-    static qint64 NumberOfKey(QStringView key)
-    {
-        if (key.size() < 2 || key.front() != QChar(Letter))
-            return -1;
-        bool ok = false;
-        const qint64 number = key.mid(1).toLongLong(&ok);
-        return ok && number >= 0 && key.mid(1) == QString::number(number) ? number : -1;
-    }
     static int Find(const RecordTable<Entry>& table, const QString& key)
     {
-        const qint64 number = NumberOfKey(key);
-        return number < 0 || number > std::numeric_limits<qint32>::max() ? -1 : table.rowOfNumber(qint32(number));
+        const qint32 number = KeyNumber(key, QChar(Letter), [](qint64 n) { return Key(n); });
+        return number < 0 ? -1 : table.rowOfNumber(number);
     }
 };

@@ -1,6 +1,7 @@
 #include "list/tables/RangeRowFormat.h"
 
 #include "common/NumberText.h"
+#include "list/tables/KeyNumber.h"
 
 QString RangeRowFormat::NumberText(qint64 number)
 {
@@ -30,13 +31,8 @@ QString RangeRowFormat::Cell(const Entry& e, int column)
 
 int RangeRowFormat::Find(const RecordTable<Entry>& table, const QString& key)
 {
-    if (key.size() < 3 || key.front() != QLatin1Char('A'))
-        return -1;
-    bool ok = false;
-    const qint64 number = QStringView(key).mid(1).toLongLong(&ok);
-    if (!ok || number < 0 || number > std::numeric_limits<qint32>::max() || Key(number) != key)
-        return -1;
-    return table.rowOfNumber(qint32(number));
+    const qint32 number = KeyNumber(key, QLatin1Char('A'), [](qint64 n) { return Key(n); });
+    return number < 0 ? -1 : table.rowOfNumber(number);
 }
 
 bool RangeRowFormat::Reaches(qint64 asked, qint64 other)

@@ -54,7 +54,10 @@ private:
         followRemovedRow(index);
         endRemoveRows();
     }
-    void rowChanged(int index) override { emit dataChanged(this->index(index, 0), this->index(index, columnCount() - 1)); }
+    void rowChanged(int index) override
+    {
+        emit dataChanged(this->index(index, 0), this->index(index, columnCount() - 1));
+    }
 
     RecordTable<Entry>& m_table;
 };

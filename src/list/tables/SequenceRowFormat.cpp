@@ -1,6 +1,7 @@
 #include "list/tables/SequenceRowFormat.h"
 
 #include "common/NumberText.h"
+#include "list/tables/KeyNumber.h"
 
 QString SequenceRowFormat::NumberText(qint64 number)
 {
@@ -30,11 +31,6 @@ QString SequenceRowFormat::Cell(const Entry& e, int column)
 
 int SequenceRowFormat::Find(const RecordTable<Entry>& table, const QString& key)
 {
-    if (key.size() < 2 || key.front() != QLatin1Char('S'))
-        return -1;
-    bool ok = false;
-    const qint64 number = QStringView(key).mid(1).toLongLong(&ok);
-    if (!ok || number < 0 || number > std::numeric_limits<qint32>::max() || Key(number) != key)
-        return -1;
-    return table.rowOfNumber(qint32(number));
+    const qint32 number = KeyNumber(key, QLatin1Char('S'), [](qint64 n) { return Key(n); });
+    return number < 0 ? -1 : table.rowOfNumber(number);
 }

@@ -15,7 +15,8 @@ public:
     template <class Entry>
     bool insert(RecordTable<Entry>& table, int index, const Entry& entry)
     {
-        return table.insert(index, entry) && keep(std::make_unique<Step<Entry>>(table, index, Entry{}, entry, Kind::Insert));
+        return table.insert(index, entry)
+            && keep(std::make_unique<Step<Entry>>(table, index, Entry{}, entry, Kind::Insert));
     }
     template <class Entry>
     bool append(RecordTable<Entry>& table, const Entry& entry)

@@ -381,7 +381,8 @@ void SequencePage::AddSequenceTextureRow(qint64 sprite)
 {
     const RecordTable<SpriteTextureEntry>& sprites = m_state.document().tables().sprites;
     const QString number = NumberText::of(sprite);
-    const int row = sprite < 0 || sprite > std::numeric_limits<qint32>::max() ? -1 : sprites.rowOfNumber(qint32(sprite));
+    const bool named = sprite >= 0 && sprite <= std::numeric_limits<qint32>::max();
+    const int row = named ? sprites.rowOfNumber(qint32(sprite)) : -1;
     if (row < 0) {
         m_lsvOneSequence.AddFrame(number, {}, {}, {}, {});
         return;
