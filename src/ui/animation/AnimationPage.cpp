@@ -18,21 +18,9 @@
 
 #include <QTimer>
 
-namespace {
-
-enum NextAnimColumn { OrderColumn = 1 };
-
-QString OrderText(int place)
-{
-    return NumberText::padded(place, 4);
-}
-
-} // namespace
-
 AnimationPage::AnimationPage(EditorState& state, QWidget* parent)
     : EditorPage(state, parent)
     , m_ui(std::make_unique<Ui::AnimationPage>())
-    , m_lsvNextAnim({QStringLiteral("Texture No"), QStringLiteral("Order")})
     , m_lsvAnimsDel(ListViewSet::animColumns())
     , m_lsvAnimDetailsDel(ListViewSet::animDetailColumns())
 {
@@ -307,10 +295,7 @@ bool AnimationPage::HasEnoughTextures()
 
 QList<quint16> AnimationPage::PlannedTextures() const
 {
-    QList<quint16> textures;
-    for (int place = 0; place < m_lsvNextAnim.count(); ++place)
-        textures << quint16(qBound(qint64(0), NumberText::valueOf(m_lsvNextAnim.text(place)), qint64(0xFFFF)));
-    return textures;
+    return m_lsvNextAnim.textures();
 }
 
 void AnimationPage::FinishAnimationEdit(QPushButton& button, const QString& caption)
@@ -327,33 +312,21 @@ void AnimationPage::FinishAnimationEdit(QPushButton& button, const QString& capt
 
 void AnimationPage::cmdAddText_Click()
 {
-    const ListRows& available = m_state.lsvAvailTextures;
-    const QString texture = available.text(available.selectedRow());
-    if (texture.isEmpty())
+    // The available textures are numbered from 1, one a row.
+    const int chosen = m_state.lsvAvailTextures.selectedRow();
+    if (chosen < 0)
         return;
-    AppendNextAnimRow(texture);
+    m_lsvNextAnim.append(quint16(chosen + 1));
     EnableOrderButtons(false);
-}
-
-void AnimationPage::AppendNextAnimRow(const QString& texture)
-{
-    m_lsvNextAnim.addRow(QString(), texture, {OrderText(m_lsvNextAnim.count() + 1)});
 }
 
 void AnimationPage::cmdDelText_Click()
 {
     const int chosen = m_lsvNextAnim.selectedRow();
-    if (m_lsvNextAnim.text(chosen).isEmpty())
+    if (chosen < 0)
         return;
     m_lsvNextAnim.removeAt(chosen);
-    RenumberNextAnim();
     EnableOrderButtons(false);
-}
-
-void AnimationPage::RenumberNextAnim()
-{
-    for (int row = 0; row < m_lsvNextAnim.count(); ++row)
-        m_lsvNextAnim.setSubItem(row, OrderColumn, OrderText(row + 1));
 }
 
 void AnimationPage::cmdUp_Click()
@@ -369,16 +342,9 @@ void AnimationPage::cmdDown_Click()
 void AnimationPage::MoveChosenTexture(int step)
 {
     const int chosen = m_lsvNextAnim.selectedRow();
-    if (m_lsvNextAnim.text(chosen).isEmpty())
+    if (chosen < 0)
         return;
-    const int other = chosen + step;
-    if (other >= 0 && other < m_lsvNextAnim.count()) {
-        // The two rows swap their orders; sorting by "Order" swaps their places.
-        m_lsvNextAnim.setSubItem(chosen, OrderColumn, OrderText(other + 1));
-        m_lsvNextAnim.setSubItem(other, OrderColumn, OrderText(chosen + 1));
-        m_lsvNextAnim.setSortKey(OrderColumn);
-        m_lsvNextAnim.setSorted(true);
-    }
+    m_lsvNextAnim.swap(chosen, chosen + step);
     // Every move needs a new choice of row before the next one.
     EnableOrderButtons(false);
 }
@@ -415,7 +381,7 @@ void AnimationPage::ShowAnimationTextures(int range)
         m_lsvOneAnim.AddObjectTexture(tables.textures, texture);
     m_lsvNextAnim.clear();
     for (quint16 texture : textures)
-        AppendNextAnimRow(NumberText::of(texture));
+        m_lsvNextAnim.append(texture);
 }
 
 void AnimationPage::lsvAvailTextures_ItemClick(int row)

@@ -3,6 +3,7 @@
 #include "ui/common/EditorPage.h"
 #include "list/rows/ListViewModel.h"
 #include "list/PreviewFrameList.h"
+#include "list/rows/PlannedRange.h"
 
 #include <memory>
 #include <optional>
@@ -69,7 +70,7 @@ public:
     ucAnimTexture* Preview() const;
     QTimer& Timer1() const { return *m_timer1; }
     PreviewFrameList& lsvOneAnim() { return m_lsvOneAnim; }
-    ListViewModel& lsvNextAnim() { return m_lsvNextAnim; }
+    PlannedRange& lsvNextAnim() { return m_lsvNextAnim; }
     Ui::AnimationPage& ui() const { return *m_ui; }
 
 private:
@@ -95,8 +96,6 @@ private:
     // other ranges exist; the status bar says what the range now saves.
     void TellOfKeptSummary(qint32 number, const QList<quint16>& textures);
     void FinishAnimationEdit(QPushButton& button, const QString& caption);
-    void AppendNextAnimRow(const QString& texture);
-    void RenumberNextAnim();
     // Moves the chosen row of lsvNextAnim by step places (-1 up, +1 down).
     void MoveChosenTexture(int step);
     // Fills lsvOneAnim and lsvNextAnim with the textures of the range at row.
@@ -104,7 +103,7 @@ private:
 
     std::unique_ptr<Ui::AnimationPage> m_ui;
     PreviewFrameList m_lsvOneAnim;
-    ListViewModel m_lsvNextAnim;
+    PlannedRange m_lsvNextAnim;
     ListViewModel m_lsvAnimsDel;
     ListViewModel m_lsvAnimDetailsDel;
     std::optional<qint32> m_shownRange;
