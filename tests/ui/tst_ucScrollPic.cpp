@@ -3,6 +3,7 @@
 #include "ui/main/frmMain.h"
 #include "ui/bitmap/ucScrollPic.h"
 #include "ui/bitmap/ucScrollPicCanvas.h"
+#include "common/NumberText.h"
 
 #include <QAction>
 #include <QLabel>
@@ -36,6 +37,8 @@ private slots:
     void theEditOutlineOutlivesRedraws();
     void shapesKeepTheirOwnColours_data();
     void shapesKeepTheirOwnColours();
+    void numberLabelsLookAsTheirTexts_data();
+    void numberLabelsLookAsTheirTexts();
 
 private:
     static QString bitmap(ScratchDir& dir, int tiles);
@@ -345,6 +348,46 @@ void tst_ucScrollPic::shapesKeepTheirOwnColours()
                 QCOMPARE(label.contains(other.rgb()), other == colours[i]);
         }
     }
+}
+
+void tst_ucScrollPic::numberLabelsLookAsTheirTexts_data()
+{
+    QTest::addColumn<qint32>("number");
+    QTest::addColumn<int>("width");
+    QTest::newRow("zero padded") << 0 << 4;
+    QTest::newRow("padded") << 17 << 4;
+    QTest::newRow("wider than its width") << 32767 << 2;
+    QTest::newRow("no width") << 9 << 0;
+    QTest::newRow("every digit") << 1234567890 << 0;
+    QTest::newRow("below zero") << -5 << 3;
+}
+
+// A label kept as a number takes the place and the pixels of its spelt text.
+void tst_ucScrollPic::numberLabelsLookAsTheirTexts()
+{
+    QFETCH(qint32, number);
+    QFETCH(int, width);
+    ScratchDir dir;
+    const QString file = bitmap(dir, 1);
+    std::array<QImage, 2> shots;
+    std::array<QRect, 2> bounds;
+    for (size_t spelt = 0; spelt < 2; ++spelt) {
+        ucScrollPic view;
+        view.resize(200, 200);
+        view.LoadOnePicture(file);
+        if (spelt)
+            view.PutText(30, 40, NumberText::padded(number, width), Qt::yellow);
+        else
+            view.PutNumber(30, 40, number, width, Qt::yellow);
+        QCOMPARE(view.ShapeCount(), 1);
+        bounds[spelt] = view.Picture1()->shapes().front().bounds;
+        shots[spelt] = QImage(view.Picture1()->size(), QImage::Format_RGB32);
+        QPainter painter(&shots[spelt]);
+        view.Picture1()->paintView(painter, shots[spelt].rect());
+    }
+    QCOMPARE(bounds[0], bounds[1]);
+    QVERIFY(bounds[0].width() > 4);
+    QCOMPARE(shots[0], shots[1]);
 }
 
 QTEST_MAIN(tst_ucScrollPic)

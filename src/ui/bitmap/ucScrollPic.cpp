@@ -104,6 +104,16 @@ void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color
     m_canvas->addShape({ucScrollPicCanvas::Shape::Text, {X, Y}, {X, Y}, Color, Text, {}});
 }
 
+void ucScrollPic::PutNumber(int X, int Y, qint32 number, int width, const QColor& Color)
+{
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Number, {X, Y}, {X, Y}, Color, {}, {}, number, width});
+}
+
+void ucScrollPic::ReserveShapes(int count)
+{
+    m_canvas->reserveShapes(count);
+}
+
 void ucScrollPic::DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Color)
 {
     m_canvas->setSelection(QPoint(X1, Y1), QPoint(X2, Y2), Color);

@@ -47,6 +47,11 @@ public:
     void DrawContour(int lngX1, int lngY1, int lngX2, int lngY2, const QColor& lngColor);
     void DrawLine(int X1, int Y1, int X2, int Y2, const QColor& Color);
     void PutText(int X, int Y, const QString& Text, const QColor& Color);
+    // A label of a number zero-padded to width digits, as PutText would put
+    // its text.
+    void PutNumber(int X, int Y, qint32 number, int width, const QColor& Color);
+    // Room for count more shapes, for a caller about to draw many.
+    void ReserveShapes(int count);
     // The rectangle being picked with the mouse, outlined like DrawContour;
     // each call replaces the one before, so a drag leaves one outline. A
     // load, zoom or refresh wipes it with the rest.

@@ -1,5 +1,7 @@
 #include "ui/bitmap/ucScrollPicCanvas.h"
 
+#include "common/NumberText.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -32,21 +34,36 @@ ucScrollPicCanvas::ucScrollPicCanvas(QWidget* parent)
     m_advances.fill(-1);
 }
 
+int ucScrollPicCanvas::advance(QChar c) const
+{
+    const ushort code = c.unicode();
+    if (code >= m_advances.size())
+        return fontMetrics().horizontalAdvance(c);
+    int& advance = m_advances[code];
+    if (advance < 0)
+        advance = fontMetrics().horizontalAdvance(c);
+    return advance;
+}
+
 QSize ucScrollPicCanvas::textSize(const QString& text) const
 {
     int width = 0;
-    for (const QChar c : text) {
-        const ushort code = c.unicode();
-        if (code >= m_advances.size()) {
-            width += fontMetrics().horizontalAdvance(c);
-            continue;
-        }
-        int& advance = m_advances[code];
-        if (advance < 0)
-            advance = fontMetrics().horizontalAdvance(c);
-        width += advance;
-    }
+    for (const QChar c : text)
+        width += advance(c);
     return {width, m_textHeight};
+}
+
+QSize ucScrollPicCanvas::numberSize(qint32 number, int width) const
+{
+    if (number < 0)
+        return textSize(labelText({Shape::Number, {}, {}, {}, {}, {}, number, width}));
+    int digits = 0;
+    int textWidth = 0;
+    for (qint32 rest = number; rest > 0 || digits == 0; rest /= 10, ++digits)
+        textWidth += advance(QChar(u'0' + rest % 10));
+    for (; digits < width; ++digits)
+        textWidth += advance(QChar(u'0'));
+    return {textWidth, m_textHeight};
 }
 
 void ucScrollPicCanvas::setOffset(QPoint offset)
@@ -67,6 +84,9 @@ void ucScrollPicCanvas::addShape(Shape shape)
     case Shape::Text:
         shape.bounds = QRect(shape.p1, textSize(shape.text)).adjusted(-2, -2, 2, 2);
         break;
+    case Shape::Number:
+        shape.bounds = QRect(shape.p1, numberSize(shape.number, shape.width)).adjusted(-2, -2, 2, 2);
+        break;
     }
     const QRect visible(m_offset, size());
     if (visible.intersects(shape.bounds))
@@ -78,6 +98,12 @@ void ucScrollPicCanvas::addShape(Shape shape)
     for (int band = bandOf(shape.bounds.top()); band <= last; ++band)
         m_bands[size_t(band)].push_back(index);
     m_shapes.push_back(std::move(shape));
+}
+
+void ucScrollPicCanvas::reserveShapes(int count)
+{
+    if (count > 0)
+        m_shapes.reserve(m_shapes.size() + size_t(count));
 }
 
 void ucScrollPicCanvas::clearShapes()
@@ -248,7 +274,8 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
             painter.drawLine(shape.p1, shape.p2);
             break;
         case Shape::Text:
-            painter.drawImage(shape.p1, labelImage(shape.text, shape.color));
+        case Shape::Number:
+            painter.drawImage(shape.p1, labelImage(labelText(shape), shape.color));
             break;
         }
     }
@@ -297,6 +324,11 @@ const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& c
     painter.drawText(QPoint(0, m_textAscent), text);
     painter.end();
     return *m_labels.insert(key, image);
+}
+
+QString ucScrollPicCanvas::labelText(const Shape& shape) const
+{
+    return shape.kind == Shape::Number ? NumberText::padded(shape.number, shape.width) : shape.text;
 }
 
 void ucScrollPicCanvas::mousePressEvent(QMouseEvent* event)

@@ -25,12 +25,16 @@ class ucScrollPicCanvas : public QWidget
 public:
     struct Shape
     {
-        enum Kind { Contour, Line, Text } kind = Contour;
+        // A Number is a label kept as its number, zero-padded to width
+        // digits: its text is spelt only when it is painted.
+        enum Kind { Contour, Line, Text, Number } kind = Contour;
         QPoint p1;
         QPoint p2;
         QColor color;
         QString text;
         QRect bounds; // in picture coordinates, for skipping what is not visible
+        qint32 number = 0;
+        int width = 0;
     };
 
     explicit ucScrollPicCanvas(QWidget* parent = nullptr);
@@ -45,6 +49,8 @@ public:
     QSize pictureSize() const { return m_image.size() * m_zoom; }
 
     void addShape(Shape shape);
+    // Room for count more shapes, so a drawing of many does not regrow.
+    void reserveShapes(int count);
     // Clears the shapes and the selection rectangle with them.
     void clearShapes();
     // The one rectangle being picked with the mouse, drawn over the shapes;
@@ -125,11 +131,16 @@ private:
         friend size_t qHash(const LabelKey& key, size_t seed) { return qHashMulti(seed, key.color, key.text); }
     };
     const QImage& labelImage(const QString& text, const QColor& color) const;
+    // The label a shape shows: its text, or its number spelt.
+    QString labelText(const Shape& shape) const;
     mutable QHash<LabelKey, QImage> m_labels;
     // A label's size from the advances of its characters, each measured
     // once: laying out tens of thousands of labels one by one costs more
     // than drawing them.
     QSize textSize(const QString& text) const;
+    // The same for a number zero-padded to width digits, spelling nothing.
+    QSize numberSize(qint32 number, int width) const;
+    int advance(QChar c) const;
     mutable std::array<int, 128> m_advances;
     int m_textAscent = 0;
     int m_textHeight = 0;
