@@ -7,17 +7,14 @@ OutlineRows::OutlineRows(const QStringList& columns, QObject* parent)
 {
 }
 
-int OutlineRows::append(std::vector<Outline>&& outlines)
+int OutlineRows::append(const std::vector<Outline>& outlines)
 {
     if (outlines.empty())
         return 0;
     const int first = count();
     const int added = int(outlines.size());
     beginInsertRows({}, first, first + added - 1);
-    if (m_outlines.empty())
-        m_outlines = std::move(outlines);
-    else
-        m_outlines.insert(m_outlines.end(), outlines.begin(), outlines.end());
+    m_outlines.insert(m_outlines.end(), outlines.begin(), outlines.end());
     endInsertRows();
     return added;
 }

@@ -31,19 +31,21 @@ public:
     template <class Reader, class Entry>
     int appendNumbered(const RecordTable<Entry>& table, const std::vector<qint32>& numbers)
     {
-        std::vector<Outline> outlines;
-        outlines.reserve(numbers.size());
+        m_adding.clear();
+        m_adding.reserve(numbers.size());
+        int next = 0;
         for (const qint32 number : numbers) {
-            const int row = table.rowOfNumber(number);
+            const int row = table.rowOfNumber(number, next);
             if (row < 0)
                 continue;
             const Entry& entry = table.at(row);
-            outlines.push_back({entry.number, entry.width, Reader::Of(entry).DrawColumns()});
+            m_adding.push_back({entry.number, entry.width, Reader::Of(entry).DrawColumns()});
+            next = row + 1;
         }
-        return append(std::move(outlines));
+        return append(m_adding);
     }
     // Adds the outlines at the end with one notification.
-    int append(std::vector<Outline>&& outlines);
+    int append(const std::vector<Outline>& outlines);
     void clear();
 
     const Outline& outline(int index) const { return m_outlines[size_t(index)]; }
@@ -59,5 +61,8 @@ public:
     Row row(int index) const override;
 
 private:
+    // Rows are made here before they are told to the views; like the rows,
+    // it keeps its room from one Draw to the next.
+    std::vector<Outline> m_adding;
     std::vector<Outline> m_outlines;
 };

@@ -91,22 +91,22 @@ void ucScrollPic::RefreshPicture()
 
 void ucScrollPic::DrawContour(int lngX1, int lngY1, int lngX2, int lngY2, const QColor& lngColor)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, {lngX1, lngY1}, {lngX2, lngY2}, lngColor, {}, {}});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, {lngX1, lngY1}, {lngX2, lngY2}, lngColor, {}});
 }
 
 void ucScrollPic::DrawLine(int X1, int Y1, int X2, int Y2, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Line, {X1, Y1}, {X2, Y2}, Color, {}, {}});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Line, {X1, Y1}, {X2, Y2}, Color, {}});
 }
 
 void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Text, {X, Y}, {X, Y}, Color, Text, {}});
+    m_canvas->addText({X, Y}, Text, Color);
 }
 
 void ucScrollPic::PutNumber(int X, int Y, qint32 number, int width, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Number, {X, Y}, {X, Y}, Color, {}, {}, number, width});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Number, {X, Y}, {X, Y}, Color, {}, number, width});
 }
 
 void ucScrollPic::ReserveShapes(int count)

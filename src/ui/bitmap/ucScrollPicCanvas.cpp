@@ -32,6 +32,11 @@ ucScrollPicCanvas::ucScrollPicCanvas(QWidget* parent)
     m_textAscent = fontMetrics().ascent();
     m_textHeight = fontMetrics().height();
     m_advances.fill(-1);
+    m_digitAdvance = advance(u'0');
+    for (char16_t digit = u'1'; digit <= u'9'; ++digit) {
+        if (advance(digit) != m_digitAdvance)
+            m_digitAdvance = 0;
+    }
 }
 
 int ucScrollPicCanvas::advance(QChar c) const
@@ -55,15 +60,12 @@ QSize ucScrollPicCanvas::textSize(const QString& text) const
 
 QSize ucScrollPicCanvas::numberSize(qint32 number, int width) const
 {
-    if (number < 0)
-        return textSize(labelText({Shape::Number, {}, {}, {}, {}, {}, number, width}));
-    int digits = 0;
-    int textWidth = 0;
-    for (qint32 rest = number; rest > 0 || digits == 0; rest /= 10, ++digits)
-        textWidth += advance(QChar(u'0' + rest % 10));
-    for (; digits < width; ++digits)
-        textWidth += advance(QChar(u'0'));
-    return {textWidth, m_textHeight};
+    if (number < 0 || !m_digitAdvance)
+        return textSize(NumberText::padded(number, width));
+    int digits = 1;
+    for (qint32 rest = number / 10; rest > 0; rest /= 10)
+        ++digits;
+    return {qMax(digits, width) * m_digitAdvance, m_textHeight};
 }
 
 void ucScrollPicCanvas::setOffset(QPoint offset)
@@ -82,7 +84,7 @@ void ucScrollPicCanvas::addShape(Shape shape)
         shape.bounds = Spanning(shape.p1, shape.p2).adjusted(-1, -1, 1, 1);
         break;
     case Shape::Text:
-        shape.bounds = QRect(shape.p1, textSize(shape.text)).adjusted(-2, -2, 2, 2);
+        shape.bounds = QRect(shape.p1, textSize(m_texts[size_t(shape.number)])).adjusted(-2, -2, 2, 2);
         break;
     case Shape::Number:
         shape.bounds = QRect(shape.p1, numberSize(shape.number, shape.width)).adjusted(-2, -2, 2, 2);
@@ -100,6 +102,12 @@ void ucScrollPicCanvas::addShape(Shape shape)
     m_shapes.push_back(std::move(shape));
 }
 
+void ucScrollPicCanvas::addText(QPoint at, const QString& text, const QColor& color)
+{
+    m_texts.push_back(text);
+    addShape({Shape::Text, at, at, color, {}, qint32(m_texts.size() - 1), 0});
+}
+
 void ucScrollPicCanvas::reserveShapes(int count)
 {
     if (count > 0)
@@ -111,7 +119,9 @@ void ucScrollPicCanvas::clearShapes()
     if (m_shapes.empty() && m_selection.isNull())
         return;
     m_shapes.clear();
-    m_bands.clear();
+    m_texts.clear();
+    for (std::vector<int>& band : m_bands)
+        band.clear();
     m_selection = QRect();
     update();
 }
@@ -230,7 +240,7 @@ void ucScrollPicCanvas::paintBitmap(QPainter& painter, const QRect& visible) con
 
 void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) const
 {
-    if (m_bands.empty())
+    if (m_shapes.empty())
         return;
     const int firstBand = bandOf(visible.top());
     const int lastBand = qMin(bandOf(visible.bottom()), int(m_bands.size()) - 1);
@@ -328,7 +338,7 @@ const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& c
 
 QString ucScrollPicCanvas::labelText(const Shape& shape) const
 {
-    return shape.kind == Shape::Number ? NumberText::padded(shape.number, shape.width) : shape.text;
+    return shape.kind == Shape::Number ? NumberText::padded(shape.number, shape.width) : m_texts[size_t(shape.number)];
 }
 
 void ucScrollPicCanvas::mousePressEvent(QMouseEvent* event)

@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <array>
+#include <type_traits>
 #include <vector>
 
 // The viewport of the bitmap view: paints the visible part of the bitmap,
@@ -26,14 +27,15 @@ public:
     struct Shape
     {
         // A Number is a label kept as its number, zero-padded to width
-        // digits: its text is spelt only when it is painted.
+        // digits: its text is spelt only when it is painted. A Text's text
+        // is kept apart (addText), so that a drawing of tens of thousands
+        // of shapes is cleared without a destructor called for each.
         enum Kind { Contour, Line, Text, Number } kind = Contour;
         QPoint p1;
         QPoint p2;
         QColor color;
-        QString text;
         QRect bounds; // in picture coordinates, for skipping what is not visible
-        qint32 number = 0;
+        qint32 number = 0; // a Text's: the place of its text
         int width = 0;
     };
 
@@ -48,7 +50,9 @@ public:
     QPoint offset() const { return m_offset; }
     QSize pictureSize() const { return m_image.size() * m_zoom; }
 
+    // A Contour, a Line or a Number.
     void addShape(Shape shape);
+    void addText(QPoint at, const QString& text, const QColor& color);
     // Room for count more shapes, so a drawing of many does not regrow.
     void reserveShapes(int count);
     // Clears the shapes and the selection rectangle with them.
@@ -113,6 +117,9 @@ private:
     int m_zoom = 1;
     QPoint m_offset;
     std::vector<Shape> m_shapes;
+    std::vector<QString> m_texts;
+    // Bands are emptied, not dropped, when the shapes are cleared: a redraw
+    // fills them again without growing each anew.
     std::vector<std::vector<int>> m_bands;
     QRect m_selection;
     QPolygon m_highlight;
@@ -141,7 +148,12 @@ private:
     // The same for a number zero-padded to width digits, spelling nothing.
     QSize numberSize(qint32 number, int width) const;
     int advance(QChar c) const;
+    // The advance of every digit when all have one, as digits usually do;
+    // 0 when they differ.
+    int m_digitAdvance = 0;
     mutable std::array<int, 128> m_advances;
     int m_textAscent = 0;
     int m_textHeight = 0;
 };
+
+static_assert(std::is_trivially_destructible_v<ucScrollPicCanvas::Shape>);
