@@ -91,12 +91,12 @@ void ucScrollPic::RefreshPicture()
 
 void ucScrollPic::DrawContour(int lngX1, int lngY1, int lngX2, int lngY2, const QColor& lngColor)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, {lngX1, lngY1}, {lngX2, lngY2}, lngColor, {}});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, {lngX1, lngY1}, {lngX2, lngY2}, {}, lngColor, {}});
 }
 
 void ucScrollPic::DrawLine(int X1, int Y1, int X2, int Y2, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Line, {X1, Y1}, {X2, Y2}, Color, {}});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Line, {X1, Y1}, {X2, Y2}, {}, Color, {}});
 }
 
 void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color)
@@ -104,9 +104,14 @@ void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color
     m_canvas->addText({X, Y}, Text, Color);
 }
 
-void ucScrollPic::PutNumber(int X, int Y, qint32 number, int width, const QColor& Color)
+void ucScrollPic::DrawNumberedContour(QPoint corner, QPoint opposite, qint32 number, int width, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Number, {X, Y}, {X, Y}, Color, {}, number, width});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, corner, opposite, {}, Color, {}, number, width, true});
+}
+
+void ucScrollPic::DrawNumberedTriangle(QPoint a, QPoint b, QPoint c, qint32 number, int width, const QColor& Color)
+{
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Triangle, a, b, c, Color, {}, number, width, true});
 }
 
 void ucScrollPic::ReserveShapes(int count)
@@ -177,7 +182,7 @@ int ucScrollPic::ScrollMax(int pictureExtent, int viewportExtent, int otherBarTh
 
 int ucScrollPic::ShapeCount() const
 {
-    return int(m_canvas->shapes().size());
+    return m_canvas->drawnCount();
 }
 
 void ucScrollPic::resizeEvent(QResizeEvent*)

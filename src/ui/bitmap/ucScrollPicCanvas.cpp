@@ -78,17 +78,23 @@ void ucScrollPicCanvas::setOffset(QPoint offset)
 
 void ucScrollPicCanvas::addShape(Shape shape)
 {
+    int pieces = 1;
     switch (shape.kind) {
     case Shape::Contour:
     case Shape::Line:
         shape.bounds = Spanning(shape.p1, shape.p2).adjusted(-1, -1, 1, 1);
         break;
+    case Shape::Triangle:
+        shape.bounds = Spanning(shape.p1, shape.p2).united(Spanning(shape.p3, shape.p3)).adjusted(-1, -1, 1, 1);
+        pieces = 3;
+        break;
     case Shape::Text:
-        shape.bounds = QRect(shape.p1, textSize(m_texts[size_t(shape.number)])).adjusted(-2, -2, 2, 2);
+        shape.bounds = labelBounds(shape);
         break;
-    case Shape::Number:
-        shape.bounds = QRect(shape.p1, numberSize(shape.number, shape.width)).adjusted(-2, -2, 2, 2);
-        break;
+    }
+    if (shape.labelled && shape.kind != Shape::Text) {
+        shape.bounds |= labelBounds(shape);
+        ++pieces;
     }
     const QRect visible(m_offset, size());
     if (visible.intersects(shape.bounds))
@@ -99,13 +105,35 @@ void ucScrollPicCanvas::addShape(Shape shape)
         m_bands.resize(size_t(last) + 1);
     for (int band = bandOf(shape.bounds.top()); band <= last; ++band)
         m_bands[size_t(band)].push_back(index);
-    m_shapes.push_back(std::move(shape));
+    m_shapes.push_back(shape);
+    m_drawnCount += pieces;
 }
 
 void ucScrollPicCanvas::addText(QPoint at, const QString& text, const QColor& color)
 {
     m_texts.push_back(text);
-    addShape({Shape::Text, at, at, color, {}, qint32(m_texts.size() - 1), 0});
+    addShape({Shape::Text, at, at, at, color, {}, qint32(m_texts.size() - 1), 0, true});
+}
+
+QPoint ucScrollPicCanvas::labelPlace(const Shape& shape)
+{
+    switch (shape.kind) {
+    case Shape::Contour:
+        return {(shape.p1.x() + shape.p2.x()) / 2, (shape.p1.y() + shape.p2.y()) / 2};
+    case Shape::Triangle:
+        return {(shape.p1.x() + shape.p2.x() + shape.p3.x()) / 3, (shape.p1.y() + shape.p2.y() + shape.p3.y()) / 3};
+    case Shape::Line:
+    case Shape::Text:
+        break;
+    }
+    return shape.p1;
+}
+
+QRect ucScrollPicCanvas::labelBounds(const Shape& shape) const
+{
+    const QSize size = shape.kind == Shape::Text ? textSize(m_texts[size_t(shape.number)])
+                                                 : numberSize(shape.number, shape.width);
+    return QRect(labelPlace(shape), size).adjusted(-2, -2, 2, 2);
 }
 
 void ucScrollPicCanvas::reserveShapes(int count)
@@ -120,6 +148,7 @@ void ucScrollPicCanvas::clearShapes()
         return;
     m_shapes.clear();
     m_texts.clear();
+    m_drawnCount = 0;
     for (std::vector<int>& band : m_bands)
         band.clear();
     m_selection = QRect();
@@ -268,7 +297,7 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
         const Shape& shape = m_shapes[size_t(index)];
         if (!visible.intersects(shape.bounds))
             continue;
-        if (shape.kind == Shape::Line && shape.color != penColor) {
+        if ((shape.kind == Shape::Line || shape.kind == Shape::Triangle) && shape.color != penColor) {
             penColor = shape.color;
             painter.setPen(QPen(penColor, 0)); // cosmetic: one pixel, no stroking
         }
@@ -283,11 +312,16 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
         case Shape::Line:
             painter.drawLine(shape.p1, shape.p2);
             break;
+        case Shape::Triangle:
+            painter.drawLine(shape.p1, shape.p2);
+            painter.drawLine(shape.p2, shape.p3);
+            painter.drawLine(shape.p3, shape.p1);
+            break;
         case Shape::Text:
-        case Shape::Number:
-            painter.drawImage(shape.p1, labelImage(labelText(shape), shape.color));
             break;
         }
+        if (shape.labelled)
+            painter.drawImage(labelPlace(shape), labelImage(labelText(shape), shape.color));
     }
 }
 
@@ -338,7 +372,7 @@ const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& c
 
 QString ucScrollPicCanvas::labelText(const Shape& shape) const
 {
-    return shape.kind == Shape::Number ? NumberText::padded(shape.number, shape.width) : m_texts[size_t(shape.number)];
+    return shape.kind == Shape::Text ? m_texts[size_t(shape.number)] : NumberText::padded(shape.number, shape.width);
 }
 
 void ucScrollPicCanvas::mousePressEvent(QMouseEvent* event)

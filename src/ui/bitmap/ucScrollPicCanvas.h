@@ -26,17 +26,20 @@ class ucScrollPicCanvas : public QWidget
 public:
     struct Shape
     {
-        // A Number is a label kept as its number, zero-padded to width
-        // digits: its text is spelt only when it is painted. A Text's text
-        // is kept apart (addText), so that a drawing of tens of thousands
-        // of shapes is cleared without a destructor called for each.
-        enum Kind { Contour, Line, Text, Number } kind = Contour;
+        // A Triangle joins p1, p2 and p3. A labelled Contour or Triangle
+        // carries its number, zero-padded to width digits, in its middle:
+        // the label is spelt only when it is painted. A Text's text is kept
+        // apart (addText), so that a drawing of tens of thousands of shapes
+        // is cleared without a destructor called for each.
+        enum Kind { Contour, Line, Triangle, Text } kind = Contour;
         QPoint p1;
         QPoint p2;
+        QPoint p3;
         QColor color;
         QRect bounds; // in picture coordinates, for skipping what is not visible
         qint32 number = 0; // a Text's: the place of its text
         int width = 0;
+        bool labelled = false;
     };
 
     explicit ucScrollPicCanvas(QWidget* parent = nullptr);
@@ -50,7 +53,7 @@ public:
     QPoint offset() const { return m_offset; }
     QSize pictureSize() const { return m_image.size() * m_zoom; }
 
-    // A Contour, a Line or a Number.
+    // A Contour, a Line or a Triangle, labelled or not.
     void addShape(Shape shape);
     void addText(QPoint at, const QString& text, const QColor& color);
     // Room for count more shapes, so a drawing of many does not regrow.
@@ -71,6 +74,9 @@ public:
     QColor highlightColor() const { return m_highlightColor; }
     QColor selectionColor() const { return m_selectionColor; }
     const std::vector<Shape>& shapes() const { return m_shapes; }
+    // What is drawn, counted as rectangles, lines and texts: a labelled
+    // triangle is three lines and a text.
+    int drawnCount() const { return m_drawnCount; }
 
     // The outline of the texture being edited, its corners in bitmap pixels,
     // drawn over everything in a colour of its own at whatever zoom and
@@ -118,6 +124,7 @@ private:
     QPoint m_offset;
     std::vector<Shape> m_shapes;
     std::vector<QString> m_texts;
+    int m_drawnCount = 0;
     // Bands are emptied, not dropped, when the shapes are cleared: a redraw
     // fills them again without growing each anew.
     std::vector<std::vector<int>> m_bands;
@@ -140,6 +147,10 @@ private:
     const QImage& labelImage(const QString& text, const QColor& color) const;
     // The label a shape shows: its text, or its number spelt.
     QString labelText(const Shape& shape) const;
+    // Where a shape's label stands: a text where it was put, a rectangle's
+    // number in its middle, a triangle's at its centroid, inside it.
+    static QPoint labelPlace(const Shape& shape);
+    QRect labelBounds(const Shape& shape) const;
     mutable QHash<LabelKey, QImage> m_labels;
     // A label's size from the advances of its characters, each measured
     // once: laying out tens of thousands of labels one by one costs more

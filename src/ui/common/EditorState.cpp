@@ -51,7 +51,7 @@ void EditorState::RedrawOutlines()
     if (!m_picture || !m_picture->HasPicture())
         return;
     const int zoom = m_picture->ZoomFactor();
-    m_picture->ReserveShapes(2 * (lsvDrawList.count() + lsvSpriteDrawLisr.count()));
+    m_picture->ReserveShapes(lsvDrawList.count() + lsvSpriteDrawLisr.count());
     for (const OutlineRows* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
         for (const OutlineRows::Outline& outline : list->outlines())
             DrawOutline(outline, zoom);
@@ -88,21 +88,11 @@ OutlinePoints OutlineCorners(const OutlineColumns& columns, int zoom)
 void EditorState::DrawOutline(const OutlineRows::Outline& outline, int zoom)
 {
     const OutlinePoints corners = OutlineCorners(outline.columns, zoom);
-    if (corners.count < 2)
-        return;
-    const QPoint a = corners.points[0], b = corners.points[1];
-    if (corners.count == 2) {
-        m_picture->DrawContour(a.x(), a.y(), b.x(), b.y(), OutlineColor);
-        m_picture->PutNumber((a.x() + b.x()) / 2, (a.y() + b.y()) / 2, outline.number, outline.width, OutlineColor);
-    } else {
-        const QPoint c = corners.points[2];
-        m_picture->DrawLine(a.x(), a.y(), b.x(), b.y(), OutlineColor);
-        m_picture->DrawLine(b.x(), b.y(), c.x(), c.y(), OutlineColor);
-        m_picture->DrawLine(c.x(), c.y(), a.x(), a.y(), OutlineColor);
-        // The label stands at the triangle's centroid, inside it.
-        m_picture->PutNumber((a.x() + b.x() + c.x()) / 3, (a.y() + b.y() + c.y()) / 3, outline.number, outline.width,
-                             OutlineColor);
-    }
+    if (corners.count == 2)
+        m_picture->DrawNumberedContour(corners.points[0], corners.points[1], outline.number, outline.width, OutlineColor);
+    else if (corners.count == 3)
+        m_picture->DrawNumberedTriangle(corners.points[0], corners.points[1], corners.points[2], outline.number,
+                                        outline.width, OutlineColor);
 }
 
 namespace {
