@@ -91,12 +91,12 @@ void ucScrollPic::RefreshPicture()
 
 void ucScrollPic::DrawContour(int lngX1, int lngY1, int lngX2, int lngY2, const QColor& lngColor)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, {lngX1, lngY1}, {lngX2, lngY2}, {}, lngColor, {}});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, {lngX1, lngY1}, {lngX2, lngY2}, {}, lngColor.rgba(), {}});
 }
 
 void ucScrollPic::DrawLine(int X1, int Y1, int X2, int Y2, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Line, {X1, Y1}, {X2, Y2}, {}, Color, {}});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Line, {X1, Y1}, {X2, Y2}, {}, Color.rgba(), {}});
 }
 
 void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color)
@@ -106,12 +106,12 @@ void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color
 
 void ucScrollPic::DrawNumberedContour(QPoint corner, QPoint opposite, qint32 number, int width, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, corner, opposite, {}, Color, {}, number, width, true});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, corner, opposite, {}, Color.rgba(), {}, number, qint16(width), true});
 }
 
 void ucScrollPic::DrawNumberedTriangle(QPoint a, QPoint b, QPoint c, qint32 number, int width, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Triangle, a, b, c, Color, {}, number, width, true});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Triangle, a, b, c, Color.rgba(), {}, number, qint16(width), true});
 }
 
 void ucScrollPic::ReserveShapes(int count)

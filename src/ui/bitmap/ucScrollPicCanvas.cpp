@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -96,9 +97,9 @@ void ucScrollPicCanvas::addShape(Shape shape)
         shape.bounds |= labelBounds(shape);
         ++pieces;
     }
-    const QRect visible(m_offset, size());
-    if (visible.intersects(shape.bounds))
-        update(shape.bounds.translated(-m_offset));
+    const QRect shown = shape.bounds.translated(-m_offset);
+    if (shown.right() >= 0 && shown.bottom() >= 0 && shown.left() < width() && shown.top() < height())
+        update(shown);
     const int index = int(m_shapes.size());
     const int last = bandOf(shape.bounds.bottom());
     if (size_t(last) >= m_bands.size())
@@ -112,7 +113,7 @@ void ucScrollPicCanvas::addShape(Shape shape)
 void ucScrollPicCanvas::addText(QPoint at, const QString& text, const QColor& color)
 {
     m_texts.push_back(text);
-    addShape({Shape::Text, at, at, at, color, {}, qint32(m_texts.size() - 1), 0, true});
+    addShape({Shape::Text, at, at, at, color.rgba(), {}, qint32(m_texts.size() - 1), 0, true});
 }
 
 QPoint ucScrollPicCanvas::labelPlace(const Shape& shape)
@@ -287,11 +288,11 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
 
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
-    QColor penColor;
+    std::optional<QRgb> penColor;
     // One brush for a run of contours of one colour: the paint engine takes
     // a brush it has just used as it stands, where a colour is made into a
     // fill afresh for every side.
-    QColor brushColor;
+    std::optional<QRgb> brushColor;
     QBrush brush;
     for (int index : seen) {
         const Shape& shape = m_shapes[size_t(index)];
@@ -299,13 +300,13 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
             continue;
         if ((shape.kind == Shape::Line || shape.kind == Shape::Triangle) && shape.color != penColor) {
             penColor = shape.color;
-            painter.setPen(QPen(penColor, 0)); // cosmetic: one pixel, no stroking
+            painter.setPen(QPen(QColor::fromRgba(shape.color), 0)); // cosmetic: one pixel, no stroking
         }
         switch (shape.kind) {
         case Shape::Contour:
             if (shape.color != brushColor) {
                 brushColor = shape.color;
-                brush = QBrush(brushColor);
+                brush = QBrush(QColor::fromRgba(shape.color));
             }
             paintContour(painter, Spanning(shape.p1, shape.p2), brush);
             break;
@@ -351,9 +352,9 @@ void ucScrollPicCanvas::paintPolygon(QPainter& painter, const QPolygon& zoomed, 
     painter.restore();
 }
 
-const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& color) const
+const QImage& ucScrollPicCanvas::labelImage(const QString& text, QRgb color) const
 {
-    const LabelKey key{color.rgba(), text};
+    const LabelKey key{color, text};
     auto found = m_labels.constFind(key);
     if (found != m_labels.constEnd())
         return *found;
@@ -364,7 +365,7 @@ const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& c
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setFont(font());
-    painter.setPen(color);
+    painter.setPen(QColor::fromRgba(color));
     painter.drawText(QPoint(0, m_textAscent), text);
     painter.end();
     return *m_labels.insert(key, image);

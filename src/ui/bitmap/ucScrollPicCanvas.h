@@ -31,14 +31,15 @@ public:
         // the label is spelt only when it is painted. A Text's text is kept
         // apart (addText), so that a drawing of tens of thousands of shapes
         // is cleared without a destructor called for each.
-        enum Kind { Contour, Line, Triangle, Text } kind = Contour;
+        // Kept small: a drawing holds one per outline of every texture.
+        enum Kind : quint8 { Contour, Line, Triangle, Text } kind = Contour;
         QPoint p1;
         QPoint p2;
         QPoint p3;
-        QColor color;
+        QRgb color = 0;
         QRect bounds; // in picture coordinates, for skipping what is not visible
         qint32 number = 0; // a Text's: the place of its text
-        int width = 0;
+        qint16 width = 0;
         bool labelled = false;
     };
 
@@ -144,7 +145,7 @@ private:
         friend bool operator==(const LabelKey& a, const LabelKey& b) { return a.color == b.color && a.text == b.text; }
         friend size_t qHash(const LabelKey& key, size_t seed) { return qHashMulti(seed, key.color, key.text); }
     };
-    const QImage& labelImage(const QString& text, const QColor& color) const;
+    const QImage& labelImage(const QString& text, QRgb color) const;
     // The label a shape shows: its text, or its number spelt.
     QString labelText(const Shape& shape) const;
     // Where a shape's label stands: a text where it was put, a rectangle's
