@@ -7,18 +7,6 @@ OutlineRows::OutlineRows(const QStringList& columns, QObject* parent)
 {
 }
 
-int OutlineRows::append(const std::vector<Outline>& outlines)
-{
-    if (outlines.empty())
-        return 0;
-    const int first = count();
-    const int added = int(outlines.size());
-    beginInsertRows({}, first, first + added - 1);
-    m_outlines.insert(m_outlines.end(), outlines.begin(), outlines.end());
-    endInsertRows();
-    return added;
-}
-
 void OutlineRows::clear()
 {
     beginResetModel();

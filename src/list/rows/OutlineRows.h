@@ -36,16 +36,22 @@ public:
         int next = 0;
         for (const qint32 number : numbers) {
             const int row = table.rowOfNumber(number, next);
-            if (row < 0)
-                continue;
-            const Entry& entry = table.at(row);
-            m_adding.push_back({entry.number, entry.width, Reader::Of(entry).DrawColumns()});
-            next = row + 1;
+            if (row >= 0) {
+                m_adding.push_back(row);
+                next = row + 1;
+            }
         }
-        return append(m_adding);
+        if (m_adding.empty())
+            return 0;
+        // The rows are found before the views hear of them, and made in place.
+        beginInsertRows({}, count(), count() + int(m_adding.size()) - 1);
+        for (const int row : m_adding) {
+            const Entry& entry = table.at(row);
+            m_outlines.push_back({entry.number, entry.width, Reader::Of(entry).DrawColumns()});
+        }
+        endInsertRows();
+        return int(m_adding.size());
     }
-    // Adds the outlines at the end with one notification.
-    int append(const std::vector<Outline>& outlines);
     void clear();
 
     const Outline& outline(int index) const { return m_outlines[size_t(index)]; }
@@ -61,8 +67,8 @@ public:
     Row row(int index) const override;
 
 private:
-    // Rows are made here before they are told to the views; like the rows,
-    // it keeps its room from one Draw to the next.
-    std::vector<Outline> m_adding;
+    // The table rows an append outlines; like the outlines, it keeps its
+    // room from one Draw to the next.
+    std::vector<int> m_adding;
     std::vector<Outline> m_outlines;
 };

@@ -77,16 +77,34 @@ void ucScrollPicCanvas::setOffset(QPoint offset)
     update();
 }
 
+namespace {
+
+// The pixels a shape's corners span, with the one around them a stroke may
+// touch; a label adds its own box.
+QRect Around(QPoint a, QPoint b, QPoint c)
+{
+    return QRect(QPoint(std::min({a.x(), b.x(), c.x()}) - 1, std::min({a.y(), b.y(), c.y()}) - 1),
+                 QPoint(std::max({a.x(), b.x(), c.x()}) + 1, std::max({a.y(), b.y(), c.y()}) + 1));
+}
+
+QRect Joined(const QRect& a, const QRect& b)
+{
+    return QRect(QPoint(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
+                 QPoint(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom())));
+}
+
+} // namespace
+
 void ucScrollPicCanvas::addShape(Shape shape)
 {
     int pieces = 1;
     switch (shape.kind) {
     case Shape::Contour:
     case Shape::Line:
-        shape.bounds = Spanning(shape.p1, shape.p2).adjusted(-1, -1, 1, 1);
+        shape.bounds = Around(shape.p1, shape.p2, shape.p2);
         break;
     case Shape::Triangle:
-        shape.bounds = Spanning(shape.p1, shape.p2).united(Spanning(shape.p3, shape.p3)).adjusted(-1, -1, 1, 1);
+        shape.bounds = Around(shape.p1, shape.p2, shape.p3);
         pieces = 3;
         break;
     case Shape::Text:
@@ -94,7 +112,7 @@ void ucScrollPicCanvas::addShape(Shape shape)
         break;
     }
     if (shape.labelled && shape.kind != Shape::Text) {
-        shape.bounds |= labelBounds(shape);
+        shape.bounds = Joined(shape.bounds, labelBounds(shape));
         ++pieces;
     }
     const QRect shown = shape.bounds.translated(-m_offset);
