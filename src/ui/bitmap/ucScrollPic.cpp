@@ -106,7 +106,8 @@ void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color
 
 void ucScrollPic::DrawNumberedContour(QPoint corner, QPoint opposite, qint32 number, int width, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, corner, opposite, {}, Color.rgba(), {}, number, qint16(width), true});
+    m_canvas->addShape(
+        {ucScrollPicCanvas::Shape::Contour, corner, opposite, {}, Color.rgba(), {}, number, qint16(width), true});
 }
 
 void ucScrollPic::DrawNumberedTriangle(QPoint a, QPoint b, QPoint c, qint32 number, int width, const QColor& Color)

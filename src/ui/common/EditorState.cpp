@@ -89,7 +89,8 @@ void EditorState::DrawOutline(const OutlineRows::Outline& outline, int zoom)
 {
     const OutlinePoints corners = OutlineCorners(outline.columns, zoom);
     if (corners.count == 2)
-        m_picture->DrawNumberedContour(corners.points[0], corners.points[1], outline.number, outline.width, OutlineColor);
+        m_picture->DrawNumberedContour(corners.points[0], corners.points[1], outline.number, outline.width,
+                                       OutlineColor);
     else if (corners.count == 3)
         m_picture->DrawNumberedTriangle(corners.points[0], corners.points[1], corners.points[2], outline.number,
                                         outline.width, OutlineColor);
