@@ -80,6 +80,45 @@ private slots:
             QCOMPARE(view.checkState(i), marked ? Qt::PartiallyChecked : filled.checkState(i));
         }
     }
+
+    // The numbers ticked rows stand for: a checklist's "None" and "All" are
+    // no numbers, and what is ticked is told in row order.
+    void tickedNumbers_data()
+    {
+        QTest::addColumn<bool>("withNoneAll");
+        QTest::addColumn<QList<int>>("untick"); // rows
+        QTest::addColumn<QList<qint32>>("ticked");
+        QTest::newRow("checklist, all ticked") << true << QList<int>{} << QList<qint32>{1, 2, 3, 4};
+        QTest::newRow("markers unticked") << true << QList<int>{0, 1} << QList<qint32>{1, 2, 3, 4};
+        QTest::newRow("first and last unticked") << true << QList<int>{2, 5} << QList<qint32>{2, 3};
+        QTest::newRow("every number unticked") << true << QList<int>{2, 3, 4, 5} << QList<qint32>{};
+        QTest::newRow("plain list, ticked by hand") << false << QList<int>{} << QList<qint32>{};
+    }
+
+    void tickedNumbers()
+    {
+        QFETCH(bool, withNoneAll);
+        QFETCH(QList<int>, untick);
+        QFETCH(QList<qint32>, ticked);
+        IndexRows view;
+        m_IndexList::FillIndexList(4, view, QStringLiteral("T"), withNoneAll);
+        for (int row : untick)
+            view.setCheckState(row, Qt::Unchecked);
+        for (int row = 0; row < view.count(); ++row) {
+            // A row's number is what its text and key spell.
+            const qint32 number = view.number(row);
+            QCOMPARE(number > 0 ? QString::number(number) : view.text(row), view.text(row));
+            QCOMPARE(view.findKey(QStringLiteral("T%1").arg(number)), number > 0 ? row : -1);
+        }
+        QCOMPARE(view.number(view.count()), 0);
+        const std::vector<qint32> got = view.tickedNumbers();
+        QCOMPARE(QList<qint32>(got.begin(), got.end()), ticked);
+        if (!withNoneAll) {
+            view.setCheckState(3, Qt::Checked);
+            view.setCheckState(0, Qt::PartiallyChecked); // not a tick
+            QCOMPARE(view.tickedNumbers(), std::vector<qint32>{4});
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_IndexList)

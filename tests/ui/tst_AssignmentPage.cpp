@@ -181,7 +181,7 @@ void tst_AssignmentPage::drawBringsTheFirstOutlineIntoView()
 
     ucScrollPic* view = f.window->state().picture();
     QCOMPARE(view->VScroll1()->value() > 0, scrolls);
-    const ListViewModel& drawn = f.window->state().lsvDrawList;
+    const ListRows& drawn = f.window->state().lsvDrawList;
     if (drawn.count() > 0) {
         const QRect outline = QRect(QPoint(drawn.subItem(0, 2).toInt(), drawn.subItem(0, 3).toInt()) * zoom,
                                     QPoint(drawn.subItem(0, 4).toInt(), drawn.subItem(0, 5).toInt()) * zoom);

@@ -3,6 +3,7 @@
 #include "ui/main/frmMain.h"
 #include "ui/bitmap/ucScrollPic.h"
 #include "ui/bitmap/ucScrollPicCanvas.h"
+#include "common/NumberText.h"
 
 #include <QAction>
 #include <QLabel>
@@ -36,6 +37,8 @@ private slots:
     void theEditOutlineOutlivesRedraws();
     void shapesKeepTheirOwnColours_data();
     void shapesKeepTheirOwnColours();
+    void numberedOutlinesLookAsOutlinesAndTexts_data();
+    void numberedOutlinesLookAsOutlinesAndTexts();
 
 private:
     static QString bitmap(ScratchDir& dir, int tiles);
@@ -345,6 +348,65 @@ void tst_ucScrollPic::shapesKeepTheirOwnColours()
                 QCOMPARE(label.contains(other.rgb()), other == colours[i]);
         }
     }
+}
+
+void tst_ucScrollPic::numberedOutlinesLookAsOutlinesAndTexts_data()
+{
+    QTest::addColumn<QList<QPoint>>("corners");
+    QTest::addColumn<qint32>("number");
+    QTest::addColumn<int>("width");
+    const QList<QPoint> square{{20, 30}, {90, 100}}, odd{{21, 31}, {90, 100}}, flipped{{90, 100}, {21, 30}};
+    const QList<QPoint> triangle{{20, 30}, {120, 30}, {20, 131}};
+    QTest::newRow("zero padded") << square << 0 << 4;
+    QTest::newRow("padded") << odd << 17 << 4;
+    QTest::newRow("corners the other way round") << flipped << 5 << 2;
+    QTest::newRow("wider than its width") << square << 32767 << 2;
+    QTest::newRow("every digit") << square << 1234567890 << 0;
+    QTest::newRow("below zero") << square << -5 << 3;
+    QTest::newRow("triangle") << triangle << 42 << 4;
+    QTest::newRow("triangle, centroid rounded down") << QList<QPoint>{{20, 30}, {121, 31}, {22, 130}} << 7 << 0;
+    QTest::newRow("label past the view's edge") << QList<QPoint>{{150, 170}, {199, 199}} << 1234 << 4;
+}
+
+// An outline drawn with its number shows the pixels, and counts the shapes,
+// of the outline drawn and its number's text put in its middle.
+void tst_ucScrollPic::numberedOutlinesLookAsOutlinesAndTexts()
+{
+    QFETCH(QList<QPoint>, corners);
+    QFETCH(qint32, number);
+    QFETCH(int, width);
+    ScratchDir dir;
+    const QString file = bitmap(dir, 1);
+    std::array<QImage, 2> shots;
+    std::array<int, 2> counts{};
+    for (size_t spelt = 0; spelt < 2; ++spelt) {
+        ucScrollPic view;
+        view.resize(200, 200);
+        view.LoadOnePicture(file);
+        view.DrawContour(0, 0, 60, 60, Qt::cyan); // drawn over
+        const QPoint a = corners[0], b = corners[1];
+        const QString label = NumberText::padded(number, width);
+        if (corners.size() == 2 && spelt) {
+            view.DrawContour(a.x(), a.y(), b.x(), b.y(), Qt::yellow);
+            view.PutText((a.x() + b.x()) / 2, (a.y() + b.y()) / 2, label, Qt::yellow);
+        } else if (corners.size() == 2) {
+            view.DrawNumberedContour(a, b, number, width, Qt::yellow);
+        } else if (spelt) {
+            const QPoint c = corners[2];
+            view.DrawLine(a.x(), a.y(), b.x(), b.y(), Qt::yellow);
+            view.DrawLine(b.x(), b.y(), c.x(), c.y(), Qt::yellow);
+            view.DrawLine(c.x(), c.y(), a.x(), a.y(), Qt::yellow);
+            view.PutText((a.x() + b.x() + c.x()) / 3, (a.y() + b.y() + c.y()) / 3, label, Qt::yellow);
+        } else {
+            view.DrawNumberedTriangle(a, b, corners[2], number, width, Qt::yellow);
+        }
+        counts[spelt] = view.ShapeCount();
+        shots[spelt] = QImage(view.Picture1()->size(), QImage::Format_RGB32);
+        QPainter painter(&shots[spelt]);
+        view.Picture1()->paintView(painter, shots[spelt].rect());
+    }
+    QCOMPARE(counts[0], counts[1]);
+    QCOMPARE(shots[0], shots[1]);
 }
 
 QTEST_MAIN(tst_ucScrollPic)

@@ -62,13 +62,24 @@ void IndexRows::setCheckState(int index, Qt::CheckState state)
     emit dataChanged(this->index(index, 0), this->index(index, 0), {Qt::CheckStateRole});
 }
 
+std::vector<qint32> IndexRows::tickedNumbers() const
+{
+    std::vector<qint32> numbers;
+    numbers.reserve(m_checks.size());
+    for (int index = fixedRows(); index < count(); ++index) {
+        if (m_checks[size_t(index)] == quint8(Qt::Checked))
+            numbers.push_back(number(index));
+    }
+    return numbers;
+}
+
 QString IndexRows::key(int index) const
 {
     if (!isValidRow(index))
         return {};
     if (index < fixedRows())
         return index == 0 ? None : All;
-    return m_prefix + NumberText::of(index - fixedRows() + 1);
+    return m_prefix + NumberText::of(number(index));
 }
 
 QString IndexRows::cellText(int index, int column) const
@@ -77,7 +88,7 @@ QString IndexRows::cellText(int index, int column) const
         return {};
     if (index < fixedRows())
         return index == 0 ? None : All;
-    return NumberText::of(index - fixedRows() + 1);
+    return NumberText::of(number(index));
 }
 
 qint64 IndexRows::subItemNumber(int /*index*/, int /*subItem*/) const

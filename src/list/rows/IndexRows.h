@@ -27,6 +27,11 @@ public:
     void setCheckState(int index, Qt::CheckState state) override;
 
     int count() const override { return int(m_checks.size()); }
+    // The number a numbered row stands for (1 for the first), or 0 for
+    // "None", "All" and rows past the end.
+    qint32 number(int index) const { return isValidRow(index) && index >= fixedRows() ? index - fixedRows() + 1 : 0; }
+    // The numbers of the ticked numbered rows, in row order.
+    std::vector<qint32> tickedNumbers() const;
     QString key(int index) const override;
     QString cellText(int index, int column) const override;
     qint64 subItemNumber(int index, int subItem) const override;

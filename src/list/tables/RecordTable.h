@@ -31,6 +31,13 @@ public:
         return found == m_rows.end() ? -1 : int(found - m_rows.begin());
     }
 
+    // The same, trying the row at hint first: after a deletion, numbers
+    // looked up in rising order each sit one row past the one found before.
+    int rowOfNumber(qint32 number, int hint) const
+    {
+        return contains(hint) && at(hint).number == number ? hint : rowOfNumber(number);
+    }
+
     void listen(RecordTableListener* listener) { m_listeners.push_back(listener); }
     void forget(RecordTableListener* listener) { std::erase(m_listeners, listener); }
 

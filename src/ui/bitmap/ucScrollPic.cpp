@@ -91,17 +91,33 @@ void ucScrollPic::RefreshPicture()
 
 void ucScrollPic::DrawContour(int lngX1, int lngY1, int lngX2, int lngY2, const QColor& lngColor)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, {lngX1, lngY1}, {lngX2, lngY2}, lngColor, {}, {}});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Contour, {lngX1, lngY1}, {lngX2, lngY2}, {}, lngColor.rgba(), {}});
 }
 
 void ucScrollPic::DrawLine(int X1, int Y1, int X2, int Y2, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Line, {X1, Y1}, {X2, Y2}, Color, {}, {}});
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Line, {X1, Y1}, {X2, Y2}, {}, Color.rgba(), {}});
 }
 
 void ucScrollPic::PutText(int X, int Y, const QString& Text, const QColor& Color)
 {
-    m_canvas->addShape({ucScrollPicCanvas::Shape::Text, {X, Y}, {X, Y}, Color, Text, {}});
+    m_canvas->addText({X, Y}, Text, Color);
+}
+
+void ucScrollPic::DrawNumberedContour(QPoint corner, QPoint opposite, qint32 number, int width, const QColor& Color)
+{
+    m_canvas->addShape(
+        {ucScrollPicCanvas::Shape::Contour, corner, opposite, {}, Color.rgba(), {}, number, qint16(width), true});
+}
+
+void ucScrollPic::DrawNumberedTriangle(QPoint a, QPoint b, QPoint c, qint32 number, int width, const QColor& Color)
+{
+    m_canvas->addShape({ucScrollPicCanvas::Shape::Triangle, a, b, c, Color.rgba(), {}, number, qint16(width), true});
+}
+
+void ucScrollPic::ReserveShapes(int count)
+{
+    m_canvas->reserveShapes(count);
 }
 
 void ucScrollPic::DrawSelection(int X1, int Y1, int X2, int Y2, const QColor& Color)
@@ -167,7 +183,7 @@ int ucScrollPic::ScrollMax(int pictureExtent, int viewportExtent, int otherBarTh
 
 int ucScrollPic::ShapeCount() const
 {
-    return int(m_canvas->shapes().size());
+    return m_canvas->drawnCount();
 }
 
 void ucScrollPic::resizeEvent(QResizeEvent*)

@@ -47,6 +47,14 @@ public:
     void DrawContour(int lngX1, int lngY1, int lngX2, int lngY2, const QColor& lngColor);
     void DrawLine(int X1, int Y1, int X2, int Y2, const QColor& Color);
     void PutText(int X, int Y, const QString& Text, const QColor& Color);
+    // An outline with its number, zero-padded to width digits, in the
+    // middle: as DrawContour (three DrawLine) and PutText would draw them,
+    // with the text spelt only when it is shown. The label of a rectangle
+    // stands at the middle of its corners, a triangle's at its centroid.
+    void DrawNumberedContour(QPoint corner, QPoint opposite, qint32 number, int width, const QColor& Color);
+    void DrawNumberedTriangle(QPoint a, QPoint b, QPoint c, qint32 number, int width, const QColor& Color);
+    // Room for count more shapes, for a caller about to draw many.
+    void ReserveShapes(int count);
     // The rectangle being picked with the mouse, outlined like DrawContour;
     // each call replaces the one before, so a drag leaves one outline. A
     // load, zoom or refresh wipes it with the rest.
@@ -76,6 +84,7 @@ public:
     QScrollBar* HScroll1() const { return m_hScroll; }
     QScrollBar* VScroll1() const { return m_vScroll; }
     ucScrollPicCanvas* Picture1() const { return m_canvas; }
+    // What is drawn, counted as rectangles, lines and texts.
     int ShapeCount() const;
 
 signals:

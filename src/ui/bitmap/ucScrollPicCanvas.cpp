@@ -1,10 +1,13 @@
 #include "ui/bitmap/ucScrollPicCanvas.h"
 
+#include "common/NumberText.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -30,23 +33,40 @@ ucScrollPicCanvas::ucScrollPicCanvas(QWidget* parent)
     m_textAscent = fontMetrics().ascent();
     m_textHeight = fontMetrics().height();
     m_advances.fill(-1);
+    m_digitAdvance = advance(u'0');
+    for (char16_t digit = u'1'; digit <= u'9'; ++digit) {
+        if (advance(digit) != m_digitAdvance)
+            m_digitAdvance = 0;
+    }
+}
+
+int ucScrollPicCanvas::advance(QChar c) const
+{
+    const ushort code = c.unicode();
+    if (code >= m_advances.size())
+        return fontMetrics().horizontalAdvance(c);
+    int& advance = m_advances[code];
+    if (advance < 0)
+        advance = fontMetrics().horizontalAdvance(c);
+    return advance;
 }
 
 QSize ucScrollPicCanvas::textSize(const QString& text) const
 {
     int width = 0;
-    for (const QChar c : text) {
-        const ushort code = c.unicode();
-        if (code >= m_advances.size()) {
-            width += fontMetrics().horizontalAdvance(c);
-            continue;
-        }
-        int& advance = m_advances[code];
-        if (advance < 0)
-            advance = fontMetrics().horizontalAdvance(c);
-        width += advance;
-    }
+    for (const QChar c : text)
+        width += advance(c);
     return {width, m_textHeight};
+}
+
+QSize ucScrollPicCanvas::numberSize(qint32 number, int width) const
+{
+    if (number < 0 || !m_digitAdvance)
+        return textSize(NumberText::padded(number, width));
+    int digits = 1;
+    for (qint32 rest = number / 10; rest > 0; rest /= 10)
+        ++digits;
+    return {qMax(digits, width) * m_digitAdvance, m_textHeight};
 }
 
 void ucScrollPicCanvas::setOffset(QPoint offset)
@@ -57,27 +77,88 @@ void ucScrollPicCanvas::setOffset(QPoint offset)
     update();
 }
 
+namespace {
+
+// The pixels a shape's corners span, with the one around them a stroke may
+// touch; a label adds its own box.
+QRect Around(QPoint a, QPoint b, QPoint c)
+{
+    return QRect(QPoint(std::min({a.x(), b.x(), c.x()}) - 1, std::min({a.y(), b.y(), c.y()}) - 1),
+                 QPoint(std::max({a.x(), b.x(), c.x()}) + 1, std::max({a.y(), b.y(), c.y()}) + 1));
+}
+
+QRect Joined(const QRect& a, const QRect& b)
+{
+    return QRect(QPoint(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
+                 QPoint(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom())));
+}
+
+} // namespace
+
 void ucScrollPicCanvas::addShape(Shape shape)
 {
+    int pieces = 1;
     switch (shape.kind) {
     case Shape::Contour:
     case Shape::Line:
-        shape.bounds = Spanning(shape.p1, shape.p2).adjusted(-1, -1, 1, 1);
+        shape.bounds = Around(shape.p1, shape.p2, shape.p2);
+        break;
+    case Shape::Triangle:
+        shape.bounds = Around(shape.p1, shape.p2, shape.p3);
+        pieces = 3;
         break;
     case Shape::Text:
-        shape.bounds = QRect(shape.p1, textSize(shape.text)).adjusted(-2, -2, 2, 2);
+        shape.bounds = labelBounds(shape);
         break;
     }
-    const QRect visible(m_offset, size());
-    if (visible.intersects(shape.bounds))
-        update(shape.bounds.translated(-m_offset));
+    if (shape.labelled && shape.kind != Shape::Text) {
+        shape.bounds = Joined(shape.bounds, labelBounds(shape));
+        ++pieces;
+    }
+    const QRect shown = shape.bounds.translated(-m_offset);
+    if (shown.right() >= 0 && shown.bottom() >= 0 && shown.left() < width() && shown.top() < height())
+        update(shown);
     const int index = int(m_shapes.size());
     const int last = bandOf(shape.bounds.bottom());
     if (size_t(last) >= m_bands.size())
         m_bands.resize(size_t(last) + 1);
     for (int band = bandOf(shape.bounds.top()); band <= last; ++band)
         m_bands[size_t(band)].push_back(index);
-    m_shapes.push_back(std::move(shape));
+    m_shapes.push_back(shape);
+    m_drawnCount += pieces;
+}
+
+void ucScrollPicCanvas::addText(QPoint at, const QString& text, const QColor& color)
+{
+    m_texts.push_back(text);
+    addShape({Shape::Text, at, at, at, color.rgba(), {}, qint32(m_texts.size() - 1), 0, true});
+}
+
+QPoint ucScrollPicCanvas::labelPlace(const Shape& shape)
+{
+    switch (shape.kind) {
+    case Shape::Contour:
+        return {(shape.p1.x() + shape.p2.x()) / 2, (shape.p1.y() + shape.p2.y()) / 2};
+    case Shape::Triangle:
+        return {(shape.p1.x() + shape.p2.x() + shape.p3.x()) / 3, (shape.p1.y() + shape.p2.y() + shape.p3.y()) / 3};
+    case Shape::Line:
+    case Shape::Text:
+        break;
+    }
+    return shape.p1;
+}
+
+QRect ucScrollPicCanvas::labelBounds(const Shape& shape) const
+{
+    const QSize size = shape.kind == Shape::Text ? textSize(m_texts[size_t(shape.number)])
+                                                 : numberSize(shape.number, shape.width);
+    return QRect(labelPlace(shape), size).adjusted(-2, -2, 2, 2);
+}
+
+void ucScrollPicCanvas::reserveShapes(int count)
+{
+    if (count > 0)
+        m_shapes.reserve(m_shapes.size() + size_t(count));
 }
 
 void ucScrollPicCanvas::clearShapes()
@@ -85,7 +166,10 @@ void ucScrollPicCanvas::clearShapes()
     if (m_shapes.empty() && m_selection.isNull())
         return;
     m_shapes.clear();
-    m_bands.clear();
+    m_texts.clear();
+    m_drawnCount = 0;
+    for (std::vector<int>& band : m_bands)
+        band.clear();
     m_selection = QRect();
     update();
 }
@@ -204,7 +288,7 @@ void ucScrollPicCanvas::paintBitmap(QPainter& painter, const QRect& visible) con
 
 void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) const
 {
-    if (m_bands.empty())
+    if (m_shapes.empty())
         return;
     const int firstBand = bandOf(visible.top());
     const int lastBand = qMin(bandOf(visible.bottom()), int(m_bands.size()) - 1);
@@ -222,35 +306,41 @@ void ucScrollPicCanvas::paintShapes(QPainter& painter, const QRect& visible) con
 
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
-    QColor penColor;
+    std::optional<QRgb> penColor;
     // One brush for a run of contours of one colour: the paint engine takes
     // a brush it has just used as it stands, where a colour is made into a
     // fill afresh for every side.
-    QColor brushColor;
+    std::optional<QRgb> brushColor;
     QBrush brush;
     for (int index : seen) {
         const Shape& shape = m_shapes[size_t(index)];
         if (!visible.intersects(shape.bounds))
             continue;
-        if (shape.kind == Shape::Line && shape.color != penColor) {
+        if ((shape.kind == Shape::Line || shape.kind == Shape::Triangle) && shape.color != penColor) {
             penColor = shape.color;
-            painter.setPen(QPen(penColor, 0)); // cosmetic: one pixel, no stroking
+            painter.setPen(QPen(QColor::fromRgba(shape.color), 0)); // cosmetic: one pixel, no stroking
         }
         switch (shape.kind) {
         case Shape::Contour:
             if (shape.color != brushColor) {
                 brushColor = shape.color;
-                brush = QBrush(brushColor);
+                brush = QBrush(QColor::fromRgba(shape.color));
             }
             paintContour(painter, Spanning(shape.p1, shape.p2), brush);
             break;
         case Shape::Line:
             painter.drawLine(shape.p1, shape.p2);
             break;
+        case Shape::Triangle:
+            painter.drawLine(shape.p1, shape.p2);
+            painter.drawLine(shape.p2, shape.p3);
+            painter.drawLine(shape.p3, shape.p1);
+            break;
         case Shape::Text:
-            painter.drawImage(shape.p1, labelImage(shape.text, shape.color));
             break;
         }
+        if (shape.labelled)
+            painter.drawImage(labelPlace(shape), labelImage(labelText(shape), shape.color));
     }
 }
 
@@ -280,9 +370,9 @@ void ucScrollPicCanvas::paintPolygon(QPainter& painter, const QPolygon& zoomed, 
     painter.restore();
 }
 
-const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& color) const
+const QImage& ucScrollPicCanvas::labelImage(const QString& text, QRgb color) const
 {
-    const LabelKey key{color.rgba(), text};
+    const LabelKey key{color, text};
     auto found = m_labels.constFind(key);
     if (found != m_labels.constEnd())
         return *found;
@@ -293,10 +383,15 @@ const QImage& ucScrollPicCanvas::labelImage(const QString& text, const QColor& c
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setFont(font());
-    painter.setPen(color);
+    painter.setPen(QColor::fromRgba(color));
     painter.drawText(QPoint(0, m_textAscent), text);
     painter.end();
     return *m_labels.insert(key, image);
+}
+
+QString ucScrollPicCanvas::labelText(const Shape& shape) const
+{
+    return shape.kind == Shape::Text ? m_texts[size_t(shape.number)] : NumberText::padded(shape.number, shape.width);
 }
 
 void ucScrollPicCanvas::mousePressEvent(QMouseEvent* event)

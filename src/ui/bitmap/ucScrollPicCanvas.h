@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <array>
+#include <type_traits>
 #include <vector>
 
 // The viewport of the bitmap view: paints the visible part of the bitmap,
@@ -25,12 +26,21 @@ class ucScrollPicCanvas : public QWidget
 public:
     struct Shape
     {
-        enum Kind { Contour, Line, Text } kind = Contour;
+        // A Triangle joins p1, p2 and p3. A labelled Contour or Triangle
+        // carries its number, zero-padded to width digits, in its middle:
+        // the label is spelt only when it is painted. A Text's text is kept
+        // apart (addText), so that a drawing of tens of thousands of shapes
+        // is cleared without a destructor called for each.
+        // Kept small: a drawing holds one per outline of every texture.
+        enum Kind : quint8 { Contour, Line, Triangle, Text } kind = Contour;
         QPoint p1;
         QPoint p2;
-        QColor color;
-        QString text;
+        QPoint p3;
+        QRgb color = 0;
         QRect bounds; // in picture coordinates, for skipping what is not visible
+        qint32 number = 0; // a Text's: the place of its text
+        qint16 width = 0;
+        bool labelled = false;
     };
 
     explicit ucScrollPicCanvas(QWidget* parent = nullptr);
@@ -44,7 +54,11 @@ public:
     QPoint offset() const { return m_offset; }
     QSize pictureSize() const { return m_image.size() * m_zoom; }
 
+    // A Contour, a Line or a Triangle, labelled or not.
     void addShape(Shape shape);
+    void addText(QPoint at, const QString& text, const QColor& color);
+    // Room for count more shapes, so a drawing of many does not regrow.
+    void reserveShapes(int count);
     // Clears the shapes and the selection rectangle with them.
     void clearShapes();
     // The one rectangle being picked with the mouse, drawn over the shapes;
@@ -61,6 +75,9 @@ public:
     QColor highlightColor() const { return m_highlightColor; }
     QColor selectionColor() const { return m_selectionColor; }
     const std::vector<Shape>& shapes() const { return m_shapes; }
+    // What is drawn, counted as rectangles, lines and texts: a labelled
+    // triangle is three lines and a text.
+    int drawnCount() const { return m_drawnCount; }
 
     // The outline of the texture being edited, its corners in bitmap pixels,
     // drawn over everything in a colour of its own at whatever zoom and
@@ -107,6 +124,10 @@ private:
     int m_zoom = 1;
     QPoint m_offset;
     std::vector<Shape> m_shapes;
+    std::vector<QString> m_texts;
+    int m_drawnCount = 0;
+    // Bands are emptied, not dropped, when the shapes are cleared: a redraw
+    // fills them again without growing each anew.
     std::vector<std::vector<int>> m_bands;
     QRect m_selection;
     QPolygon m_highlight;
@@ -124,13 +145,27 @@ private:
         friend bool operator==(const LabelKey& a, const LabelKey& b) { return a.color == b.color && a.text == b.text; }
         friend size_t qHash(const LabelKey& key, size_t seed) { return qHashMulti(seed, key.color, key.text); }
     };
-    const QImage& labelImage(const QString& text, const QColor& color) const;
+    const QImage& labelImage(const QString& text, QRgb color) const;
+    // The label a shape shows: its text, or its number spelt.
+    QString labelText(const Shape& shape) const;
+    // Where a shape's label stands: a text where it was put, a rectangle's
+    // number in its middle, a triangle's at its centroid, inside it.
+    static QPoint labelPlace(const Shape& shape);
+    QRect labelBounds(const Shape& shape) const;
     mutable QHash<LabelKey, QImage> m_labels;
     // A label's size from the advances of its characters, each measured
     // once: laying out tens of thousands of labels one by one costs more
     // than drawing them.
     QSize textSize(const QString& text) const;
+    // The same for a number zero-padded to width digits, spelling nothing.
+    QSize numberSize(qint32 number, int width) const;
+    int advance(QChar c) const;
+    // The advance of every digit when all have one, as digits usually do;
+    // 0 when they differ.
+    int m_digitAdvance = 0;
     mutable std::array<int, 128> m_advances;
     int m_textAscent = 0;
     int m_textHeight = 0;
 };
+
+static_assert(std::is_trivially_destructible_v<ucScrollPicCanvas::Shape>);

@@ -30,14 +30,9 @@ DrawChecklist::DrawChecklist(ListView& view, IndexRows& rows, QObject* parent)
             });
 }
 
-QStringList DrawChecklist::TickedKeys() const
+std::vector<qint32> DrawChecklist::TickedNumbers() const
 {
-    QStringList keys;
-    for (int row = FirstNumberedRow; row < m_rows.count(); ++row) {
-        if (m_rows.checkState(row) == Qt::Checked)
-            keys.append(m_rows.key(row));
-    }
-    return keys;
+    return m_rows.tickedNumbers();
 }
 
 void DrawChecklist::OnCheckChanged(int row)

@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QStringList>
 
+#include <vector>
+
 class ListView;
 class IndexRows;
 
@@ -21,9 +23,9 @@ class DrawChecklist : public QObject
 public:
     DrawChecklist(ListView& view, IndexRows& rows, QObject* parent = nullptr);
 
-    // Keys of the ticked rows after "None" and "All", in row order; none
-    // when the list has no such row.
-    QStringList TickedKeys() const;
+    // Numbers of the ticked rows after "None" and "All" (the first such row
+    // is 1), in row order; none when the list has no such row.
+    std::vector<qint32> TickedNumbers() const;
 
 public slots:
     // The context menu's commands.

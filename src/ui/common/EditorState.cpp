@@ -41,8 +41,8 @@ EditorState::EditorState(IPromptService& prompts, ListDocument& document, QObjec
         connect(model, &QAbstractItemModel::rowsInserted, this, follow);
         connect(model, &QAbstractItemModel::rowsRemoved, this, follow);
     }
-    connect(&lsvDrawList, &QAbstractItemModel::modelReset, this, [this] { m_drawnTextureKeys.clear(); });
-    connect(&lsvSpriteDrawLisr, &QAbstractItemModel::modelReset, this, [this] { m_drawnSpriteKeys.clear(); });
+    connect(&lsvDrawList, &QAbstractItemModel::modelReset, this, [this] { m_drawnTextureNumbers.clear(); });
+    connect(&lsvSpriteDrawLisr, &QAbstractItemModel::modelReset, this, [this] { m_drawnSpriteNumbers.clear(); });
 }
 
 void EditorState::RedrawOutlines()
@@ -51,17 +51,17 @@ void EditorState::RedrawOutlines()
     if (!m_picture || !m_picture->HasPicture())
         return;
     const int zoom = m_picture->ZoomFactor();
-    for (const ListViewModel* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
-        for (int row = 0; row < list->count(); ++row)
-            DrawOutlineRow(*list, row, zoom);
+    m_picture->ReserveShapes(lsvDrawList.count() + lsvSpriteDrawLisr.count());
+    for (const OutlineRows* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
+        for (const OutlineRows::Outline& outline : list->outlines())
+            DrawOutline(outline, zoom);
     }
 }
 
 namespace {
 
-// A draw row holds its sides, then the corners it is drawn from, zoomed
-// here: two opposite corners of a rectangle ("4"), the three of a triangle
-// ("3"). Any other row has none.
+// An outline's corners, zoomed: two opposite corners of a rectangle (four
+// sides), the three of a triangle. Any other outline has none.
 struct OutlinePoints
 {
     std::array<QPoint, 3> points;
@@ -70,46 +70,38 @@ struct OutlinePoints
     auto end() const { return points.begin() + count; }
 };
 
-OutlinePoints OutlineCorners(const ListViewModel& drawList, int row, int zoom)
+OutlinePoints OutlineCorners(const OutlineColumns& columns, int zoom)
 {
-    const qint64 sides = drawList.subItemNumber(row, 1);
+    const int sides = columns.size() > 0 ? columns.begin()[0] : 0;
     OutlinePoints corners;
     corners.count = sides == 4 ? 2 : sides == 3 ? 3 : 0;
+    // Past the sides, the corners' X and Y in turn.
+    corners.count = qMin(corners.count, (columns.size() - 1) / 2);
     for (int corner = 0; corner < corners.count; ++corner)
-        corners.points[size_t(corner)] = QPoint(int(drawList.subItemNumber(row, 2 + 2 * corner)),
-                                                int(drawList.subItemNumber(row, 3 + 2 * corner)))
-                                       * zoom;
+        corners.points[size_t(corner)] =
+            QPoint(columns.begin()[1 + 2 * corner], columns.begin()[2 + 2 * corner]) * zoom;
     return corners;
 }
 
 } // namespace
 
-void EditorState::DrawOutlineRow(const ListViewModel& drawList, int row, int zoom)
+void EditorState::DrawOutline(const OutlineRows::Outline& outline, int zoom)
 {
-    const OutlinePoints corners = OutlineCorners(drawList, row, zoom);
-    if (corners.count < 2)
-        return;
-    const QString number = drawList.text(row);
-    const QPoint a = corners.points[0], b = corners.points[1];
-    if (corners.count == 2) {
-        m_picture->DrawContour(a.x(), a.y(), b.x(), b.y(), OutlineColor);
-        m_picture->PutText((a.x() + b.x()) / 2, (a.y() + b.y()) / 2, number, OutlineColor);
-    } else {
-        const QPoint c = corners.points[2];
-        m_picture->DrawLine(a.x(), a.y(), b.x(), b.y(), OutlineColor);
-        m_picture->DrawLine(b.x(), b.y(), c.x(), c.y(), OutlineColor);
-        m_picture->DrawLine(c.x(), c.y(), a.x(), a.y(), OutlineColor);
-        // The label stands at the triangle's centroid, inside it.
-        m_picture->PutText((a.x() + b.x() + c.x()) / 3, (a.y() + b.y() + c.y()) / 3, number, OutlineColor);
-    }
+    const OutlinePoints corners = OutlineCorners(outline.columns, zoom);
+    if (corners.count == 2)
+        m_picture->DrawNumberedContour(corners.points[0], corners.points[1], outline.number, outline.width,
+                                       OutlineColor);
+    else if (corners.count == 3)
+        m_picture->DrawNumberedTriangle(corners.points[0], corners.points[1], corners.points[2], outline.number,
+                                        outline.width, OutlineColor);
 }
 
 namespace {
 
-QRect OutlineArea(const ListViewModel& drawList, int row, int zoom)
+QRect OutlineArea(const OutlineRows::Outline& outline, int zoom)
 {
     QRect area;
-    for (const QPoint corner : OutlineCorners(drawList, row, zoom))
+    for (const QPoint corner : OutlineCorners(outline.columns, zoom))
         area |= QRect(corner, QSize(1, 1));
     return area;
 }
@@ -120,9 +112,9 @@ bool EditorState::IsAnyOutlineInView() const
 {
     const QRect visible = m_picture->VisibleArea();
     const int zoom = m_picture->ZoomFactor();
-    for (const ListViewModel* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
-        for (int row = 0; row < list->count(); ++row) {
-            if (OutlineArea(*list, row, zoom).intersects(visible))
+    for (const OutlineRows* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
+        for (const OutlineRows::Outline& outline : list->outlines()) {
+            if (OutlineArea(outline, zoom).intersects(visible))
                 return true;
         }
     }
@@ -133,10 +125,10 @@ void EditorState::ShowFirstOutline()
 {
     if (!m_picture || !m_picture->HasPicture() || IsAnyOutlineInView())
         return;
-    for (const ListViewModel* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
+    for (const OutlineRows* list : {&lsvDrawList, &lsvSpriteDrawLisr}) {
         if (list->count() == 0)
             continue;
-        const QRect area = OutlineArea(*list, 0, m_picture->ZoomFactor());
+        const QRect area = OutlineArea(list->outline(0), m_picture->ZoomFactor());
         if (!area.isNull())
             m_picture->ShowArea(area.left(), area.top(), area.right(), area.bottom());
         return;
@@ -145,61 +137,35 @@ void EditorState::ShowFirstOutline()
 
 namespace {
 
-// Draw lists hold a row's number, then what its reader gives to outline.
-// Tens of thousands of rows go in as cells, with no row made of strings.
-template <typename RowReader, typename Format>
-void AppendOutlines(const RecordRowsModel<Format>& source, const QStringList& keys, ListViewModel& drawList)
+void Remember(std::vector<qint32>& drawn, const std::vector<qint32>& numbers)
 {
-    std::vector<ListCell> cells;
-    std::vector<int> sizes;
-    cells.reserve(size_t(keys.size()) * 7);
-    sizes.reserve(size_t(keys.size()));
-    for (const QString& key : keys) {
-        const int row = source.findKey(key);
-        if (row < 0)
-            continue;
-        const auto& entry = source.entry(row);
-        const OutlineColumns columns = RowReader::Of(entry).DrawColumns();
-        cells.emplace_back(); // no key
-        cells.push_back(ListCell::number(entry.number, entry.width));
-        for (const int column : columns)
-            cells.push_back(ListCell::number(column));
-        sizes.push_back(2 + columns.size());
-    }
-    drawList.appendCellRows(std::move(cells), sizes);
+    drawn.insert(drawn.end(), numbers.begin(), numbers.end());
 }
 
 } // namespace
 
-void EditorState::AppendTextureOutlines(const QStringList& keys)
+void EditorState::AppendTextureOutlines(const std::vector<qint32>& numbers)
 {
-    AppendOutlines<ObjectTextureRow>(views.lsvTextures, keys, lsvDrawList);
-    // A first list of keys is shared, not copied key by key.
-    if (m_drawnTextureKeys.isEmpty())
-        m_drawnTextureKeys = keys;
-    else
-        m_drawnTextureKeys += keys;
+    lsvDrawList.appendNumbered<ObjectTextureRow>(m_document->tables().textures, numbers);
+    Remember(m_drawnTextureNumbers, numbers);
 }
 
-void EditorState::AppendSpriteOutlines(const QStringList& keys)
+void EditorState::AppendSpriteOutlines(const std::vector<qint32>& numbers)
 {
-    AppendOutlines<SpriteTextureRow>(views.lsvSprites, keys, lsvSpriteDrawLisr);
-    if (m_drawnSpriteKeys.isEmpty())
-        m_drawnSpriteKeys = keys;
-    else
-        m_drawnSpriteKeys += keys;
+    lsvSpriteDrawLisr.appendNumbered<SpriteTextureRow>(m_document->tables().sprites, numbers);
+    Remember(m_drawnSpriteNumbers, numbers);
 }
 
 void EditorState::RedrawChangedOutlines()
 {
-    if (m_drawnTextureKeys.isEmpty() && m_drawnSpriteKeys.isEmpty())
+    if (m_drawnTextureNumbers.empty() && m_drawnSpriteNumbers.empty())
         return;
-    const QStringList textureKeys = m_drawnTextureKeys;
-    const QStringList spriteKeys = m_drawnSpriteKeys;
+    const std::vector<qint32> textureNumbers = std::move(m_drawnTextureNumbers);
+    const std::vector<qint32> spriteNumbers = std::move(m_drawnSpriteNumbers);
     lsvDrawList.clear();
     lsvSpriteDrawLisr.clear();
-    AppendTextureOutlines(textureKeys);
-    AppendSpriteOutlines(spriteKeys);
+    AppendTextureOutlines(textureNumbers);
+    AppendSpriteOutlines(spriteNumbers);
     RedrawOutlines();
 }
 

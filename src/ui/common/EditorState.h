@@ -1,7 +1,7 @@
 #pragma once
 
 #include "list/rows/IndexRows.h"
-#include "list/rows/ListViewModel.h"
+#include "list/rows/OutlineRows.h"
 #include "list/ListDocument.h"
 
 #include <QColor>
@@ -34,8 +34,8 @@ public:
     IndexRows lsvAvailTextures;
     IndexRows lsvSpriteIndex;
     // The outlines to draw, in whole-bitmap coordinates.
-    ListViewModel lsvDrawList;
-    ListViewModel lsvSpriteDrawLisr;
+    OutlineRows lsvDrawList;
+    OutlineRows lsvSpriteDrawLisr;
 
     IPromptService& prompts() const { return *m_prompts; }
     void setPrompts(IPromptService& prompts) { m_prompts = &prompts; }
@@ -59,18 +59,18 @@ public:
     void RedrawOutlines();
     // One row of a draw list: a quad's rectangle or a triangle's three sides,
     // with its number in the middle.
-    void DrawOutlineRow(const ListViewModel& drawList, int row, int zoom);
+    void DrawOutline(const OutlineRows::Outline& outline, int zoom);
     // Scrolls the bitmap to the first outline of the draw lists, textures
     // before sprites, when none of them is in view; with none, leaves the
     // view where it is.
     void ShowFirstOutline();
     bool IsAnyOutlineInView() const;
-    // Adds the texture (sprite) rows named by keys to lsvDrawList
-    // (lsvSpriteDrawLisr); a key that names no row adds nothing. The keys
+    // Adds the textures (sprites) with the numbers to lsvDrawList
+    // (lsvSpriteDrawLisr); a number no row has adds nothing. The numbers
     // are kept while the draw list lasts, so an undo or redo of an edit
     // redraws the outlines from the rows as they then are.
-    void AppendTextureOutlines(const QStringList& keys);
-    void AppendSpriteOutlines(const QStringList& keys);
+    void AppendTextureOutlines(const std::vector<qint32>& numbers);
+    void AppendSpriteOutlines(const std::vector<qint32>& numbers);
 
     // A line in the window's status bar: what a silent failure did.
     void ShowStatus(const QString& message);
@@ -109,6 +109,6 @@ private:
     ListDocument* m_document;
     IPromptService* m_prompts;
     ucScrollPic* m_picture = nullptr;
-    QStringList m_drawnTextureKeys;
-    QStringList m_drawnSpriteKeys;
+    std::vector<qint32> m_drawnTextureNumbers;
+    std::vector<qint32> m_drawnSpriteNumbers;
 };

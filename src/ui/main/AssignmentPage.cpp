@@ -99,12 +99,15 @@ void AssignmentPage::Fill(ListViewModel& list, const QList<int>& numbers, const 
     list.appendRows(std::move(rows));
 }
 
-QList<int> AssignmentPage::ChosenNumbers(const ListView& view)
+std::vector<qint32> AssignmentPage::ChosenNumbers(std::initializer_list<const ListView*> views)
 {
-    QList<int> numbers;
-    for (int row : view.selectedModelRows())
-        numbers << view.listModel()->text(row).toInt();
-    std::sort(numbers.begin(), numbers.end());
+    std::vector<qint32> numbers;
+    for (const ListView* view : views) {
+        const auto first = numbers.size();
+        for (int row : view->selectedModelRows())
+            numbers.push_back(view->listModel()->text(row).toInt());
+        std::sort(numbers.begin() + std::ptrdiff_t(first), numbers.end());
+    }
     return numbers;
 }
 
@@ -113,10 +116,8 @@ void AssignmentPage::DrawChosen()
     m_state.lsvDrawList.clear();
     m_state.lsvSpriteDrawLisr.clear();
     if (m_state.document().IsBitmapLoaded()) {
-        m_state.AppendTextureOutlines(KeysOf(ChosenNumbers(*m_ui->lsvPolygons) + ChosenNumbers(*m_ui->lsvMesh)
-                                                 + ChosenNumbers(*m_ui->lsvNotAssign),
-                                             QLatin1Char('T')));
-        m_state.AppendSpriteOutlines(KeysOf(ChosenNumbers(*m_ui->lsvSprite), QLatin1Char('S')));
+        m_state.AppendTextureOutlines(ChosenNumbers({m_ui->lsvPolygons, m_ui->lsvMesh, m_ui->lsvNotAssign}));
+        m_state.AppendSpriteOutlines(ChosenNumbers({m_ui->lsvSprite}));
         m_state.ShowStatus(tr("Outlined %1 textures and %2 sprites.")
                                .arg(m_state.lsvDrawList.count())
                                .arg(m_state.lsvSpriteDrawLisr.count()));
@@ -128,11 +129,3 @@ void AssignmentPage::DrawChosen()
     m_state.ShowFirstOutline();
 }
 
-// The list's numbers as the keys of the texture (T) or sprite (S) table.
-QStringList AssignmentPage::KeysOf(const QList<int>& numbers, QChar table)
-{
-    QStringList keys;
-    for (int number : numbers)
-        keys << table + QString::number(number);
-    return keys;
-}

@@ -3,7 +3,9 @@
 #include "ui/common/EditorPage.h"
 #include "list/rows/ListViewModel.h"
 
+#include <initializer_list>
 #include <memory>
+#include <vector>
 
 class ListView;
 namespace Ui {
@@ -41,9 +43,9 @@ public:
 private:
     void ClearUsage();
     static void Fill(ListViewModel& list, const QList<int>& numbers, const QString& prefix);
-    // The numbers chosen in view, in list order.
-    static QList<int> ChosenNumbers(const ListView& view);
-    static QStringList KeysOf(const QList<int>& numbers, QChar table);
+    // The numbers of the rows chosen in each view, each view's in rising
+    // order, one view after another.
+    static std::vector<qint32> ChosenNumbers(std::initializer_list<const ListView*> views);
 
     std::unique_ptr<Ui::AssignmentPage> m_ui;
     ListViewModel m_lsvPolygons;

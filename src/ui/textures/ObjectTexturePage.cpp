@@ -661,10 +661,10 @@ void ObjectTexturePage::Flip(bool horizontal)
 void ObjectTexturePage::cmdDraw_Click()
 {
     m_state.lsvDrawList.clear();
-    // Checklist row k draws the texture keyed Tk: texture 0 has no row, and
+    // Checklist row k draws texture number k: texture 0 has no row, and
     // the last row finds nothing.
     if (m_state.lsvObjects.count() >= 3 && m_state.document().IsBitmapLoaded())
-        m_state.AppendTextureOutlines(m_checklist->TickedKeys());
+        m_state.AppendTextureOutlines(m_checklist->TickedNumbers());
     m_state.RedrawOutlines();
 }
 

@@ -370,6 +370,6 @@ void SpriteTexturePage::cmdDrawSprite_Click()
 {
     m_state.lsvSpriteDrawLisr.clear();
     if (m_state.lsvSpriteIndex.count() >= 3 && m_state.document().IsBitmapLoaded())
-        m_state.AppendSpriteOutlines(m_checklist->TickedKeys());
+        m_state.AppendSpriteOutlines(m_checklist->TickedNumbers());
     m_state.RedrawOutlines();
 }
