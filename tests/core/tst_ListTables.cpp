@@ -26,6 +26,8 @@ private slots:
     void aNumberReachesTheRangesItsDigitsBegin_data();
     void aNumberReachesTheRangesItsDigitsBegin();
     void aRangeWithoutRowsBorrowsFromItsFirst();
+    void detailKeysMatchOnlyWhenSpeltAlike_data();
+    void detailKeysMatchOnlyWhenSpeltAlike();
     void aCornerPastItsTileShowsWhatWasStoredAndSavesItsLowByte();
 
 private:
@@ -207,6 +209,33 @@ void tst_ListTables::aRangeWithoutRowsBorrowsFromItsFirst()
     QCOMPARE(tables.TexturesOfRange(1), (QList<quint16>{8, 0, 0}));
     QCOMPARE(tables.TexturesOfRange(2), (QList<quint16>{0}));
     QCOMPARE(tables.AnimatedTextureWords(), (QList<quint16>{3, 1, 7, 8, 2, 8, 0, 0, 0, 0}));
+}
+
+void tst_ListTables::detailKeysMatchOnlyWhenSpeltAlike_data()
+{
+    QTest::addColumn<int>("range");
+    QTest::addColumn<int>("place");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<bool>("found");
+    QTest::newRow("its own") << 7 << 12 << "A0712" << true;
+    QTest::newRow("another range spelt alike") << 101 << 2 << "A1012" << true; // also range 10's place 12
+    QTest::newRow("a zero more") << 5 << 3 << "A0053" << false;
+    QTest::newRow("a zero less") << 0 << 53 << "A053" << false;
+    QTest::newRow("not digits") << 7 << 1 << "A07-1" << false;
+    QTest::newRow("lower case") << 7 << 1 << "a071" << false;
+    QTest::newRow("no key") << 7 << 1 << "" << false;
+}
+
+void tst_ListTables::detailKeysMatchOnlyWhenSpeltAlike()
+{
+    QFETCH(int, range);
+    QFETCH(int, place);
+    QFETCH(QString, key);
+    QFETCH(bool, found);
+    RecordTable<RangeTextureEntry> details;
+    details.assign({{range, place, 9, true}});
+    QCOMPARE(RangeTextureFormat::Find(details, key) == 0, found);
+    QCOMPARE(RangeTextureFormat::Find(details, RangeTextureFormat::Key(range, place)), 0);
 }
 
 void tst_ListTables::aCornerPastItsTileShowsWhatWasStoredAndSavesItsLowByte()

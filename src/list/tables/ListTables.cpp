@@ -118,9 +118,9 @@ void ListTables::AssignRanges(const AnimatedTextureBlock& block)
     // Past range 99 a detail key can repeat another range's (A10 + 12 and
     // A101 + 2); the later row keeps its texture and goes without a key.
     if (summaries.size() > 100) {
-        QSet<QString> taken;
+        QSet<quint64> taken;
         for (RangeTextureEntry& e : details) {
-            const QString key = RangeTextureFormat::Key(e.range, e.place);
+            const quint64 key = RangeTextureFormat::KeyCode(e.range, e.place);
             e.keyed = !taken.contains(key);
             taken.insert(key);
         }

@@ -115,9 +115,14 @@ void ucScrollPicCanvas::addShape(Shape shape)
         shape.bounds = Joined(shape.bounds, labelBounds(shape));
         ++pieces;
     }
+    // A Draw adds tens of thousands of shapes at once: the area they cover
+    // in view is gathered and asked to be repainted once, after the Draw.
     const QRect shown = shape.bounds.translated(-m_offset);
-    if (shown.right() >= 0 && shown.bottom() >= 0 && shown.left() < width() && shown.top() < height())
-        update(shown);
+    if (shown.right() >= 0 && shown.bottom() >= 0 && shown.left() < width() && shown.top() < height()) {
+        if (m_unpainted.isNull())
+            QMetaObject::invokeMethod(this, &ucScrollPicCanvas::repaintAdded, Qt::QueuedConnection);
+        m_unpainted = m_unpainted.united(shown);
+    }
     const int index = int(m_shapes.size());
     const int last = bandOf(shape.bounds.bottom());
     if (size_t(last) >= m_bands.size())
@@ -126,6 +131,12 @@ void ucScrollPicCanvas::addShape(Shape shape)
         m_bands[size_t(band)].push_back(index);
     m_shapes.push_back(shape);
     m_drawnCount += pieces;
+}
+
+void ucScrollPicCanvas::repaintAdded()
+{
+    update(m_unpainted);
+    m_unpainted = {};
 }
 
 void ucScrollPicCanvas::addText(QPoint at, const QString& text, const QColor& color)

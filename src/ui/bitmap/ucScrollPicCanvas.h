@@ -105,6 +105,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void repaintAdded();
     QPointF picturePoint(QPointF widgetPoint) const { return widgetPoint + m_offset; }
     void paintBitmap(QPainter& painter, const QRect& visible) const;
     void paintShapes(QPainter& painter, const QRect& visible) const;
@@ -126,6 +127,7 @@ private:
     std::vector<Shape> m_shapes;
     std::vector<QString> m_texts;
     int m_drawnCount = 0;
+    QRect m_unpainted; // in view, added since the last repaint was asked for
     // Bands are emptied, not dropped, when the shapes are cleared: a redraw
     // fills them again without growing each anew.
     std::vector<std::vector<int>> m_bands;
