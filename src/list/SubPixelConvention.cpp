@@ -35,12 +35,12 @@ std::optional<SubPixelConvention> SubPixelConvention::Of(const ObjectTextureRow&
                               row.subPixels[size_t(top)].y(), row.subPixels[size_t(bottom)].y()};
 }
 
-SubPixelConvention SubPixelConvention::MostUsed(const ListRows& textures)
+SubPixelConvention SubPixelConvention::MostUsed(const RecordTable<TextureEntry>& textures)
 {
     // A level uses a handful of conventions at most: a short list is enough.
     std::vector<std::pair<SubPixelConvention, int>> counts;
-    for (int row = 0; row < textures.count(); ++row) {
-        const std::optional<SubPixelConvention> used = Of(ObjectTextureRow::Read(textures, row));
+    for (const TextureEntry& texture : textures.rows()) {
+        const std::optional<SubPixelConvention> used = Of(ObjectTextureRow::Of(texture));
         if (!used)
             continue;
         auto known = std::find_if(counts.begin(), counts.end(), [&](const auto& c) { return c.first == *used; });

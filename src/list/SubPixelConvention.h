@@ -1,10 +1,12 @@
 #pragma once
 
+#include "list/tables/RecordTable.h"
+#include "list/tables/TextureEntry.h"
+
 #include <QtGlobal>
 
 #include <optional>
 
-class ListRows;
 class ObjectTextureRow;
 
 // The sub-pixel bytes a texture gives the coordinates on its low (left, top)
@@ -26,7 +28,7 @@ struct SubPixelConvention
     static std::optional<SubPixelConvention> Of(const ObjectTextureRow& row);
     // The convention most rows of the list use (the first met among equals);
     // 1 and 255 for a list with no row to tell.
-    static SubPixelConvention MostUsed(const ListRows& textures);
+    static SubPixelConvention MostUsed(const RecordTable<TextureEntry>& textures);
 
     friend bool operator==(const SubPixelConvention&, const SubPixelConvention&) = default;
 };

@@ -31,21 +31,21 @@ bool Covers(const ObjectTextureRow& texture, QPoint pixel)
 
 } // namespace
 
-QList<int> TextureHitTest::TexturesAt(const ListRows& textures, QPoint pixel)
+QList<int> TextureHitTest::TexturesAt(const RecordTable<TextureEntry>& textures, QPoint pixel)
 {
     QList<int> rows;
     for (int row = 0; row < textures.count(); ++row) {
-        if (Covers(ObjectTextureRow::Read(textures, row), pixel))
+        if (Covers(ObjectTextureRow::Of(textures.at(row)), pixel))
             rows << row;
     }
     return rows;
 }
 
-QList<int> TextureHitTest::SpritesAt(const ListRows& sprites, QPoint pixel)
+QList<int> TextureHitTest::SpritesAt(const RecordTable<SpriteTextureEntry>& sprites, QPoint pixel)
 {
     QList<int> rows;
     for (int row = 0; row < sprites.count(); ++row) {
-        const SpriteTextureRow sprite = SpriteTextureRow::Read(sprites, row);
+        const SpriteTextureRow sprite = SpriteTextureRow::Of(sprites.at(row));
         if (QRect(sprite.FirstCorner(), sprite.SecondCorner()).normalized().contains(pixel))
             rows << row;
     }
@@ -62,16 +62,16 @@ int TextureHitTest::Choose(const QList<int>& covering, int chosen)
     return covering.at(at == 0 ? covering.size() - 1 : at - 1);
 }
 
-QPolygon TextureHitTest::TextureOutline(const ListRows& textures, int row)
+QPolygon TextureHitTest::TextureOutline(const RecordTable<TextureEntry>& textures, int row)
 {
-    const ObjectTextureRow texture = ObjectTextureRow::Read(textures, row);
+    const ObjectTextureRow texture = ObjectTextureRow::Of(textures.at(row));
     if (texture.IsTriangle())
         return QPolygon({texture.BitmapCorner(0), texture.BitmapCorner(1), texture.BitmapCorner(2)});
     return QPolygon({texture.BitmapCorner(0), texture.BitmapCorner(2)});
 }
 
-QPolygon TextureHitTest::SpriteOutline(const ListRows& sprites, int row)
+QPolygon TextureHitTest::SpriteOutline(const RecordTable<SpriteTextureEntry>& sprites, int row)
 {
-    const SpriteTextureRow sprite = SpriteTextureRow::Read(sprites, row);
+    const SpriteTextureRow sprite = SpriteTextureRow::Of(sprites.at(row));
     return QPolygon({sprite.FirstCorner(), sprite.SecondCorner()});
 }

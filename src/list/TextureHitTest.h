@@ -1,10 +1,13 @@
 #pragma once
 
+#include "list/tables/RecordTable.h"
+#include "list/tables/SpriteTextureEntry.h"
+#include "list/tables/TextureEntry.h"
+
 #include <QList>
 #include <QPoint>
 #include <QPolygon>
 
-class ListRows;
 
 // Which textures and sprites of the complete lists cover a bitmap pixel,
 // and which of them a click chooses. Rows later in a list are drawn over the
@@ -15,8 +18,8 @@ public:
     // Rows of the object texture (sprite) list covering pixel, in row order.
     // A quad covers the pixels of its bounds; a triangle those inside its
     // three corners, sides included.
-    static QList<int> TexturesAt(const ListRows& textures, QPoint pixel);
-    static QList<int> SpritesAt(const ListRows& sprites, QPoint pixel);
+    static QList<int> TexturesAt(const RecordTable<TextureEntry>& textures, QPoint pixel);
+    static QList<int> SpritesAt(const RecordTable<SpriteTextureEntry>& sprites, QPoint pixel);
 
     // The row a click chooses among the covering rows: the topmost, or,
     // when the row already chosen is one of them, the next one under it, so
@@ -26,6 +29,6 @@ public:
 
     // A row's outline in whole-bitmap pixels: a quad's or sprite's two
     // opposite corners, a triangle's three corners.
-    static QPolygon TextureOutline(const ListRows& textures, int row);
-    static QPolygon SpriteOutline(const ListRows& sprites, int row);
+    static QPolygon TextureOutline(const RecordTable<TextureEntry>& textures, int row);
+    static QPolygon SpriteOutline(const RecordTable<SpriteTextureEntry>& sprites, int row);
 };

@@ -3,6 +3,8 @@
 #include "list/TextureGeometry.h"
 #include "synthetic/SyntheticTextures.h"
 
+#include "support/TableRows.h"
+
 #include <QTest>
 
 using Convention = SyntheticTextures::Convention;
@@ -296,19 +298,15 @@ void tst_EditedTexture::conventionOfAList()
 {
     QFETCH(QList<Convention>, rows);
     QFETCH(SubPixelConvention, mostUsed);
-    ListViewModel textures(ObjectTexture::headers());
+    ListTables tables;
     // A row with no extent tells nothing, however many there are.
     for (int i = 0; i < 50; ++i)
-        textures.addRow(QStringLiteral("Z%1").arg(i), QString(), QStringList(18, QStringLiteral("5")));
+        TableRows::addTexture(tables, 1000 + i, QStringList(18, QStringLiteral("5")));
     for (Convention convention : rows) {
-        for (const ObjectTexture& record : SyntheticTextures::Rows(convention, 20, 1)) {
-            QStringList cells;
-            for (int column = 1; column <= ObjectTexture::ColumnCount; ++column)
-                cells << QString::number(record.column(column));
-            textures.addRow(QStringLiteral("T%1").arg(textures.count()), QString(), cells);
-        }
+        for (const ObjectTexture& record : SyntheticTextures::Rows(convention, 20, 1))
+            tables.textures.insert(tables.textures.count(), TextureEntry{record, tables.textures.count(), 4});
     }
-    QCOMPARE(SubPixelConvention::MostUsed(textures), mostUsed);
+    QCOMPARE(SubPixelConvention::MostUsed(tables.textures), mostUsed);
 }
 
 QTEST_MAIN(tst_EditedTexture)

@@ -1,4 +1,4 @@
-#include "list/rows/ListViewModel.h"
+#include "support/TableRows.h"
 #include "list/TextureHitTest.h"
 
 #include <QTest>
@@ -33,12 +33,12 @@ QStringList Cells(const QList<int>& numbers)
 // row 1: the square 32-95 x 32-95 of tile 0, drawn over row 0,
 // row 2: a triangle (64,320) (127,320) (64,383) in tile 1,
 // row 3: a square 0-63 in tile 1, flipped so its corners run the other way.
-void FillTextures(ListViewModel& textures)
+void FillTextures(ListTables& tables)
 {
-    textures.addRow("T0", "0", Cells({0, 0, 0, 0, 63, 0, 63, 63, 0, 63, 1, 1, 255, 1, 255, 255, 1, 255}));
-    textures.addRow("T1", "1", Cells({0, 0, 32, 32, 95, 32, 95, 95, 32, 95, 1, 1, 255, 1, 255, 255, 1, 255}));
-    textures.addRow("T2", "2", Cells({1, 0, 64, 64, 127, 64, 64, 127, 0, 0, 1, 1, 255, 1, 1, 255, 0, 0}));
-    textures.addRow("T5", "5", Cells({1, 0, 63, 63, 0, 63, 0, 0, 63, 0, 255, 255, 1, 255, 1, 1, 255, 1}));
+    TableRows::addTexture(tables, 0, Cells({0, 0, 0, 0, 63, 0, 63, 63, 0, 63, 1, 1, 255, 1, 255, 255, 1, 255}));
+    TableRows::addTexture(tables, 1, Cells({0, 0, 32, 32, 95, 32, 95, 95, 32, 95, 1, 1, 255, 1, 255, 255, 1, 255}));
+    TableRows::addTexture(tables, 2, Cells({1, 0, 64, 64, 127, 64, 64, 127, 0, 0, 1, 1, 255, 1, 1, 255, 0, 0}));
+    TableRows::addTexture(tables, 5, Cells({1, 0, 63, 63, 0, 63, 0, 0, 63, 0, 255, 255, 1, 255, 1, 1, 255, 1}));
 }
 
 } // namespace
@@ -63,9 +63,9 @@ void tst_TextureHitTest::texturesCoveringAPixel()
 {
     QFETCH(QPoint, pixel);
     QFETCH(QList<int>, rows);
-    ListViewModel textures;
-    FillTextures(textures);
-    QCOMPARE(TextureHitTest::TexturesAt(textures, pixel), rows);
+    ListTables tables;
+    FillTextures(tables);
+    QCOMPARE(TextureHitTest::TexturesAt(tables.textures, pixel), rows);
 }
 
 void tst_TextureHitTest::spritesCoveringAPixel_data()
@@ -84,11 +84,11 @@ void tst_TextureHitTest::spritesCoveringAPixel()
 {
     QFETCH(QPoint, pixel);
     QFETCH(QList<int>, rows);
-    ListViewModel sprites;
+    ListTables tables;
     // "Tile", "X", "Y", "Width", "Height", then the four sides.
-    sprites.addRow("S0", "0", Cells({1, 10, 20, 15 * 256 + 255, 7 * 256 + 255, 0, 0, 0, 0}));
-    sprites.addRow("S1", "1", Cells({0, 3, 3, 255, 255, 0, 0, 0, 0}));
-    QCOMPARE(TextureHitTest::SpritesAt(sprites, pixel), rows);
+    TableRows::addSprite(tables, 0, Cells({1, 10, 20, 15 * 256 + 255, 7 * 256 + 255, 0, 0, 0, 0}));
+    TableRows::addSprite(tables, 1, Cells({0, 3, 3, 255, 255, 0, 0, 0, 0}));
+    QCOMPARE(TextureHitTest::SpritesAt(tables.sprites, pixel), rows);
 }
 
 void tst_TextureHitTest::clicksWalkDownTheStack_data()

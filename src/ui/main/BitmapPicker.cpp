@@ -80,8 +80,9 @@ void BitmapPicker::OutlineChosen(Kind kind)
     m_outlined = kind;
     if (!m_view.HasPicture())
         return;
-    const QPolygon outline = kind == Kind::Texture ? TextureHitTest::TextureOutline(rows, row)
-                                                   : TextureHitTest::SpriteOutline(rows, row);
+    const ListTables& tables = m_state.document().tables();
+    const QPolygon outline = kind == Kind::Texture ? TextureHitTest::TextureOutline(tables.textures, row)
+                                                   : TextureHitTest::SpriteOutline(tables.sprites, row);
     m_view.SetHighlight(outline, SelectionColor);
     const int zoom = m_view.ZoomFactor();
     const QRect area = outline.boundingRect();
@@ -116,8 +117,9 @@ void BitmapPicker::PickAt(int x, int y)
         m_state.ShowStatus(QString());
         return;
     }
-    const QList<int> textures = TextureHitTest::TexturesAt(m_state.views.lsvTextures, pixel);
-    const QList<int> sprites = TextureHitTest::SpritesAt(m_state.views.lsvSprites, pixel);
+    const ListTables& tables = m_state.document().tables();
+    const QList<int> textures = TextureHitTest::TexturesAt(tables.textures, pixel);
+    const QList<int> sprites = TextureHitTest::SpritesAt(tables.sprites, pixel);
     m_state.ShowStatus(CoveringText(x, y, textures, sprites));
 
     const bool sprite = OnSpritePages() && !sprites.isEmpty();

@@ -333,7 +333,7 @@ bool ObjectTexturePage::StoreEditedTexture(std::optional<qint32> number)
     if (original)
         convention = SubPixelConvention::Of(*original);
     if (!convention)
-        convention = SubPixelConvention::MostUsed(m_state.views.lsvTextures);
+        convention = SubPixelConvention::MostUsed(textures);
 
     const EditedTexture::Stored stored = EditedTexture::Build(ReadFrame(), original, *convention);
     if (!stored.ok) {
