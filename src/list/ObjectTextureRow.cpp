@@ -1,33 +1,9 @@
 #include "list/ObjectTextureRow.h"
 
-#include "list/rows/ListRows.h"
 #include "list/TextureGeometry.h"
 
 #include <algorithm>
 #include <climits>
-
-namespace {
-
-int Cell(const ListRows& textures, int row, int column)
-{
-    // Cells hold what a level gave: read as a bounded int, never beyond.
-    return int(qBound<qint64>(-(qint64(1) << 30), textures.subItemNumber(row, column), qint64(1) << 30));
-}
-
-} // namespace
-
-ObjectTextureRow ObjectTextureRow::Read(const ListRows& textures, int row)
-{
-    ObjectTextureRow read;
-    read.tile = qBound(0, Cell(textures, row, TileColumn), 0xFFFF);
-    read.trans = Cell(textures, row, TransColumn);
-    read.firstX = Cell(textures, row, XColumn(0));
-    for (int i = 0; i < 4; ++i) {
-        read.corners[size_t(i)] = QPoint(Cell(textures, row, XColumn(i)), Cell(textures, row, YColumn(i)));
-        read.subPixels[size_t(i)] = QPoint(Cell(textures, row, XHiColumn(i)), Cell(textures, row, YHiColumn(i)));
-    }
-    return read;
-}
 
 namespace {
 

@@ -11,16 +11,12 @@
 #include <array>
 #include <optional>
 
-class ListRows;
-
-// One row of the complete texture list read as numbers: "Tile#", "Trans",
-// the four corners (pixel within the tile) and their sub-pixel bytes. Any
-// text a cell holds reads as its leading number, so no row can upset the
-// editor. Also the row's outline in whole-bitmap pixels for the draw list.
+// An object texture's geometry read from its record: "Tile#", "Trans", the
+// four corners (pixel within the tile) and their sub-pixel bytes; and its
+// outline in whole-bitmap pixels for the draw list.
 class ObjectTextureRow
 {
 public:
-    static ObjectTextureRow Read(const ListRows& textures, int row);
     static ObjectTextureRow Of(const ObjectTexture& record);
     // A row of the open list: a corner kept at a tile's far edge reads 256.
     static ObjectTextureRow Of(const TextureEntry& entry);

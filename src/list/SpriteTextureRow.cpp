@@ -1,16 +1,6 @@
 #include "list/SpriteTextureRow.h"
 
-#include "list/rows/ListRows.h"
 #include "list/TextureGeometry.h"
-
-namespace {
-
-int Cell(const ListRows& sprites, int row, int column, int lowest, int highest)
-{
-    return int(qBound(qint64(lowest), sprites.subItemNumber(row, column), qint64(highest)));
-}
-
-} // namespace
 
 SpriteTextureRow SpriteTextureRow::Of(const SpriteTexture& record)
 {
@@ -24,23 +14,6 @@ SpriteTextureRow SpriteTextureRow::Of(const SpriteTexture& record)
     read.top = record.top;
     read.right = record.right;
     read.bottom = record.bottom;
-    return read;
-}
-
-SpriteTextureRow SpriteTextureRow::Read(const ListRows& sprites, int row)
-{
-    // The bounds are those of the record's fields, so any cell text reads
-    // as something a level could hold.
-    SpriteTextureRow read;
-    read.tile = Cell(sprites, row, TileColumn, 0, 0xFFFF);
-    read.x = Cell(sprites, row, XColumn, -0x8000, 0xFFFF);
-    read.y = Cell(sprites, row, YColumn, -0x8000, 0xFFFF);
-    read.width = Cell(sprites, row, WidthColumn, 0, 0xFFFFFF);
-    read.height = Cell(sprites, row, HeightColumn, 0, 0xFFFFFF);
-    read.left = Cell(sprites, row, LeftColumn, -0x8000, 0xFFFF);
-    read.top = Cell(sprites, row, TopColumn, -0x8000, 0xFFFF);
-    read.right = Cell(sprites, row, RightColumn, -0x8000, 0xFFFF);
-    read.bottom = Cell(sprites, row, BottomColumn, -0x8000, 0xFFFF);
     return read;
 }
 

@@ -8,8 +8,6 @@
 #include <QRect>
 #include <QStringList>
 
-class ListRows;
-
 // One row of the complete sprite list read as numbers, and the sprite's
 // rectangle in whole-bitmap pixels. "Width" and "Height" hold the corner to
 // corner span times 256 plus 255; spans of other values (only levels make
@@ -17,7 +15,6 @@ class ListRows;
 class SpriteTextureRow
 {
 public:
-    static SpriteTextureRow Read(const ListRows& sprites, int row);
     static SpriteTextureRow Of(const SpriteTexture& record);
     static SpriteTextureRow Of(const SpriteTextureEntry& entry) { return Of(entry.record); }
 

@@ -1,18 +1,12 @@
 #include "list/m_SpriteList.h"
 
 #include "list/TableRecords.h"
-#include "list/tables/SequenceRowFormat.h"
 
 namespace m_SpriteList {
 
 void FillSprites(BinaryReader& file, const TablePosition& table, RecordTable<SpriteTextureEntry>& sprites)
 {
     FillNumberedEntries(file, table, sprites);
-}
-
-QString SequenceNumberText(qint64 index)
-{
-    return SequenceRowFormat::NumberText(index);
 }
 
 void FillSequences(BinaryReader& file, const TablePosition& table, RecordTable<SequenceEntry>& sequences)

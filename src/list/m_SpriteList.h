@@ -16,6 +16,4 @@ void FillSprites(BinaryReader& file, const TablePosition& table, RecordTable<Spr
 // One entry per sequence, numbered by its index.
 void FillSequences(BinaryReader& file, const TablePosition& table, RecordTable<SequenceEntry>& sequences);
 
-QString SequenceNumberText(qint64 index); // "00000", "00003"
-
 } // namespace m_SpriteList

@@ -1,18 +1,12 @@
 #include "list/m_TextureList.h"
 
 #include "list/TableRecords.h"
-#include "list/tables/RangeRowFormat.h"
 
 namespace m_TextureList {
 
 void FillObjectTextures(BinaryReader& file, const TablePosition& table, RecordTable<TextureEntry>& textures)
 {
     FillNumberedEntries(file, table, textures);
-}
-
-QString AnimationNumberText(qint64 range)
-{
-    return RangeRowFormat::NumberText(range);
 }
 
 void FillAnimations(const AnimatedTextureBlock& block, ListTables& tables)

@@ -18,6 +18,4 @@ void FillObjectTextures(BinaryReader& file, const TablePosition& table, RecordTa
 void FillAnimations(BinaryReader& file, const TablePosition& table, ListTables& tables);
 void FillAnimations(const AnimatedTextureBlock& block, ListTables& tables);
 
-QString AnimationNumberText(qint64 range); // "00", "07", "123"
-
 } // namespace m_TextureList

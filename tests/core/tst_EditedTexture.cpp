@@ -1,4 +1,3 @@
-#include "list/rows/ListViewModel.h"
 #include "list/EditedTexture.h"
 #include "list/TextureGeometry.h"
 #include "synthetic/SyntheticTextures.h"
@@ -82,15 +81,8 @@ void tst_EditedTexture::unchangedRowsComeBackAsTheyWere()
     QFETCH(Convention, convention);
     // Twenty rows: the Lo corner in each position, triangles in four orientations.
     const QList<ObjectTexture> records = SyntheticTextures::Rows(convention, 20, 3);
-    ListViewModel textures(ObjectTexture::headers());
     for (int i = 0; i < records.size(); ++i) {
-        QStringList cells;
-        for (int column = 1; column <= ObjectTexture::ColumnCount; ++column)
-            cells << QString::number(records[i].column(column));
-        textures.addRow(QStringLiteral("T%1").arg(i), QString::number(i), cells);
-    }
-    for (int i = 0; i < textures.count(); ++i) {
-        const ObjectTextureRow row = ObjectTextureRow::Read(textures, i);
+        const ObjectTextureRow row = ObjectTextureRow::Of(records[i]);
         // A top at Y 0 of tile 1 shows as 256 and stays in tile 1 at Y 256:
         // its Y values change, and take the row's own bytes again.
         const int used = row.IsTriangle() ? 3 : 4;

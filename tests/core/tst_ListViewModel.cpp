@@ -52,10 +52,6 @@ private slots:
                                              {QStringLiteral("Kn"), QStringLiteral("dup2"), {}, Qt::Unchecked}};
         QCOMPARE(model->appendRows(std::move(bulk)), 1);
         QCOMPARE(model->text(model->findKey(QStringLiteral("Kn"))), QStringLiteral("new"));
-        std::vector<ListCell> cells{ListCell(u"Kz"), ListCell(u"z"), ListCell(u"Kn"), ListCell(u"n2"),
-                                    ListCell(u"Kz"), ListCell(u"z2")};
-        QCOMPARE(model->appendCellRows(std::move(cells), 2), 1);
-        QCOMPARE(model->text(model->findKey(QStringLiteral("Kz"))), QStringLiteral("z"));
         model->clear();
         QCOMPARE(model->count(), 0);
         QCOMPARE(model->findKey(QStringLiteral("Ka")), -1);
@@ -178,35 +174,19 @@ private slots:
         }
     }
 
-    void bulkAppend_data()
-    {
-        QTest::addColumn<bool>("asCells");
-        QTest::newRow("rows") << false;
-        QTest::newRow("cells") << true;
-    }
-
     // Thousands of rows come in with one notification, findable by key; rows
     // taken away from the end leave the others whole, and a grown row keeps
     // its cells.
     void bulkAppend()
     {
-        QFETCH(bool, asCells);
         constexpr int Rows = 5000;
         ListViewModel model({QStringLiteral("No")});
         auto tester = std::make_unique<QAbstractItemModelTester>(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
         QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-        if (asCells) {
-            QCOMPARE(model.appendCellRows(Rows, 3, [](qsizetype i, ListCell* cells) {
-                cells[0] = ListCell::number(i, 0, u'T');
-                cells[1] = ListCell::number(i, 4);
-                cells[2] = ListCell::number(-i);
-            }), Rows);
-        } else {
-            std::vector<ListViewModel::Row> rows;
-            for (int i = 0; i < Rows; ++i)
-                rows.push_back({QStringLiteral("T%1").arg(i), NumberText::padded(i, 4), {QString::number(-i)}, Qt::Unchecked});
-            QCOMPARE(model.appendRows(std::move(rows)), Rows);
-        }
+        std::vector<ListViewModel::Row> rows;
+        for (int i = 0; i < Rows; ++i)
+            rows.push_back({QStringLiteral("T%1").arg(i), NumberText::padded(i, 4), {QString::number(-i)}, Qt::Unchecked});
+        QCOMPARE(model.appendRows(std::move(rows)), Rows);
         QCOMPARE(inserted.count(), 1);
         tester.reset(); // it checks the whole model on every removal below
         QCOMPARE(model.findKey(QStringLiteral("T4999")), 4999);

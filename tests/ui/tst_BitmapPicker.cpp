@@ -55,6 +55,15 @@ private:
         QString status() const { return f.window->statusBar()->currentMessage(); }
         void clickBitmap(QPoint pixel) const;
         bool shows(const QRect& bitmapArea) const;
+        // The geometry of a row of the open list, from its record.
+        ObjectTextureRow textureRow(int row) const
+        {
+            return ObjectTextureRow::Of(f.window->document().tables().textures.at(row));
+        }
+        SpriteTextureRow spriteRow(int row) const
+        {
+            return SpriteTextureRow::Of(f.window->document().tables().sprites.at(row));
+        }
     };
 };
 
@@ -108,11 +117,11 @@ void tst_BitmapPicker::aChosenRowIsOutlinedAndShown()
     QRect area;
     QPolygon outline;
     if (sprite) {
-        const SpriteTextureRow s = SpriteTextureRow::Read(rows, row);
+        const SpriteTextureRow s = w.spriteRow(row);
         area = QRect(s.FirstCorner(), s.SecondCorner());
         outline = {s.FirstCorner(), s.SecondCorner()};
     } else {
-        const ObjectTextureRow t = ObjectTextureRow::Read(rows, row);
+        const ObjectTextureRow t = w.textureRow(row);
         area = t.Bounds();
         outline = t.IsTriangle() ? QPolygon{t.BitmapCorner(0), t.BitmapCorner(1), t.BitmapCorner(2)}
                                  : QPolygon{t.BitmapCorner(0), t.BitmapCorner(2)};
@@ -140,11 +149,11 @@ void tst_BitmapPicker::aClickChoosesWhatLiesUnderIt()
     Window w;
     const ListRows& textures = w.f.window->state().views.lsvTextures;
     const int last = textures.count() - 1;
-    const QPoint pixel = ObjectTextureRow::Read(textures, last).Bounds().center();
+    const QPoint pixel = w.textureRow(last).Bounds().center();
     w.clickBitmap(pixel);
     const int chosen = textures.selectedRow();
     QVERIFY(chosen >= 0);
-    QVERIFY(ObjectTextureRow::Read(textures, chosen).Bounds().contains(pixel));
+    QVERIFY(w.textureRow(chosen).Bounds().contains(pixel));
     // The page shows the row as after a click on it.
     QCOMPARE(w.f.find<QLineEdit>("txtTextureNo")->text(), textures.text(chosen));
     QVERIFY2(w.status().contains(QStringLiteral("texture")) && w.status().contains(textures.text(chosen)),
@@ -180,7 +189,7 @@ void tst_BitmapPicker::aClickBesideTheBitmapSaysNothingOfPixels()
     Window w;
     w.f.find<QScrollBar>("hscrlZoom")->setValue(1);
     const ListRows& textures = w.f.window->state().views.lsvTextures;
-    w.clickBitmap(ObjectTextureRow::Read(textures, 0).Bounds().center());
+    w.clickBitmap(w.textureRow(0).Bounds().center());
     const int chosen = textures.selectedRow();
     QVERIFY(w.status().startsWith(QStringLiteral("Pixel")));
     QCOMPARE(w.view()->PictureWidth(), 256);
@@ -207,7 +216,7 @@ void tst_BitmapPicker::aClickWhileEnteringChoosesNothing()
     w.f.window->findChild<QPushButton*>(button)->click();
     const ListRows& textures = w.f.window->state().views.lsvTextures;
     const QString status = w.status();
-    w.clickBitmap(ObjectTextureRow::Read(textures, 0).Bounds().center());
+    w.clickBitmap(w.textureRow(0).Bounds().center());
     QCOMPARE(textures.selectedRow(), -1);
     QCOMPARE(w.f.window->state().views.lsvSprites.selectedRow(), -1);
     QCOMPARE(w.status(), status);
@@ -242,8 +251,8 @@ void tst_BitmapPicker::drawShowsItsOutlines()
     const ListRows& rows = sprites ? static_cast<const ListRows&>(s.views.lsvSprites) : s.views.lsvTextures;
     int lowest = 0;
     const auto top = [&](int row) {
-        return sprites ? SpriteTextureRow::Read(rows, row).FirstCorner().y()
-                       : ObjectTextureRow::Read(rows, row).Bounds().top();
+        return sprites ? w.spriteRow(row).FirstCorner().y()
+                       : w.textureRow(row).Bounds().top();
     };
     for (int row = 1; row < rows.count(); ++row) {
         if (top(row) > top(lowest))

@@ -39,20 +39,6 @@ ListRowStore::Row ListRowStore::store(ListCell&& key, const QString& text, const
     return row;
 }
 
-std::vector<ListRowStore::Row> ListRowStore::storeCells(std::vector<ListCell>&& cells,
-                                                       const std::vector<int>& rowSizes)
-{
-    std::vector<Row> rows;
-    rows.reserve(rowSizes.size());
-    qint32 first = qint32(m_cells.size());
-    for (int size : rowSizes) {
-        rows.push_back({first, size, Qt::Unchecked});
-        first += size;
-    }
-    m_cells.insert(m_cells.end(), std::make_move_iterator(cells.begin()), std::make_move_iterator(cells.end()));
-    return rows;
-}
-
 void ListRowStore::insert(int index, const Row& row)
 {
     m_rows.insert(m_rows.begin() + index, row);

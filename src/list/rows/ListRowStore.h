@@ -12,10 +12,9 @@
 // moves its cells behind every other row's, and cells left behind are dropped
 // once they outnumber the ones in use.
 //
-// A row is first stored, then placed: stored rows have cells but no place,
-// so a model can look at them (their keys, their sort cells) before deciding
-// where they go, or whether they go anywhere. Cells move only in setCell and
-// remove, so every stored row is to be placed or discarded before either.
+// A row is first stored, then placed: stored rows have cells but no place.
+// Cells move only in setCell and remove, so every stored row is placed
+// before either.
 class ListRowStore
 {
 public:
@@ -39,22 +38,6 @@ public:
     void setCheck(int index, Qt::CheckState check) { m_rows[size_t(index)].check = check; }
 
     Row store(ListCell&& key, const QString& text, const QStringList& subItems, Qt::CheckState check);
-    // Stores rowCount rows of cellsPerRow cells each, which write(row, cells)
-    // puts in place; returns where the first row's cells begin.
-    template <class Write>
-    size_t storeWritten(qsizetype rowCount, int cellsPerRow, Write write)
-    {
-        const size_t first = m_cells.size();
-        m_cells.resize(first + size_t(rowCount) * size_t(cellsPerRow));
-        for (qsizetype row = 0; row < rowCount; ++row)
-            write(row, &m_cells[first + size_t(row) * size_t(cellsPerRow)]);
-        return first;
-    }
-    // Stores rows whose cells lie one after another in cells, each taking
-    // as many as rowSizes says; returns the rows.
-    std::vector<Row> storeCells(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes);
-    // A stored row that is not to be placed.
-    void discard(const Row& row) { m_unusedCells += row.size; }
 
     void insert(int index, const Row& row);
     void append(const std::vector<Row>& rows);

@@ -61,16 +61,6 @@ bool ListViewModel::claimKey(const ListCell& key, int index)
     return true;
 }
 
-// Keys that rise as numbers are all different (as is a lone key).
-bool ListViewModel::keysRise(const std::vector<StoredRow>& rows) const
-{
-    for (size_t r = 1; r < rows.size(); ++r) {
-        if (!m_store.keyOf(rows[r - 1]).isNumberBelow(m_store.keyOf(rows[r])))
-            return false;
-    }
-    return true;
-}
-
 // One stored row at its place: the end, or its sorted place while sorting
 // is on. Its key is not taken.
 int ListViewModel::place(const StoredRow& row)
@@ -124,75 +114,6 @@ int ListViewModel::appendRows(std::vector<Row>&& rows)
         ListCell key(row.key);
         if (claimKey(key, count() + int(accepted.size())))
             accepted.push_back(m_store.store(std::move(key), row.text, row.subItems, row.check));
-    }
-    return placeAtEnd(accepted);
-}
-
-int ListViewModel::appendCellRows(std::vector<ListCell>&& cells, int cellsPerRow)
-{
-    if (cellsPerRow < 2)
-        return 0;
-    return appendCellRows(qsizetype(cells.size()) / cellsPerRow, cellsPerRow, [&](qsizetype row, ListCell* out) {
-        const auto from = cells.begin() + row * cellsPerRow;
-        std::move(from, from + cellsPerRow, out);
-    });
-}
-
-// Rows whose cells were just written behind every other row's: each takes
-// its place, or is discarded when its key is taken.
-int ListViewModel::placeWrittenRows(size_t first, qsizetype rowCount, int cellsPerRow)
-{
-    std::vector<StoredRow> written;
-    written.reserve(size_t(rowCount));
-    for (qsizetype r = 0; r < rowCount; ++r)
-        written.push_back({qint32(first) + qint32(r) * cellsPerRow, cellsPerRow, Qt::Unchecked});
-    return placeStoredRows(written);
-}
-
-int ListViewModel::appendCellRows(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes)
-{
-    size_t needed = 0;
-    for (int size : rowSizes) {
-        if (size < 2)
-            return 0;
-        needed += size_t(size);
-    }
-    if (needed != cells.size())
-        return 0;
-    return placeStoredRows(m_store.storeCells(std::move(cells), rowSizes));
-}
-
-int ListViewModel::placeStoredRows(const std::vector<StoredRow>& written)
-{
-    const qsizetype rowCount = qsizetype(written.size());
-    if (!m_sorted && count() == 0 && keysRise(written)) {
-        // No key can be taken, so the index can wait for its first use: rows
-        // filled afresh from a table come this way.
-        m_keyIndex.clear();
-        m_keyIndexStale = true;
-        return placeAtEnd(written);
-    }
-    if (m_sorted) {
-        int added = 0;
-        for (const StoredRow& row : written) {
-            const ListCell& key = m_store.keyOf(row);
-            if (key.isEmpty() || !keyIndex().contains(key)) {
-                place(row);
-                ++added;
-            } else {
-                m_store.discard(row);
-            }
-        }
-        return added;
-    }
-    keyIndex().reserve(count() + rowCount);
-    std::vector<StoredRow> accepted;
-    accepted.reserve(written.size());
-    for (const StoredRow& row : written) {
-        if (claimKey(m_store.keyOf(row), count() + int(accepted.size())))
-            accepted.push_back(row);
-        else
-            m_store.discard(row);
     }
     return placeAtEnd(accepted);
 }

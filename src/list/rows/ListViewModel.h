@@ -38,22 +38,6 @@ public:
     // Adds many rows with one notification; rows whose key is taken are
     // skipped. Returns how many were added.
     int appendRows(std::vector<Row>&& rows);
-    // The same with rowCount rows of cellsPerRow cells each, which
-    // write(row, cells) puts in place: the key, the text, then the sub-items.
-    // The cells are written straight into the model's storage, which a
-    // refilled model reuses. Rows added this way are unchecked.
-    template <class Write>
-    int appendCellRows(qsizetype rowCount, int cellsPerRow, Write write)
-    {
-        if (cellsPerRow < 2 || rowCount <= 0)
-            return 0;
-        return placeWrittenRows(m_store.storeWritten(rowCount, cellsPerRow, write), rowCount, cellsPerRow);
-    }
-    // Rows given as cells in one array, cellsPerRow to a row.
-    int appendCellRows(std::vector<ListCell>&& cells, int cellsPerRow);
-    // Rows of differing lengths as cells in one array, each row taking as
-    // many cells (at least 2) as rowSizes says.
-    int appendCellRows(std::vector<ListCell>&& cells, const std::vector<int>& rowSizes);
 
 
 
@@ -102,12 +86,9 @@ private:
 
     QHash<ListCell, int>& keyIndex() const;
     bool claimKey(const ListCell& key, int index);
-    bool keysRise(const std::vector<StoredRow>& rows) const;
     int place(const StoredRow& row);
     int placeAt(int at, const StoredRow& row);
     int placeAtEnd(const std::vector<StoredRow>& rows);
-    int placeWrittenRows(size_t first, qsizetype rowCount, int cellsPerRow);
-    int placeStoredRows(const std::vector<StoredRow>& written);
 
     bool rowLess(const StoredRow& a, const StoredRow& b) const;
     int sortedInsertPosition(const StoredRow& row) const;

@@ -18,7 +18,13 @@ struct NumberedRecordFormat
     static QString Key(const Entry& e) { return Key(e.number); }
     static qint64 Number(const Entry& e, int column)
     {
-        return column >= 1 && column <= decltype(e.record)::ColumnCount ? e.record.column(column) : 0;
+        if (column < 1 || column > decltype(e.record)::ColumnCount)
+            return 0;
+        // An entry that shows more than its record holds says so itself.
+        if constexpr (requires { e.column(column); })
+            return e.column(column);
+        else
+            return e.record.column(column);
     }
     static QString Cell(const Entry& e, int column)
     {
