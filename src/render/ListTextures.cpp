@@ -9,9 +9,7 @@ ListTextures ListTextures::of(const ListDocument& document)
     read.textures.reserve(tables.textures.count());
     for (const TextureEntry& entry : tables.textures.rows())
         read.textures.append(entry.record);
-    read.ranges.reserve(tables.ranges.count());
-    for (int range = 0; range < tables.ranges.count(); ++range)
-        read.ranges.append(tables.TexturesOfRange(range));
+    read.ranges = tables.TexturesOfRanges();
     return read;
 }
 

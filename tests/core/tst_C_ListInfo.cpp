@@ -1,5 +1,6 @@
 #include "list/C_ListInfo.h"
 #include "level/LevelVersion.h"
+#include "level/TableCountLimits.h"
 #include "support/ListFixture.h"
 #include "list/ListViewSet.h"
 #include "support/ScratchDir.h"
@@ -157,6 +158,9 @@ private slots:
         QTest::newRow("120 textures") << QList<int>{120, 3, 4, 10, 2};
         QTest::newRow("no textures") << QList<int>{0, 2, 2, 0, 0};
         QTest::newRow("large") << QList<int>{3000, 150, 4, 700, 120};
+        QTest::newRow("every table full") << QList<int>{int(TableCountLimits::ObjectTextures), 1000, 3,
+                                                        int(TableCountLimits::SpriteTextures),
+                                                        int(TableCountLimits::SpriteSequences)};
     }
 
     // Reopened, a list shows the rows it was saved from; saved again, it is

@@ -83,8 +83,22 @@ QList<int> ListTables::RangeTextureRows(int rangeRow) const
 
 QList<quint16> ListTables::TexturesOfRange(int rangeRow) const
 {
+    return TexturesAt(RangeTextureRows(rangeRow));
+}
+
+QList<QList<quint16>> ListTables::TexturesOfRanges() const
+{
+    QList<QList<quint16>> all;
+    for (const QList<int>& rows : RangeTextureRows())
+        all.append(TexturesAt(rows));
+    return all;
+}
+
+QList<quint16> ListTables::TexturesAt(const QList<int>& rows) const
+{
     QList<quint16> textures;
-    for (int detail : RangeTextureRows(rangeRow))
+    textures.reserve(rows.size());
+    for (int detail : rows)
         textures.append(detail >= 0 ? rangeTextures.at(detail).texture : quint16(0));
     return textures;
 }
@@ -93,12 +107,11 @@ QList<quint16> ListTables::AnimatedTextureWords() const
 {
     QList<quint16> words;
     words.append(quint16(ranges.count()));
-    for (const QList<int>& rows : RangeTextureRows()) {
+    for (const QList<quint16>& textures : TexturesOfRanges()) {
         // A range holds 1 to 65536 textures: its length is stored less one in a word.
-        const qsizetype number = qMin<qsizetype>(rows.size(), 65536);
+        const qsizetype number = qMin<qsizetype>(textures.size(), 65536);
         words.append(quint16(number - 1));
-        for (qsizetype i = 0; i < number; ++i)
-            words.append(rows[i] >= 0 ? rangeTextures.at(rows[i]).texture : quint16(0));
+        words.append(textures.first(number));
     }
     return words;
 }

@@ -36,6 +36,8 @@ public:
     // The textures of range row rangeRow in the order the list saves them
     // (a texture past the rows is 0).
     QList<quint16> TexturesOfRange(int rangeRow) const;
+    // Every range's textures so, worked out in one pass.
+    QList<QList<quint16>> TexturesOfRanges() const;
 
     // The block's words: the range count, then per range its texture count
     // less one and its textures (at most 65536 a range).
@@ -44,4 +46,8 @@ public:
     // Fills the ranges from a block: range r numbered r, its textures at
     // places 0 onwards.
     void AssignRanges(const AnimatedTextureBlock& block);
+
+private:
+    // The textures the rows of rangeTextures hold, -1 as 0.
+    QList<quint16> TexturesAt(const QList<int>& rows) const;
 };
